@@ -1,0 +1,19 @@
+# Helpers for the rooms. Sources are found by folder, so that a new item needs no line here or in a CMakeLists.txt.
+
+# vantelle_room(NAME [libraries it stands on...]): a static library of the .cpp files of the current folder.
+function(vantelle_room name)
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+    add_library(${name} STATIC ${sources})
+    target_link_libraries(${name} PUBLIC vantelle_options ${ARGN})
+endfunction()
+
+# vantelle_test(NAME FOLDER [libraries...]): one GoogleTest program of the .cpp files in tests/FOLDER.
+function(vantelle_test name folder)
+    file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)
+    add_executable(${name} ${sources})
+    target_link_libraries(${name} PRIVATE vantelle_options gtest gtest_main ${ARGN})
+    target_compile_definitions(${name} PRIVATE
+        VANTELLE_SOURCE_DIR="${PROJECT_SOURCE_DIR}" VANTELLE_BINARY_DIR="${CMAKE_BINARY_DIR}")
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+endfunction()
