@@ -1,0 +1,136 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include "model/core/bytes.h"
+#include "model/core/text_string.h"
+
+namespace VNT {
+
+// The root of every family of items. `AnyX` is the family's abstract base.
+template <class AnyX>
+class TAny {
+public:
+    TAny() = default;
+    TAny(const TAny&) = default;
+    TAny(TAny&&) noexcept = default;
+    // The data is copied by the typed assignment of the derived class; these do nothing.
+    virtual TAny& operator=(const TAny&) { return *this; }
+    virtual TAny& operator=(TAny&&) noexcept { return *this; }
+    virtual ~TAny() = default;
+
+    // True if both are the same class with equal fields. A holder compares as the item that it holds; an empty holder
+    // equals nothing, not even another empty holder. The operators == and != of a family call this.
+    virtual bool Equals(const AnyX& other) const = 0;
+    // The item itself; on a holder the held item, or the holder itself when empty.
+    virtual const AnyX& Get() const = 0;
+    // Typed item: takes all fields of `other` and returns true, or false with nothing changed if that is another class.
+    // Holder: always true; what it held is replaced by a clone.
+    virtual bool Assign(const AnyX& other) = 0;
+    // A new copy; null from an empty holder.
+    virtual std::unique_ptr<AnyX> Clone() const = 0;
+
+    friend bool operator==(const AnyX& a, const AnyX& b) { return a.Equals(b); }
+};
+
+// The operations of the families whose items are read from a frame of their own length.
+template <class AnyX>
+class TAnyFramed : public TAny<AnyX> {
+public:
+    virtual bool Read(ByteRange range) = 0;
+    virtual bool Write(ByteRange range) const = 0;
+    virtual int GetType() const = 0;
+    // One line of text: with `format` in place of the item's two main templates, or with the item's own format. Empty
+    // for an item that is not IsValidAll and for an empty holder.
+    virtual void GetText(String& out, const String& format) const = 0;
+    virtual void GetText(String& out) const = 0;
+    // Every field lies in what a sound EDID holds / in what the bytes can carry. False on an empty holder.
+    virtual bool IsValid() const = 0;
+    virtual bool IsValidAll() const = 0;
+};
+
+// An item of a fixed type value. X supplies `EqualFields(const X&)`; its fields are copied by its assignment.
+template <class X, class TypeEnum, TypeEnum value, class AnyX, class AnyY>
+class TCommonType : public AnyY {
+public:
+    using ItemType = X;
+    static constexpr TypeEnum TypeValue = value;
+
+    int GetType() const override { return static_cast<int>(value); }
+    const AnyX& Get() const override { return static_cast<const AnyX&>(static_cast<const AnyY&>(*this)); }
+    bool Equals(const AnyX& other) const override {
+        return other.GetType() == static_cast<int>(value) &&
+               static_cast<const X&>(*this).EqualFields(static_cast<const X&>(other.Get()));
+    }
+    bool Assign(const AnyX& other) override {
+        if (other.GetType() != static_cast<int>(value)) return false;
+        static_cast<X&>(*this) = static_cast<const X&>(other.Get());
+        return true;
+    }
+    std::unique_ptr<AnyX> Clone() const override { return std::make_unique<X>(static_cast<const X&>(*this)); }
+};
+
+// Two items of one class compare by their fields, whichever families the class belongs to.
+template <class X>
+requires requires(const X& x) { x.EqualFields(x); }
+bool operator==(const X& a, const X& b) { return a.EqualFields(b); }
+
+// A holder: owns at most one item of the family, is one itself, and forwards to what it holds.
+template <class AnyX, class AnyY>
+class TContainer : public AnyY {
+public:
+    TContainer() = default;
+    explicit TContainer(std::unique_ptr<AnyX> item) : item_(std::move(item)) {}
+    TContainer(const TContainer& other) : AnyY(other), item_(other.Clone()) {}
+    TContainer(TContainer&& other) noexcept : item_(std::move(other.item_)) {}
+    TContainer& operator=(const TContainer& other) {
+        if (this != &other) item_ = other.Clone();
+        return *this;
+    }
+    TContainer& operator=(TContainer&& other) noexcept {
+        item_ = std::move(other.item_);
+        return *this;
+    }
+
+    bool IsEmpty() const { return item_ == nullptr; }
+    bool Equals(const AnyX& other) const override { return item_ != nullptr && item_->Equals(other); }
+    const AnyX& Get() const override { return item_ != nullptr ? item_->Get() : static_cast<const AnyX&>(*this); }
+    bool Assign(const AnyX& other) override {
+        item_ = other.Clone();
+        return true;
+    }
+    std::unique_ptr<AnyX> Clone() const override { return item_ != nullptr ? item_->Clone() : nullptr; }
+
+protected:
+    std::unique_ptr<AnyX> item_;
+};
+
+// The holder of a framed family. `Kinds` is the family's table (kinds.h): it makes the item for the bytes.
+template <class AnyX, class Kinds>
+class TFramedContainer : public TContainer<AnyX, AnyX> {
+public:
+    using TContainer<AnyX, AnyX>::TContainer;
+
+    // False, with the holder as it was, only if the range is too short for the family's frame.
+    bool Read(ByteRange range) override {
+        std::unique_ptr<AnyX> item = Kinds::Read(range);
+        if (item == nullptr) return false;
+        this->item_ = std::move(item);
+        return true;
+    }
+    bool Write(ByteRange range) const override { return this->item_ != nullptr && this->item_->Write(range); }
+    int GetType() const override { return this->item_ != nullptr ? this->item_->GetType() : AnyX::NoType; }
+    void GetText(String& out, const String& format) const override {
+        out = String();
+        if (this->item_ != nullptr) this->item_->GetText(out, format);
+    }
+    void GetText(String& out) const override {
+        out = String();
+        if (this->item_ != nullptr) this->item_->GetText(out);
+    }
+    bool IsValid() const override { return this->item_ != nullptr && this->item_->IsValid(); }
+    bool IsValidAll() const override { return this->item_ != nullptr && this->item_->IsValidAll(); }
+};
+
+}  // namespace VNT

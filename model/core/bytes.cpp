@@ -1,0 +1,132 @@
+#include "model/core/bytes.h"
+
+#include <algorithm>
+
+namespace VNT {
+
+namespace {
+
+int Clamp(int count, int most) { return std::max(0, std::min(count, most)); }
+
+// The next piece of a transfer: the bits of one byte that the cursor can cover at once.
+struct Piece {
+    int bit;    // first bit in the byte, in the direction of the transfer
+    int count;  // bits
+};
+
+Piece NextPiece(int position, int wanted) {
+    const int bit = position % 8;
+    return {bit, std::min(8 - bit, wanted)};
+}
+
+std::uint32_t Mask(int bits) { return (1u << bits) - 1; }
+
+}  // namespace
+
+std::uint32_t ByteRange::ReadLsb(int count) {
+    const int wanted = Clamp(Clamp(count, 32), RemainingBits());
+    std::uint32_t result = 0;
+    for (int done = 0; done < wanted;) {
+        const Piece piece = NextPiece(position, wanted - done);
+        result |= ((data[position / 8] >> piece.bit) & Mask(piece.count)) << done;
+        done += piece.count;
+        position += piece.count;
+    }
+    return result;
+}
+
+std::uint32_t ByteRange::ReadMsb(int count) {
+    const int asked = Clamp(count, 32);
+    const int wanted = Clamp(asked, RemainingBits());
+    std::uint32_t result = 0;
+    for (int done = 0; done < wanted;) {
+        const Piece piece = NextPiece(position, wanted - done);
+        const std::uint32_t bits = (data[position / 8] >> (8 - piece.bit - piece.count)) & Mask(piece.count);
+        done += piece.count;
+        result |= bits << (asked - done);
+        position += piece.count;
+    }
+    return result;
+}
+
+void ByteRange::WriteLsb(int count, std::uint32_t value) {
+    const int wanted = Clamp(Clamp(count, 32), RemainingBits());
+    for (int done = 0; done < wanted;) {
+        const Piece piece = NextPiece(position, wanted - done);
+        const std::uint32_t mask = Mask(piece.count) << piece.bit;
+        std::uint8_t& byte = data[position / 8];
+        byte = static_cast<std::uint8_t>((byte & ~mask) | (((value >> done) << piece.bit) & mask));
+        done += piece.count;
+        position += piece.count;
+    }
+}
+
+void ByteRange::WriteMsb(int count, std::uint32_t value) {
+    const int asked = Clamp(count, 32);
+    const int wanted = Clamp(asked, RemainingBits());
+    for (int done = 0; done < wanted;) {
+        const Piece piece = NextPiece(position, wanted - done);
+        const int shift = 8 - piece.bit - piece.count;
+        const std::uint32_t mask = Mask(piece.count) << shift;
+        done += piece.count;
+        std::uint8_t& byte = data[position / 8];
+        byte = static_cast<std::uint8_t>((byte & ~mask) | (((value >> (asked - done)) << shift) & mask));
+        position += piece.count;
+    }
+}
+
+void ByteRange::Skip(int bits) { position += Clamp(bits, RemainingBits()); }
+
+void ByteRange::SkipBytes(int count) { position = (BytePosition() + Clamp(count, RemainingBytes())) * 8; }
+
+ByteRange ByteRange::Take(int count) {
+    const ByteRange taken = Peek(count);
+    SkipBytes(taken.size);
+    return taken;
+}
+
+ByteRange ByteRange::TakeUntil(std::uint8_t byte) {
+    const ByteRange rest = Peek(RemainingBytes());
+    return Take(static_cast<int>(std::find(rest.data, rest.data + rest.size, byte) - rest.data));
+}
+
+ByteRange ByteRange::Peek(int count) const { return {data + BytePosition(), Clamp(count, RemainingBytes())}; }
+
+void ByteRange::Fill(std::uint8_t byte) const { std::fill(data, data + size, byte); }
+
+bool ByteRange::Limit(int count) {
+    if (count > size) return false;
+    size = std::max(0, count);
+    position = std::min(position, BitSize());
+    return true;
+}
+
+void ByteRange::Drop(int count) {
+    const int dropped = Clamp(count, size);
+    data += dropped;
+    size -= dropped;
+    position = std::max(0, position - dropped * 8);
+}
+
+bool ByteRange::IsAll(std::uint8_t byte) const {
+    return std::all_of(data, data + size, [byte](std::uint8_t b) { return b == byte; });
+}
+
+Bytes::Bytes(std::initializer_list<int> bytes) {
+    bytes_.reserve(bytes.size());
+    for (const int byte : bytes) bytes_.push_back(static_cast<std::uint8_t>(byte));
+}
+
+Bytes Bytes::Slice(int offset, int length) const {
+    ByteRange range = Range();
+    range.Drop(offset);
+    return Bytes(range.Peek(length));
+}
+
+int Bytes::LastIndexNot(std::uint8_t byte) const {
+    int length = Size();
+    while (length > 0 && At(length - 1) == byte) --length;
+    return length;
+}
+
+}  // namespace VNT

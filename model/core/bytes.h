@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <utility>
+#include <vector>
+
+namespace VNT {
+
+// A view of bytes with a cursor in bits, passed by value into every `Read` and `Write`, so that a callee's movements
+// do not reach its caller. It is the one way to bytes: no operation reaches outside `size`, whatever its arguments.
+// Reads past the end yield zero bits; writes past the end are clipped bit by bit.
+class ByteRange {
+public:
+    std::uint8_t* data = nullptr;
+    int size = 0;      // bytes
+    int position = 0;  // bits from `data`
+
+    ByteRange() = default;
+    ByteRange(std::uint8_t* bytes, int count) : data(bytes), size(count < 0 ? 0 : count) {}
+
+    int Size() const { return size; }
+    int BitSize() const { return size * 8; }
+    int BytePosition() const { return (position + 7) / 8; }  // rounded up to the next whole byte
+    int RemainingBits() const { return BitSize() - position; }
+    int RemainingBytes() const { return size - BytePosition(); }
+
+    // `count` is 0 to 32 bits. Lsb takes each byte's lowest bit first and fills the result from its lowest bit (a
+    // 16-bit read is little-endian); Msb takes the highest bit first and fills the result from its highest bit.
+    std::uint32_t ReadLsb(int count);
+    std::uint32_t ReadMsb(int count);
+    // The exact inverses; no bit but the `count` concerned changes.
+    void WriteLsb(int count, std::uint32_t value);
+    void WriteMsb(int count, std::uint32_t value);
+
+    void Skip(int bits);
+    void SkipBytes(int count);  // to the next whole byte, then `count` bytes on
+
+    // A range of its own, with the cursor at 0, of the next bytes (fewer if fewer remain); this cursor moves behind
+    // them.
+    ByteRange Take(int count);
+    ByteRange TakeRest() { return Take(RemainingBytes()); }
+    ByteRange TakeUntil(std::uint8_t byte);  // up to, not including, the first `byte`
+    ByteRange Peek(int count) const;         // as Take, the cursor stays
+    void Fill(std::uint8_t byte) const;      // every byte of the range, whatever the cursor
+    bool Limit(int count);                   // false, and no change, if `count` exceeds the size
+    void Drop(int count);                    // moves the start `count` bytes on
+    bool IsAll(std::uint8_t byte) const;     // every byte of the range equals `byte`
+    std::uint8_t ByteAt(int offset) const { return offset >= 0 && offset < size ? data[offset] : 0; }
+};
+
+// Owned bytes.
+class Bytes {
+public:
+    Bytes() = default;
+    Bytes(std::initializer_list<int> bytes);
+    explicit Bytes(std::vector<std::uint8_t> bytes) : bytes_(std::move(bytes)) {}
+    Bytes(int count, std::uint8_t fill) : bytes_(static_cast<std::size_t>(count < 0 ? 0 : count), fill) {}
+    explicit Bytes(ByteRange range) : bytes_(range.data, range.data + range.size) {}
+
+    int Size() const { return static_cast<int>(bytes_.size()); }
+    bool IsEmpty() const { return bytes_.empty(); }
+    void Resize(int count, std::uint8_t fill = 0) {
+        bytes_.resize(static_cast<std::size_t>(count < 0 ? 0 : count), fill);
+    }
+    std::uint8_t& At(int index) { return bytes_[static_cast<std::size_t>(index)]; }
+    std::uint8_t At(int index) const { return bytes_[static_cast<std::size_t>(index)]; }
+    Bytes Slice(int offset, int length) const;  // both clamped to what is there
+    void Append(ByteRange range) { bytes_.insert(bytes_.end(), range.data, range.data + range.size); }
+
+    // The length left once trailing bytes equal to `byte` are removed.
+    int LastIndexNot(std::uint8_t byte) const;
+    void TrimTrailing(std::uint8_t byte) { Resize(LastIndexNot(byte)); }
+    bool IsAll(std::uint8_t byte) const { return LastIndexNot(byte) == 0; }
+
+    // The view of these bytes. Readers get it from a const object too: no `Read` writes through its range.
+    ByteRange Range() const { return {const_cast<std::uint8_t*>(bytes_.data()), Size()}; }
+    operator ByteRange() const { return Range(); }
+
+    const std::vector<std::uint8_t>& Vector() const { return bytes_; }
+    bool operator==(const Bytes&) const = default;
+
+private:
+    std::vector<std::uint8_t> bytes_;
+};
+
+}  // namespace VNT

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "model/core/any.h"
+#include "model/core/layout.h"
+#include "model/core/text.h"
+
+namespace VNT {
+
+// A concrete item of a framed family with all operations made from its layout. X gives
+//
+//     template <class IO> static void Map(IO& io, auto& item);  // the bytes, see layout.h
+//     static constexpr TextFormat Format{...};
+//
+// and where it is particular: `Accepts(type)` (which peeked types are its own), `Normalize()` (what the bytes can't
+// carry goes after a read or a construction from fields), `FillTexts(table)` (its placeholders), `HasContent()`.
+template <class X, class AnyX, class TypeEnum, TypeEnum value, class Fields, class AllFields = Fields>
+class TFramedItem : public TCommonType<X, TypeEnum, value, AnyX, AnyX>, public AllFields {
+public:
+    using FieldsType = Fields;
+
+    TFramedItem() = default;
+    // An edited item: bytes that no form shows take their defaults.
+    explicit TFramedItem(const Fields& fields) {
+        static_cast<Fields&>(*this) = fields;
+        Self().Normalize();
+    }
+
+    bool Read(ByteRange range) override {
+        if (!X::Accepts(AnyX::PeekType(range)) || !range.Limit(AnyX::FrameSize)) return false;
+        static_cast<AllFields&>(*this) = AllFields();
+        LayoutReader io(range);
+        X::Map(io, Self());
+        Self().NormalizeRead();
+        return true;
+    }
+    bool Write(ByteRange range) const override {
+        if (!range.Limit(AnyX::FrameSize) || !this->IsValidAll()) return false;
+        WriteLayout(range);
+        return true;
+    }
+    void GetText(String& out, const String& format) const override {
+        TextFormat own = Self().GetFormat();
+        own.format = own.emptyFormat = format.View();
+        Describe(out, own);
+    }
+    void GetText(String& out) const override { Describe(out, Self().GetFormat()); }
+    bool IsValid() const override { return ValidityOf(Self(), AnyX::FrameSize).proper; }
+    bool IsValidAll() const override { return ValidityOf(Self(), AnyX::FrameSize).all; }
+
+    ItemStatus GetStatus() const { return StatusOf(Self(), AnyX::FrameSize); }
+    std::vector<FieldLimits> GetFieldLimits() const { return LimitsOf(Self(), AnyX::FrameSize); }
+    bool EqualFields(const X& other) const {
+        return static_cast<const AllFields&>(*this) == static_cast<const AllFields&>(other);
+    }
+
+    // Defaults of what a kind may replace.
+    static bool Accepts(int peekedType) { return peekedType == static_cast<int>(value); }
+    void Normalize() {}
+    void NormalizeRead() { Self().Normalize(); }
+    void FillTexts(TextTable&) const {}
+    bool HasContent() const { return true; }
+    TextFormat GetFormat() const { return X::Format; }
+
+protected:
+    void WriteLayout(ByteRange range) const {
+        LayoutWriter io(range);
+        X::Map(io, Self());
+    }
+
+private:
+    X& Self() { return static_cast<X&>(*this); }
+    const X& Self() const { return static_cast<const X&>(*this); }
+    void Describe(String& out, const TextFormat& format) const {
+        out = String();
+        if (!this->IsValidAll()) return;
+        TextTable table;
+        Self().FillTexts(table);
+        out = FormatText(format, Self().HasContent(), table);
+    }
+};
+
+}  // namespace VNT

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+#include <span>
+
+#include "model/core/bytes.h"
+
+namespace VNT {
+
+// A row of a family's table of kinds: what `PeekType` finds in the bytes, the kind's title, the least bytes that adding
+// one takes, whether bytes of the type are read as this class, and the maker of a new item.
+template <class AnyX>
+struct TKind {
+    int type;
+    const char* title;
+    int addSize;
+    bool isRead;
+    std::unique_ptr<AnyX> (*make)();
+};
+
+template <class X, class AnyX>
+std::unique_ptr<AnyX> MakeKind() {
+    return std::make_unique<X>();
+}
+
+template <class X, class AnyX>
+constexpr TKind<AnyX> Kind(const char* title, int addSize, bool isRead = true) {
+    return {static_cast<int>(X::TypeValue), title, addSize, isRead, &MakeKind<X, AnyX>};
+}
+
+// The item for the bytes: the kind whose type they have, else `Other`, which keeps whatever it is given. Null if the
+// range is too short for the family's frame.
+template <class Other, class AnyX>
+std::unique_ptr<AnyX> ReadKind(std::span<const TKind<AnyX>> kinds, ByteRange range) {
+    const int type = AnyX::PeekType(range);
+    if (type == AnyX::NoType) return nullptr;
+    for (const TKind<AnyX>& kind : kinds) {
+        if (kind.type != type || !kind.isRead) continue;
+        std::unique_ptr<AnyX> item = kind.make();
+        if (item->Read(range)) return item;
+    }
+    auto other = std::make_unique<Other>();
+    if (!other->Read(range)) return nullptr;
+    return other;
+}
+
+}  // namespace VNT

@@ -1,0 +1,62 @@
+#include "model/core/layout.h"
+
+#include <algorithm>
+
+namespace VNT {
+
+std::uint32_t BitPlace::Read(ByteRange& range, BitOrder order) const {
+    if (pieces_.begin() == pieces_.end()) return order == BitOrder::Lsb ? range.ReadLsb(bits_) : range.ReadMsb(bits_);
+    std::uint32_t raw = 0;
+    int done = 0;
+    for (const BitPiece& piece : pieces_) {
+        range.position = std::min(piece.byte * 8 + piece.bit, range.BitSize());
+        raw |= range.ReadLsb(piece.count) << done;
+        done += piece.count;
+    }
+    return raw;
+}
+
+void BitPlace::Write(ByteRange& range, BitOrder order, std::uint32_t raw) const {
+    if (pieces_.begin() == pieces_.end()) {
+        order == BitOrder::Lsb ? range.WriteLsb(bits_, raw) : range.WriteMsb(bits_, raw);
+        return;
+    }
+    int done = 0;
+    for (const BitPiece& piece : pieces_) {
+        range.position = std::min(piece.byte * 8 + piece.bit, range.BitSize());
+        range.WriteLsb(piece.count, raw >> done);
+        done += piece.count;
+    }
+}
+
+void ItemStatus::Report(const char* name, bool proper, bool all) { fields_.push_back({name, proper, all}); }
+
+const FieldStatus* ItemStatus::Find(std::string_view name) const {
+    const auto found =
+        std::find_if(fields_.begin(), fields_.end(), [name](const FieldStatus& f) { return f.name == name; });
+    return found == fields_.end() ? nullptr : &*found;
+}
+
+bool ItemStatus::IsPresent(std::string_view name) const { return Find(name) != nullptr; }
+
+bool ItemStatus::IsProper(std::string_view name) const {
+    const FieldStatus* field = Find(name);
+    return field == nullptr || field->proper;
+}
+
+bool ItemStatus::IsAll(std::string_view name) const {
+    const FieldStatus* field = Find(name);
+    return field == nullptr || field->all;
+}
+
+bool ItemStatus::IsValid() const {
+    return std::all_of(fields_.begin(), fields_.end(), [](const FieldStatus& f) { return f.proper; });
+}
+
+bool ItemStatus::IsValidAll() const {
+    return std::all_of(fields_.begin(), fields_.end(), [](const FieldStatus& f) { return f.all; });
+}
+
+std::int64_t LimitsLister::PowerOfTwo(int exponent) { return std::int64_t{1} << std::clamp(exponent, 0, 62); }
+
+}  // namespace VNT

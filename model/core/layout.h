@@ -1,0 +1,315 @@
+#pragma once
+
+#include <string_view>
+#include <type_traits>
+#include <variant>
+#include <vector>
+
+#include "model/core/bytes.h"
+#include "model/core/limits.h"
+
+// One layout, many visitors. An item says once what its bytes are, in
+//
+//     template <class IO> static void Map(IO& io, auto& item);
+//
+// a run of lines like `io.Number("gamma", 8, item.gamma, coding, limits)`, in the order of the bytes. A field that does
+// not exist for the item's other fields is simply not visited. The visitors here read, write, check and list limits.
+
+namespace VNT {
+
+enum class BitOrder { Lsb, Msb };
+
+// Where a number's bits stand: the next bits at the cursor, or up to four pieces at fixed places of the frame, the
+// number's lowest bits first. A piece is read from its byte's bit `bit` upwards and may run over several bytes.
+struct BitPiece {
+    int byte = 0;
+    int bit = 0;
+    int count = 0;
+    constexpr bool operator==(const BitPiece&) const = default;
+};
+
+class BitPlace {
+public:
+    constexpr BitPlace(int bits) : bits_(bits) {}
+    constexpr BitPlace(std::initializer_list<BitPiece> pieces) : pieces_(pieces) {
+        for (const BitPiece& piece : pieces) bits_ += piece.count;
+    }
+    constexpr int Count() const { return bits_; }
+    std::uint32_t Read(ByteRange& range, BitOrder order) const;
+    void Write(ByteRange& range, BitOrder order, std::uint32_t raw) const;
+
+private:
+    int bits_ = 0;
+    TFew<BitPiece> pieces_{};
+};
+
+namespace Detail {
+
+template <class T>
+concept FlagHolder = requires(const T& t) {
+    t.GetBits();
+    T::BitCount;
+};
+
+template <class T>
+T FromRaw(std::uint32_t raw) {
+    if constexpr (std::is_same_v<T, bool>) {
+        return raw != 0;
+    } else {
+        return static_cast<T>(raw);
+    }
+}
+
+template <class T>
+std::uint32_t ToRaw(const T& value) {
+    if constexpr (FlagHolder<T>) {
+        return value.GetBits();
+    } else {
+        return static_cast<std::uint32_t>(value);
+    }
+}
+
+template <class T, class L>
+bool Passes(const T& value, const L& limits) {
+    if constexpr (std::is_enum_v<T>) {
+        return limits.Contains(static_cast<int>(value));
+    } else {
+        return limits.Contains(value);
+    }
+}
+
+}  // namespace Detail
+
+// What every visitor knows of its frame.
+class LayoutVisitor {
+public:
+    explicit LayoutVisitor(int available) : available_(available) {}
+    int Available() const { return available_; }  // bytes that the item may take
+    void Order(BitOrder order) { order_ = order; }
+
+protected:
+    BitOrder order_ = BitOrder::Lsb;
+
+private:
+    int available_;
+};
+
+class LayoutReader : public LayoutVisitor {
+public:
+    explicit LayoutReader(ByteRange range) : LayoutVisitor(range.Size()), range_(range) {}
+
+    void Constant(const BitPlace& place, std::uint32_t) { place.Read(range_, order_); }
+    template <class T>
+    void Kept(const char*, const BitPlace& place, T& value) {
+        value = Detail::FromRaw<T>(place.Read(range_, order_));
+    }
+    template <class T, class L>
+    void Number(const char*, const BitPlace& place, T& value, const TLimitPair<L>&) {
+        value = Detail::FromRaw<T>(place.Read(range_, order_));
+    }
+    template <class T, class L>
+    void Number(const char*, const BitPlace& place, T& value, const TValueCoding<T>& coding, const TLimitPair<L>&) {
+        value = coding.Decode(place.Read(range_, order_));
+    }
+    // A number that is no field of its own: `set` takes the raw number, `get` gives it.
+    template <class Get, class Set>
+    void Through(const BitPlace& place, const Get&, const Set& set) {
+        set(place.Read(range_, order_));
+    }
+    void Data(const char*, int count, Bytes& value, const TLimitPair<CountLimits>&) {
+        value = Bytes(range_.Take(count));
+    }
+    void Rest(const char*, Bytes& value, const TLimitPair<CountLimits>&) { value = Bytes(range_.TakeRest()); }
+    // An item or list of its own in the next `count` bytes.
+    template <class Item>
+    void Part(const char*, int count, Item& item, bool, bool) {
+        item.Read(range_.Take(count));
+    }
+    void Check(const char*, bool, bool) {}
+
+private:
+    ByteRange range_;
+};
+
+class LayoutWriter : public LayoutVisitor {
+public:
+    explicit LayoutWriter(ByteRange range) : LayoutVisitor(range.Size()), range_(range) {}
+
+    void Constant(const BitPlace& place, std::uint32_t raw) { place.Write(range_, order_, raw); }
+    template <class T>
+    void Kept(const char*, const BitPlace& place, const T& value) {
+        place.Write(range_, order_, Detail::ToRaw(value));
+    }
+    template <class T, class L>
+    void Number(const char*, const BitPlace& place, const T& value, const TLimitPair<L>&) {
+        place.Write(range_, order_, Detail::ToRaw(value));
+    }
+    template <class T, class L>
+    void Number(const char*, const BitPlace& place, const T& value, const TValueCoding<T>& coding,
+                const TLimitPair<L>&) {
+        place.Write(range_, order_, static_cast<std::uint32_t>(coding.Encode(value)));
+    }
+    template <class Get, class Set>
+    void Through(const BitPlace& place, const Get& get, const Set&) {
+        place.Write(range_, order_, static_cast<std::uint32_t>(get()));
+    }
+    void Data(const char*, int count, const Bytes& value, const TLimitPair<CountLimits>&) {
+        Put(range_.Take(count), value);
+    }
+    void Rest(const char*, const Bytes& value, const TLimitPair<CountLimits>&) { Put(range_.TakeRest(), value); }
+    template <class Item>
+    void Part(const char*, int count, const Item& item, bool, bool) {
+        item.Write(range_.Take(count));
+    }
+    void Check(const char*, bool, bool) {}
+
+private:
+    static void Put(ByteRange to, const Bytes& from) {
+        for (const std::uint8_t byte : from.Vector()) to.WriteLsb(8, byte);
+    }
+    ByteRange range_;
+};
+
+// Tests each field; `Sink` has `void Report(const char* name, bool proper, bool all)`.
+template <class Sink>
+class TLayoutChecker : public LayoutVisitor {
+public:
+    TLayoutChecker(int available, Sink& sink) : LayoutVisitor(available), sink_(sink) {}
+
+    void Constant(const BitPlace&, std::uint32_t) {}
+    template <class T>
+    void Kept(const char* name, const BitPlace& place, const T& value) {
+        bool fits = true;
+        if constexpr (std::is_same_v<T, int>) fits = value >= 0 && (place.Count() >= 31 || value < 1 << place.Count());
+        sink_.Report(name, fits, fits);
+    }
+    template <class T, class L>
+    void Number(const char* name, const BitPlace&, const T& value, const TLimitPair<L>& limits) {
+        sink_.Report(name, Detail::Passes(value, limits.proper), Detail::Passes(value, limits.all));
+    }
+    template <class T, class L>
+    void Number(const char* name, const BitPlace& place, const T& value, const TValueCoding<T>&,
+                const TLimitPair<L>& limits) {
+        Number(name, place, value, limits);
+    }
+    template <class Get, class Set>
+    void Through(const BitPlace&, const Get&, const Set&) {}
+    void Data(const char* name, int, const Bytes& value, const TLimitPair<CountLimits>& limits) {
+        Rest(name, value, limits);
+    }
+    void Rest(const char* name, const Bytes& value, const TLimitPair<CountLimits>& limits) {
+        sink_.Report(name, limits.proper.Contains(value.Size()), limits.all.Contains(value.Size()));
+    }
+    // `proper` and `all` are what the part's own tests say.
+    template <class Item>
+    void Part(const char* name, int, const Item&, bool proper, bool all) {
+        sink_.Report(name, proper, all);
+    }
+    // A rule of the item's own.
+    void Check(const char* name, bool proper, bool all) { sink_.Report(name, proper, all); }
+
+private:
+    Sink& sink_;
+};
+
+// The state of each field that applies now. A field that is not listed doesn't apply, which is no fault.
+struct FieldStatus {
+    const char* name;
+    bool proper;  // within what a sound EDID holds
+    bool all;     // within what the bytes can carry
+};
+
+class ItemStatus {
+public:
+    void Report(const char* name, bool proper, bool all);
+    bool IsPresent(std::string_view name) const;
+    bool IsProper(std::string_view name) const;  // true for a field that doesn't apply
+    bool IsAll(std::string_view name) const;
+    bool IsValid() const;
+    bool IsValidAll() const;
+    const std::vector<FieldStatus>& Fields() const { return fields_; }
+
+private:
+    const FieldStatus* Find(std::string_view name) const;
+    std::vector<FieldStatus> fields_;
+};
+
+// The two overall tests alone, for the paths that run often.
+struct Validity {
+    bool proper = true;
+    bool all = true;
+    void Report(const char*, bool fieldProper, bool fieldAll) {
+        proper = proper && fieldProper;
+        all = all && fieldAll;
+    }
+};
+
+using AnyLimits = std::variant<ValueLimits, LongLimits, DecimalLimits, CountLimits, EnumLimits>;
+
+struct FieldLimits {
+    const char* name;
+    AnyLimits proper;
+    AnyLimits all;
+};
+
+// The limits of each field as they are now, for those who need the numbers themselves.
+class LimitsLister : public LayoutVisitor {
+public:
+    explicit LimitsLister(int available) : LayoutVisitor(available) {}
+
+    void Constant(const BitPlace&, std::uint32_t) {}
+    template <class T>
+    void Kept(const char* name, const BitPlace& place, const T&) {
+        const std::int64_t most = PowerOfTwo(place.Count()) - 1;
+        limits.push_back({name, LongLimits{0, most}, LongLimits{0, most}});
+    }
+    template <class T, class L>
+    void Number(const char* name, const BitPlace&, const T&, const TLimitPair<L>& pair) {
+        limits.push_back({name, pair.proper, pair.all});
+    }
+    template <class T, class L>
+    void Number(const char* name, const BitPlace&, const T&, const TValueCoding<T>&, const TLimitPair<L>& pair) {
+        limits.push_back({name, pair.proper, pair.all});
+    }
+    template <class Get, class Set>
+    void Through(const BitPlace&, const Get&, const Set&) {}
+    void Data(const char* name, int, const Bytes&, const TLimitPair<CountLimits>& pair) {
+        limits.push_back({name, pair.proper, pair.all});
+    }
+    void Rest(const char* name, const Bytes&, const TLimitPair<CountLimits>& pair) {
+        limits.push_back({name, pair.proper, pair.all});
+    }
+    template <class Item>
+    void Part(const char*, int, const Item&, bool, bool) {}
+    void Check(const char*, bool, bool) {}
+
+    std::vector<FieldLimits> limits;
+
+private:
+    static std::int64_t PowerOfTwo(int exponent);
+};
+
+template <class X>
+ItemStatus StatusOf(const X& item, int available) {
+    ItemStatus status;
+    TLayoutChecker<ItemStatus> io(available, status);
+    X::Map(io, item);
+    return status;
+}
+
+template <class X>
+Validity ValidityOf(const X& item, int available) {
+    Validity validity;
+    TLayoutChecker<Validity> io(available, validity);
+    X::Map(io, item);
+    return validity;
+}
+
+template <class X>
+std::vector<FieldLimits> LimitsOf(const X& item, int available) {
+    LimitsLister io(available);
+    X::Map(io, item);
+    return std::move(io.limits);
+}
+
+}  // namespace VNT

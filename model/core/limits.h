@@ -1,0 +1,126 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <initializer_list>
+
+#include "model/core/decimal.h"
+
+namespace VNT {
+
+// The few values or pairs that a limit or a coding lists beside its rule, held in place: limits are computed per call.
+template <class T, int Most = 4>
+class TFew {
+public:
+    constexpr TFew() = default;
+    constexpr TFew(std::initializer_list<T> values) {
+        for (const T& value : values) values_.at(static_cast<std::size_t>(count_++)) = value;
+    }
+    constexpr const T* begin() const { return values_.data(); }
+    constexpr const T* end() const { return values_.data() + count_; }
+    constexpr bool Contains(const T& value) const {
+        for (const T& v : *this) {
+            if (v == value) return true;
+        }
+        return false;
+    }
+
+private:
+    std::array<T, static_cast<std::size_t>(Most)> values_{};
+    int count_ = 0;
+};
+
+namespace Detail {
+// The mathematical remainder, 0 to step - 1, also for negative values.
+constexpr std::int64_t Modulo(std::int64_t value, std::int64_t step) {
+    const std::int64_t rest = value % step;
+    return rest < 0 ? rest + step : rest;
+}
+constexpr std::int64_t Raw(std::int64_t value) { return value; }
+constexpr std::int64_t Raw(Decimal value) { return value.Millionths(); }
+}  // namespace Detail
+
+// A value passes if it is one of `extra`, or lies in min to max and, with a `step`, leaves `stepOffset` modulo the
+// step.
+template <class T>
+struct TValueLimits {
+    T min{};
+    T max{};
+    T step{};
+    T stepOffset{};
+    TFew<T> extra{};
+
+    constexpr bool Contains(T value) const {
+        if (extra.Contains(value)) return true;
+        if (value < min || value > max) return false;
+        return step == T{} || Detail::Modulo(Detail::Raw(value), Detail::Raw(step)) == Detail::Raw(stepOffset);
+    }
+};
+using ValueLimits = TValueLimits<int>;
+using LongLimits = TValueLimits<std::int64_t>;
+using DecimalLimits = TValueLimits<Decimal>;
+
+// The length of a text or byte vector.
+struct CountLimits {
+    int min = 0;
+    int max = 0;
+    constexpr bool Contains(int length) const { return length >= min && length <= max; }
+};
+
+// An enumeration: the rows 0 to count - 1, and `extra`.
+struct EnumLimits {
+    int count = 0;
+    TFew<int> extra{};
+    constexpr bool Contains(int value) const { return (value >= 0 && value < count) || extra.Contains(value); }
+};
+
+// What a sound EDID holds, and what the bytes can carry.
+template <class L>
+struct TLimitPair {
+    L proper;
+    L all;
+    constexpr TLimitPair(const L& both) : proper(both), all(both) {}
+    constexpr TLimitPair(const L& sound, const L& carried) : proper(sound), all(carried) {}
+};
+
+// How a raw number of the bytes maps to a value and back. Pairs serve for special raws ("raw 0 is Undefined").
+template <class T>
+struct TCodingPair {
+    int raw = 0;
+    T value{};
+    constexpr bool operator==(const TCodingPair&) const = default;
+};
+
+template <class T>
+struct TValueCoding {
+    T offset{};
+    T step{};
+    TFew<TCodingPair<T>> pairs{};
+
+    constexpr T Decode(std::uint32_t raw) const {
+        for (const TCodingPair<T>& pair : pairs) {
+            if (static_cast<std::uint32_t>(pair.raw) == raw) return pair.value;
+        }
+        if constexpr (std::is_same_v<T, Decimal>) {
+            return step * static_cast<std::int64_t>(raw) + offset;
+        } else {
+            return static_cast<T>(static_cast<std::int64_t>(raw) * step + offset);
+        }
+    }
+    // (value - offset) / step, truncated; the caller clips it to the bits of its field.
+    constexpr std::int64_t Encode(T value) const {
+        for (const TCodingPair<T>& pair : pairs) {
+            if (pair.value == value) return pair.raw;
+        }
+        if constexpr (std::is_same_v<T, Decimal>) {
+            return (value - offset).Millionths() / step.Millionths();
+        } else {
+            return (static_cast<std::int64_t>(value) - offset) / step;
+        }
+    }
+};
+using ValueCoding = TValueCoding<int>;
+using LongCoding = TValueCoding<std::int64_t>;
+using DecimalCoding = TValueCoding<Decimal>;
+
+}  // namespace VNT

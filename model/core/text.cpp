@@ -1,0 +1,269 @@
+#include "model/core/text.h"
+
+#include <algorithm>
+
+namespace VNT {
+
+namespace {
+
+constexpr int Passes = 10;
+
+// Replaces each occurrence that the text has now, going on behind the value. For values that hold their own key.
+bool ReplaceOnce(std::u32string& text, std::u32string_view key, std::u32string_view value) {
+    bool changed = false;
+    for (std::size_t at = text.find(key); at != std::u32string::npos && text.size() < MaxTextLength;
+         at = text.find(key, at + value.size())) {
+        text.replace(at, key.size(), value);
+        changed = true;
+    }
+    return changed;
+}
+
+// Replaces the first occurrence until there is none. The step count bounds texts whose pieces join to new keys.
+bool ReplaceAll(std::u32string& text, std::u32string_view key, std::u32string_view value) {
+    bool changed = false;
+    for (int step = 0; step < MaxTextLength && text.size() < MaxTextLength; ++step) {
+        const std::size_t at = text.find(key);
+        if (at == std::u32string::npos) break;
+        text.replace(at, key.size(), value);
+        changed = true;
+    }
+    return changed;
+}
+
+std::u32string_view ChooseLeft(int left, std::u32string_view oneOver, std::u32string_view manyOver,
+                               std::u32string_view zero, std::u32string_view one, std::u32string_view many) {
+    if (left < 0) return left == -1 ? oneOver : manyOver;
+    return ChooseByCount(left, zero, one, many);
+}
+
+bool IsDigit(char32_t c) { return c >= U'0' && c <= U'9'; }
+
+int HexDigit(char32_t c) {
+    if (IsDigit(c)) return static_cast<int>(c - U'0');
+    if (c >= U'A' && c <= U'F') return static_cast<int>(c - U'A') + 10;
+    if (c >= U'a' && c <= U'f') return static_cast<int>(c - U'a') + 10;
+    return -1;
+}
+
+// Printable and neither letter nor digit; outside ASCII the signs of Latin-1 and the general punctuation block.
+bool IsPunctuation(char32_t c) {
+    if (c > 0x20 && c < 0x7F) return !IsDigit(c) && !(c >= U'A' && c <= U'Z') && !(c >= U'a' && c <= U'z');
+    return (c >= 0xA1 && c <= 0xBF && c != 0xAA && c != 0xAD && c != 0xB5 && c != 0xBA) || c == 0xD7 || c == 0xF7 ||
+           (c >= 0x2010 && c <= 0x2027) || (c >= 0x2030 && c <= 0x205E);
+}
+
+// A text read from the left; past its end every character is 0.
+class Scanner {
+public:
+    explicit Scanner(std::u32string_view text) : text_(text) {}
+    char32_t Peek(std::size_t ahead = 0) const { return at_ + ahead < text_.size() ? text_[at_ + ahead] : 0; }
+    char32_t Next() { return at_ < text_.size() ? text_[at_++] : 0; }
+    bool AtEnd() const { return at_ >= text_.size(); }
+    void SkipBlanks() {
+        while (!AtEnd() && IsBlank(Peek())) ++at_;
+    }
+
+private:
+    std::u32string_view text_;
+    std::size_t at_ = 0;
+};
+
+}  // namespace
+
+void TextTable::Set(std::u32string_view key, String value) {
+    const auto at =
+        std::lower_bound(rows_.begin(), rows_.end(), key, [](const auto& row, auto k) { return row.first < k; });
+    if (at != rows_.end() && at->first == key) {
+        at->second = std::move(value);
+    } else {
+        rows_.insert(at, {key, std::move(value)});
+    }
+}
+
+void TextTable::Set(std::u32string_view key, std::int64_t number) { Set(key, NumberText(number, 10, 0, false)); }
+
+const String* TextTable::Find(std::u32string_view key) const {
+    const auto at =
+        std::lower_bound(rows_.begin(), rows_.end(), key, [](const auto& row, auto k) { return row.first < k; });
+    return at != rows_.end() && at->first == key ? &at->second : nullptr;
+}
+
+String Replace(std::u32string_view source, const TextTable& table) {
+    std::u32string text(source);
+    std::vector<bool> placed(table.Rows().size());  // values that hold their own key and have been put in
+    for (int pass = 0; pass < Passes; ++pass) {
+        bool changed = false;
+        for (std::size_t i = 0; i < table.Rows().size(); ++i) {
+            const auto& [key, value] = table.Rows()[i];
+            if (!value.Contains(key)) {
+                changed = ReplaceAll(text, key, value.View()) || changed;
+            } else if (!placed[i] && ReplaceOnce(text, key, value.View())) {
+                placed[i] = changed = true;
+            }
+        }
+        if (!changed || text.size() >= MaxTextLength) break;
+    }
+    if (text.size() > MaxTextLength) text.resize(MaxTextLength);
+    return String(std::move(text));
+}
+
+String Replace(const String& text, const TextTable& table) { return Replace(text.View(), table); }
+
+String FormatText(const TextFormat& format, bool hasContent, TextTable& table) {
+    table.Set(U"{type}", String(format.type));
+    table.Set(U"{description}", String(format.description));
+    return Replace(hasContent ? format.format : format.emptyFormat, table);
+}
+
+std::u32string_view ChooseByCount(int count, std::u32string_view zero, std::u32string_view one,
+                                  std::u32string_view many) {
+    return count == 0 ? zero : count == 1 ? one : many;
+}
+
+void FillCountTexts(TextTable& table, const ListMeasure& measure, const SizeTextFormat& f) {
+    const int left = measure.maxCount - measure.count;
+    table.Set(U"{count}", measure.count);
+    table.Set(U"{countleft}", left);
+    table.Set(U"{countover}", -left);
+    table.Set(U"{maxcount}", measure.maxCount);
+    table.Set(U"{counttext}", ChooseByCount(measure.count, f.zeroCount, f.oneCount, f.manyCount));
+    table.Set(U"{countlefttext}", ChooseLeft(left, f.oneOver, f.manyOver, f.zeroLeft, f.oneLeft, f.manyLeft));
+    table.Set(U"{maxcounttext}", ChooseByCount(measure.maxCount, f.zeroMax, f.oneMax, f.manyMax));
+}
+
+void FillSizeTexts(TextTable& table, const ListMeasure& measure, const SizeTextFormat& f) {
+    const int left = measure.maxSize - measure.size;
+    table.Set(U"{size}", measure.size);
+    table.Set(U"{sizeleft}", left);
+    table.Set(U"{sizeover}", -left);
+    table.Set(U"{maxsize}", measure.maxSize);
+    table.Set(U"{sizetext}", ChooseByCount(measure.size, f.zeroSize, f.oneSize, f.manySize));
+    table.Set(U"{sizelefttext}",
+              ChooseLeft(left, f.oneSizeOver, f.manySizeOver, f.zeroSizeLeft, f.oneSizeLeft, f.manySizeLeft));
+    table.Set(U"{maxsizetext}", ChooseByCount(measure.maxSize, f.zeroMaxSize, f.oneMaxSize, f.manyMaxSize));
+}
+
+String NumberText(std::int64_t value, int radix, int width, bool uppercase) {
+    const char32_t firstLetter = uppercase ? U'A' : U'a';
+    const auto base = static_cast<std::uint64_t>(std::clamp(radix, 2, 36));
+    std::u32string digits;
+    std::uint64_t rest = value < 0 ? 0 - static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
+    do {
+        const auto digit = static_cast<char32_t>(rest % base);
+        digits.push_back(digit < 10 ? U'0' + digit : firstLetter + (digit - 10));
+        rest /= base;
+    } while (rest != 0);
+    while (static_cast<int>(digits.size()) < width) digits.push_back(U'0');
+    if (value < 0) digits.push_back(U'-');
+    std::reverse(digits.begin(), digits.end());
+    return String(std::move(digits));
+}
+
+String DecimalToText(Decimal value, const DecimalFormat& format) {
+    if (value.IsUndefined()) return {};
+    const std::int64_t count = value.Millionths();
+    const std::uint64_t magnitude =
+        count < 0 ? 0 - static_cast<std::uint64_t>(count) : static_cast<std::uint64_t>(count);
+    const auto scale = static_cast<std::uint64_t>(Decimal::Scale);
+    std::u32string text(count < 0 ? U"-" : U"");
+    text += NumberText(static_cast<std::int64_t>(magnitude / scale), 10, 0, false).View();
+    if (format.decimals > 0) {
+        std::u32string digits(NumberText(static_cast<std::int64_t>(magnitude % scale), 10, 6, false).View());
+        digits.resize(static_cast<std::size_t>(format.decimals), U'0');
+        text += U'.' + digits;
+    }
+    if (static_cast<int>(text.size()) > format.maxLength) {
+        text.resize(static_cast<std::size_t>(std::max(0, format.maxLength)));
+        if (!text.empty() && text.back() == U'.') text.pop_back();
+    }
+    if (format.trimZeros && text.find(U'.') != std::u32string::npos) {
+        while (text.back() == U'0') text.pop_back();
+        if (text.back() == U'.') text.pop_back();
+    }
+    return String(std::move(text));
+}
+
+String DecimalToText(Decimal value, int decimals) { return DecimalToText(value, DecimalFormat{decimals, 64, false}); }
+
+bool TextToDecimal(const String& text, Decimal& out) {
+    Scanner scan(text.View());
+    scan.SkipBlanks();
+    if (scan.AtEnd()) {
+        out = Decimal::Undefined();
+        return true;
+    }
+    const bool negative = scan.Peek() == U'-';
+    if (negative || scan.Peek() == U'+') scan.Next();
+    if (!IsDigit(scan.Peek()) && !(scan.Peek() == U'.' && IsDigit(scan.Peek(1)))) return false;
+    Decimal value;
+    while (IsDigit(scan.Peek())) value = value * 10 + Decimal(static_cast<std::int64_t>(scan.Next() - U'0'));
+    if (scan.Peek() == U'.') {
+        scan.Next();
+        std::int64_t unit = Decimal::Scale;
+        while (IsDigit(scan.Peek())) {
+            unit /= 10;  // 0 from the seventh digit on
+            value = value + Decimal::FromMillionths(unit * static_cast<std::int64_t>(scan.Next() - U'0'));
+        }
+    }
+    scan.SkipBlanks();
+    if (!scan.AtEnd()) return false;
+    out = negative ? -value : value;
+    return true;
+}
+
+String HexText(ByteRange range, const HexFormat& format) {
+    std::u32string text;
+    int onLine = 0;
+    int lines = 0;
+    for (int i = 0; i < range.Size(); ++i) {
+        if (i > 0) {
+            text += format.between;
+            if (format.bytesPerLine > 0 && onLine == format.bytesPerLine) {
+                text += format.newline;
+                onLine = 0;
+                if (format.linesPerGroup > 0 && ++lines == format.linesPerGroup) {
+                    text += format.newline;
+                    lines = 0;
+                }
+            } else {
+                text += format.space;
+            }
+        }
+        text += format.prefix;
+        text += NumberText(range.ByteAt(i), 16, 2, format.uppercase).View();
+        text += format.suffix;
+        ++onLine;
+    }
+    return String(std::move(text));
+}
+
+bool HexFromText(const String& text, Bytes& bytes) {
+    Scanner scan(text.View());
+    std::vector<std::uint8_t> read;
+    for (;;) {
+        scan.SkipBlanks();
+        if (scan.AtEnd()) break;
+        if (scan.Peek() == U'0' && (scan.Peek(1) == U'x' || scan.Peek(1) == U'X')) {
+            scan.Next();
+            scan.Next();
+        }
+        if (HexDigit(scan.Peek()) < 0) return false;
+        if (HexDigit(scan.Peek(1)) < 0) {
+            read.push_back(static_cast<std::uint8_t>(HexDigit(scan.Next())));
+        } else {
+            while (HexDigit(scan.Peek()) >= 0 && HexDigit(scan.Peek(1)) >= 0) {
+                const int high = HexDigit(scan.Next());
+                read.push_back(static_cast<std::uint8_t>(high * 16 + HexDigit(scan.Next())));
+            }
+            if (HexDigit(scan.Peek()) >= 0) return false;
+        }
+        if (IsPunctuation(scan.Peek())) scan.Next();
+    }
+    bytes = Bytes(std::move(read));
+    return true;
+}
+
+bool IsBlank(char32_t c) { return c == U' ' || c == U'\t' || c == U'\r' || c == U'\n'; }
+
+}  // namespace VNT
