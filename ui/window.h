@@ -1,0 +1,136 @@
+// A top-level window with its class, its modal loop, its theme and its DPI.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ui/handlers.h"
+#include "ui/resources.h"
+#include "ui/style.h"
+#include "ui/types.h"
+
+namespace UI {
+
+class Control;
+
+// The backend's icon object.
+struct NativeIcon;
+
+class Window {
+public:
+    // A caption with the close box.
+    static constexpr unsigned DefaultStyle = 0xC80000;
+    static constexpr unsigned DialogFrame = 1;
+
+    // Registers the class and creates the window, hidden. `parent` may be null. A second live window of one class name
+    // fails with "RegisterClassExW failed."; also throws "CreateWindowExW failed.".
+    Window(Window* parent, const std::wstring& className, const std::wstring& title, unsigned style = DefaultStyle);
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+    virtual ~Window();
+
+    // Shows the window with its parent disabled until `EndRun` ends this innermost loop, then hides it. The result is
+    // the one that was given to `EndRun`, or -1 when the loop failed.
+    int Run();
+    // Size of the client area in pixels; the frame comes on top.
+    bool SetClientSize(int width, int height);
+    // Pixels on the screen.
+    bool SetPosition(int x, int y);
+    // On the parent, or in the work area of the screen when there is none; the top is never above 0.
+    void Center();
+
+    void AddMessageHandler(int message, MessageHandler handler);
+    void AddResultHandler(int message, ResultHandler handler);
+    // Runs for a command that comes from no control: `IdOk` for Enter, `IdCancel` for Esc.
+    void AddCommandHandler(int id, NotificationHandler handler);
+    bool Dispatch(int message, WParam wParam, LParam lParam, MessageResult& result);
+
+    Handle GetHandle() const { return handle; }
+    Window* GetParent() const { return parent; }
+    int GetX() const { return x; }
+    int GetY() const { return y; }
+    int GetWidth() const { return width; }
+    int GetHeight() const { return height; }
+    int GetClientWidth() const { return clientWidth; }
+    int GetClientHeight() const { return clientHeight; }
+    void SetMinimumSize(int newWidth, int newHeight);
+    Size GetMinimumSize() const { return {minimumWidth, minimumHeight}; }
+    const std::wstring& GetName() const { return className; }
+    const std::wstring& GetTitle() const { return title; }
+    unsigned GetStyleFlags() const { return style; }
+    unsigned GetExtendedStyle() const { return extendedStyle; }
+    int GetDpi() const { return dpi; }
+    const StyleTable& GetStyle() const { return table; }
+    bool IsVisible() const;
+    bool IsEnabled() const;
+    bool HasFocus() const;
+    void SetFocus();
+    void Redraw();
+    // In Tab order.
+    const std::vector<Control*>& GetControls() const { return controls; }
+
+private:
+    friend class Control;
+    friend void ApplyTheme(Window& window, const StyleTable& table);
+
+    // The registered class, for as long as the window needs it.
+    class Registration {
+    public:
+        explicit Registration(const std::wstring& className);
+        Registration(const Registration&) = delete;
+        Registration& operator=(const Registration&) = delete;
+        ~Registration();
+
+    private:
+        LiveResource live{Resource::WindowClass};
+        std::wstring className;
+    };
+
+    // The native window; its object is forgotten before it is destroyed.
+    class Owned {
+    public:
+        explicit Owned(const Window& window);
+        Owned(const Owned&) = delete;
+        Owned& operator=(const Owned&) = delete;
+        ~Owned();
+        operator Handle() const { return handle; }
+
+    private:
+        LiveResource live{Resource::Window};
+        Handle handle;
+    };
+
+    void AddStandardHandlers();
+    MessageResult HandleCommand(WParam wParam, LParam lParam);
+    void StorePlace();
+
+    Window* parent;
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    int clientWidth = 0;
+    int clientHeight = 0;
+    int minimumWidth = 0;
+    int minimumHeight = 0;
+    std::wstring className;
+    std::wstring title;
+    unsigned style;
+    unsigned extendedStyle = DialogFrame;
+    int dpi = 0;
+    std::shared_ptr<NativeIcon> icon;
+    std::shared_ptr<NativeIcon> smallIcon;
+    StyleTable table;
+    HandlerTable<MessageHandler> MessageHandlers;
+    HandlerTable<ResultHandler> ResultHandlers;
+    HandlerTable<NotificationHandler> NotificationHandlers;
+    std::vector<Control*> controls;
+    Registration registration;
+    Owned handle;
+};
+
+// Ends the innermost modal loop with `result` as soon as the handlers that run have returned.
+void EndRun(int result);
+
+}  // namespace UI
