@@ -17,3 +17,14 @@ function(vantelle_test name folder)
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 600)
 endfunction()
+
+# vantelle_link_model(TARGET): links a program that drives the model as a whole (a fuzzer, the benchmarks) to each of
+# its rooms that exists.
+function(vantelle_link_model target)
+    target_link_libraries(${target} PRIVATE vantelle_options)
+    foreach(room vantelle-edid vantelle-displayid vantelle-cta vantelle-timing vantelle-core)
+        if(TARGET ${room})
+            target_link_libraries(${target} PRIVATE ${room})
+        endif()
+    endforeach()
+endfunction()
