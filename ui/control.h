@@ -84,7 +84,8 @@ protected:
     void StoreText(std::wstring newText) { text = std::move(newText); }
     void StorePosition(int newX, int newY);
     void StoreSize(int newWidth, int newHeight);
-    void ApplyFont(const Font& newFont);
+    // The font, and the standard parts in the window's theme; redraws.
+    void ApplyLook(const Font& newFont);
 
 private:
     LiveResource live{Resource::Control};

@@ -44,6 +44,8 @@ public:
 
 private:
     std::array<Control*, 3> GetEdges() { return {&left, &right, &bottom}; }
+    // Moves all four to where a frame of that rectangle has them.
+    bool PlaceEdges(int x, int y, int width, int height);
 
     GroupBoxStyle normalStyle;
     GroupBoxStyle invalidStyle;

@@ -33,6 +33,7 @@ protected:
 
 private:
     bool HasItem(int index) const { return index >= 0 && index < GetCount(); }
+    void EraseItem(int index);
 
     std::vector<std::wstring> texts;
     std::vector<Font> fonts;

@@ -17,7 +17,6 @@ public:
     unsigned GetFormat() const { return format; }
     const LabelStyle& GetStyle() const { return style; }
     Color GetTextColor() const { return IsEnabled() ? style.Text : style.DisabledText; }
-    Size Measure(std::wstring_view text) const override;
     void ApplyStyle(const StyleTable& table) override;
 
 private:

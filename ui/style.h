@@ -103,6 +103,7 @@ struct GroupBoxStyle {
     Color DisabledBorder = 0;
     int BorderWidth = 0;
     int CornerRadius = 0;
+    int CaptionInset = 0;    // from the box's left to the caption
     Padding Thickness;       // of the four edge windows
     Padding ContentPadding;  // from the box's rectangle to what stands inside
     bool operator==(const GroupBoxStyle&) const = default;
@@ -115,8 +116,12 @@ struct ListBoxStyle {
     Color WindowBackground = 0;
     UI::Font Font;
     Padding BorderPadding;
-    Padding TextPadding;
+    Padding TextPadding;  // within an item
     int ItemHeight = 0;
+    int ScrollBarWidth = 0;
+
+    // The colours of one item.
+    StateStyle GetItem(bool enabled, bool selected) const;
     bool operator==(const ListBoxStyle&) const = default;
 };
 
@@ -136,7 +141,9 @@ struct TextBoxStyle {
     StateStyles States;
     Color WindowBackground = 0;
     UI::Font Font;
-    Padding TextPadding;
+    Padding TextPadding;  // from the outer edges to the text
+    int CaretWidth = 0;
+    int ScrollBarWidth = 0;
     bool operator==(const TextBoxStyle&) const = default;
 };
 

@@ -1,0 +1,105 @@
+#include "ui/item_lists.h"
+
+#include "ui/native.h"
+
+namespace UI::Controls {
+
+AnyItemList::AnyItemList(Window& window, ControlKind kind, unsigned style) : AnyHotControl(window, kind, L"", style) {
+    RedrawWithFocus();
+}
+
+int AnyItemList::GetSelection() const { return Native::GetSelectedItem(*this); }
+
+void AnyItemList::SetSelection(int index) { Native::SetSelectedItem(*this, HasItem(index) ? index : NoSelection); }
+
+void AnyItemList::AddItem(const std::wstring& text, const Font& itemFont) { InsertItem(GetCount(), text, itemFont); }
+
+bool AnyItemList::InsertItem(int index, const std::wstring& text, const Font& itemFont) {
+    if (index != GetCount() && !HasItem(index)) return false;
+    // The text stands before the system draws the item.
+    texts.insert(texts.begin() + index, text);
+    fonts.insert(fonts.begin() + index, itemFont);
+    if (Native::InsertItem(*this, index)) return true;
+    EraseItem(index);
+    return false;
+}
+
+bool AnyItemList::RemoveItem(int index) {
+    if (!HasItem(index) || !Native::RemoveItem(*this, index)) return false;
+    EraseItem(index);
+    return true;
+}
+
+void AnyItemList::EraseItem(int index) {
+    texts.erase(texts.begin() + index);
+    fonts.erase(fonts.begin() + index);
+}
+
+void AnyItemList::Clear() {
+    Native::ClearItems(*this);
+    texts.clear();
+    fonts.clear();
+}
+
+const std::wstring& AnyItemList::GetItemText(int index) const {
+    static const std::wstring none;
+    return HasItem(index) ? texts[static_cast<std::size_t>(index)] : none;
+}
+
+const Font& AnyItemList::GetItemFont(int index) const {
+    if (!HasItem(index)) return GetFont();
+    const Font& own = fonts[static_cast<std::size_t>(index)];
+    return own ? own : GetFont();
+}
+
+ListBox::ListBox(Window& window) : AnyItemList(window, ControlKind::ListBox, CreationStyle) {
+    Native::Attach(*this);
+    ListBox::ApplyStyle(window.GetStyle());
+}
+
+int ListBox::GetTopIndex() const { return Native::GetTopItem(GetHandle()); }
+void ListBox::SetTopIndex(int index) { Native::SetTopItem(GetHandle(), index); }
+
+StateStyle ListBox::GetItemStyle(bool selected) const { return style.GetItem(IsEnabled(), selected); }
+
+Size ListBox::Measure(std::wstring_view text) const {
+    return {AnyItemList::Measure(text).Width + style.TextPadding.Left + style.TextPadding.Right +
+                style.BorderPadding.Left + style.BorderPadding.Right + style.ScrollBarWidth,
+            style.ItemHeight + style.BorderPadding.Top + style.BorderPadding.Bottom};
+}
+
+void ListBox::ApplyStyle(const StyleTable& table) {
+    style = table.ListBox;
+    ApplyLook(style.Font);
+}
+
+ComboBox::ComboBox(Window& window) : AnyItemList(window, ControlKind::ComboBox, CreationStyle) {
+    Native::Attach(*this);
+    ComboBox::ApplyStyle(window.GetStyle());
+}
+
+bool ComboBox::SetSize(int width, int height) {
+    if (!Native::ResizeComboBox(*this, width, height)) return false;
+    StoreSize(width, height);
+    return true;
+}
+
+bool ComboBox::IsDroppedDown() const { return Native::IsDroppedDown(GetHandle()); }
+void ComboBox::SetDroppedDown(bool down) { Native::SetDroppedDown(GetHandle(), down); }
+
+ControlState ComboBox::GetState(bool pressed) const { return AnyItemList::GetState(pressed || IsDroppedDown()); }
+
+StateStyle ComboBox::GetItemStyle(bool selected) const { return style.List.GetItem(IsEnabled(), selected); }
+
+Size ComboBox::Measure(std::wstring_view text) const {
+    return {AnyItemList::Measure(text).Width + style.TextPadding.Left + style.TextPadding.Right + style.ArrowWidth,
+            controlHeight};
+}
+
+void ComboBox::ApplyStyle(const StyleTable& table) {
+    style = table.ComboBox;
+    controlHeight = table.Metrics.ControlHeight;
+    ApplyLook(style.Font);
+}
+
+}  // namespace UI::Controls

@@ -1,0 +1,152 @@
+#include "ui/window.h"
+
+#include <algorithm>
+
+#include "ui/message.h"
+#include "ui/native.h"
+
+namespace UI {
+
+Window::Registration::Registration(const std::wstring& className) : className(className) {
+    if (!Native::AddWindowClass(className)) throw L"RegisterClassExW failed.";
+}
+
+Window::Registration::~Registration() { Native::RemoveWindowClass(className); }
+
+Window::Owned::Owned(const Window& window)
+    : handle(Native::CreateTopWindow(window.className, window.title, window.style, window.extendedStyle,
+                                     window.parent ? window.parent->GetHandle() : nullptr)) {
+    if (!handle) throw L"CreateWindowExW failed.";
+}
+
+Window::Owned::~Owned() { Native::Destroy(handle); }
+
+Window::Window(Window* parent, const std::wstring& className, const std::wstring& title, unsigned style)
+    : parent(parent), className(className), title(title), style(style), registration(className), handle(*this) {
+    dpi = Native::GetDpi(handle);
+    Native::LoadIcons(handle, dpi, icon, smallIcon);
+    AddStandardHandlers();
+    Native::Attach(*this);
+    ApplyTheme(*this, BuildStyleTable(dpi));
+    Native::SetObject(handle, this);
+    StorePlace();
+}
+
+Window::~Window() = default;
+
+void Window::AddStandardHandlers() {
+    const auto toControl = [this](int message, Control* control, WParam wParam, LParam lParam) {
+        MessageResult result = 0;
+        if (control && control->Dispatch(message, wParam, lParam, result)) return result;
+        return Native::CallDefault(handle, message, wParam, lParam);
+    };
+    AddResultHandler(Message::DrawItem, [toControl](WParam wParam, LParam lParam) {
+        return toControl(Message::DrawItem, Native::GetDrawnControl(lParam), wParam, lParam);
+    });
+    for (int message : {Message::ColorEdit, Message::ColorListBox, Message::ColorButton, Message::ColorStatic}) {
+        AddResultHandler(message, [toControl, message](WParam wParam, LParam lParam) {
+            return toControl(message, Native::FindControl(reinterpret_cast<Handle>(lParam)), wParam, lParam);
+        });
+    }
+    AddResultHandler(Message::Command, [this](WParam wParam, LParam lParam) { return HandleCommand(wParam, lParam); });
+    AddResultHandler(Message::GetMinMaxInfo, [this](WParam, LParam lParam) {
+        Native::SetMinimumTrackSize(lParam, GetMinimumSize());
+        return MessageResult{0};
+    });
+    AddMessageHandler(Message::WindowPosChanged, [this](WParam, LParam) { StorePlace(); });
+    AddMessageHandler(Message::DpiChanged, [this](WParam, LParam) { dpi = Native::GetDpi(handle); });
+}
+
+MessageResult Window::HandleCommand(WParam wParam, LParam lParam) {
+    constexpr WParam word = 0x10000;  // the low word is the command's ID, the high word a control's notification
+    if (lParam) {
+        Control* control = Native::FindControl(reinterpret_cast<Handle>(lParam));
+        if (control && control->DispatchNotification(static_cast<int>(wParam / word % word))) return 0;
+    } else if (auto handler = NotificationHandlers.Find(static_cast<int>(wParam % word))) {
+        (*handler)();
+        return 0;
+    }
+    return Native::CallDefault(handle, Message::Command, wParam, lParam);
+}
+
+void Window::StorePlace() {
+    const Rect place = Native::GetWindowPlace(handle);
+    const Size client = Native::GetClientSize(handle);
+    x = place.Left;
+    y = place.Top;
+    width = place.Right - place.Left;
+    height = place.Bottom - place.Top;
+    clientWidth = client.Width;
+    clientHeight = client.Height;
+}
+
+int Window::Run() {
+    // Also when a handler throws through the loop, the parent must be usable again.
+    struct Shown {
+        explicit Shown(Window& window) : window(window) {
+            if (window.parent) {
+                focus = Native::GetFocus();
+                Native::SetEnabled(window.parent->handle, false);
+            }
+            Native::SetVisible(window.handle, true);
+        }
+        ~Shown() {
+            if (window.parent) {
+                Native::SetEnabled(window.parent->handle, true);
+                Native::SetFocus(focus);
+            }
+            Native::SetVisible(window.handle, false);
+        }
+        Window& window;
+        Handle focus = nullptr;
+    };
+    const Shown shown(*this);
+    return Native::RunLoop(handle);
+}
+
+bool Window::SetClientSize(int newWidth, int newHeight) {
+    const auto frame = Native::GetFrameSize({newWidth, newHeight}, style, extendedStyle, dpi);
+    return frame && Native::Resize(handle, frame->Width, frame->Height);
+}
+
+bool Window::SetPosition(int newX, int newY) { return Native::Move(handle, newX, newY); }
+
+void Window::Center() {
+    Rect around{};
+    if (parent) {
+        around = {parent->x, parent->y, parent->x + parent->width, parent->y + parent->height};
+    } else if (const auto workArea = Native::GetWorkArea()) {
+        around = *workArea;
+    } else {
+        return;
+    }
+    SetPosition(around.Left + (around.Right - around.Left - width) / 2,
+                std::max(0, around.Top + (around.Bottom - around.Top - height) / 2));
+}
+
+void Window::AddMessageHandler(int message, MessageHandler handler) {
+    MessageHandlers.Set(message, std::move(handler));
+}
+
+void Window::AddResultHandler(int message, ResultHandler handler) { ResultHandlers.Set(message, std::move(handler)); }
+
+void Window::AddCommandHandler(int id, NotificationHandler handler) {
+    NotificationHandlers.Set(id, std::move(handler));
+}
+
+bool Window::Dispatch(int message, WParam wParam, LParam lParam, MessageResult& result) {
+    return DispatchMessageTo(MessageHandlers, ResultHandlers, message, wParam, lParam, result);
+}
+
+void Window::SetMinimumSize(int newWidth, int newHeight) {
+    minimumWidth = newWidth;
+    minimumHeight = newHeight;
+}
+
+bool Window::IsVisible() const { return Native::IsVisible(handle); }
+bool Window::IsEnabled() const { return Native::IsEnabled(handle); }
+bool Window::HasFocus() const { return Native::GetFocus() == handle; }
+void Window::SetFocus() { Native::SetFocus(handle); }
+void Window::Redraw() { Native::Redraw(handle); }
+
+}  // namespace UI
