@@ -18,9 +18,9 @@ class TFramedItem : public TCommonType<X, TypeEnum, value, AnyX, AnyX>, public A
 public:
     using FieldsType = Fields;
 
-    TFramedItem() = default;
-    // An edited item: bytes that no form shows take their defaults.
-    explicit TFramedItem(const Fields& fields) {
+    // An edited item: bytes that no form shows take their defaults. X's constructor from its fields calls this.
+    void SetFields(const Fields& fields) {
+        static_cast<AllFields&>(*this) = AllFields();
         static_cast<Fields&>(*this) = fields;
         Self().Normalize();
     }

@@ -116,6 +116,11 @@ public:
     void Through(const BitPlace& place, const Get&, const Set& set) {
         set(place.Read(range_, order_));
     }
+    // The same for `count` bytes.
+    template <class Get, class Set>
+    void ThroughData(int count, const Get&, const Set& set) {
+        set(range_.Take(count));
+    }
     void Data(const char*, int count, Bytes& value, const TLimitPair<CountLimits>&) {
         value = Bytes(range_.Take(count));
     }
@@ -152,6 +157,10 @@ public:
     template <class Get, class Set>
     void Through(const BitPlace& place, const Get& get, const Set&) {
         place.Write(range_, order_, static_cast<std::uint32_t>(get()));
+    }
+    template <class Get, class Set>
+    void ThroughData(int count, const Get& get, const Set&) {
+        Put(range_.Take(count), get());
     }
     void Data(const char*, int count, const Bytes& value, const TLimitPair<CountLimits>&) {
         Put(range_.Take(count), value);
@@ -194,6 +203,8 @@ public:
     }
     template <class Get, class Set>
     void Through(const BitPlace&, const Get&, const Set&) {}
+    template <class Get, class Set>
+    void ThroughData(int, const Get&, const Set&) {}
     void Data(const char* name, int, const Bytes& value, const TLimitPair<CountLimits>& limits) {
         Rest(name, value, limits);
     }
@@ -273,6 +284,8 @@ public:
     }
     template <class Get, class Set>
     void Through(const BitPlace&, const Get&, const Set&) {}
+    template <class Get, class Set>
+    void ThroughData(int, const Get&, const Set&) {}
     void Data(const char* name, int, const Bytes&, const TLimitPair<CountLimits>& pair) {
         limits.push_back({name, pair.proper, pair.all});
     }

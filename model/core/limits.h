@@ -83,6 +83,13 @@ struct TLimitPair {
     constexpr TLimitPair(const L& sound, const L& carried) : proper(sound), all(carried) {}
 };
 
+constexpr TLimitPair<ValueLimits> Within(int min, int max) { return ValueLimits{min, max}; }
+constexpr TLimitPair<ValueLimits> Within(const ValueLimits& proper, const ValueLimits& all) { return {proper, all}; }
+constexpr TLimitPair<LongLimits> Within(const LongLimits& both) { return both; }
+constexpr TLimitPair<DecimalLimits> Within(const DecimalLimits& both) { return both; }
+constexpr TLimitPair<EnumLimits> OneOf(int count) { return EnumLimits{count}; }
+constexpr TLimitPair<CountLimits> Exactly(int length) { return CountLimits{length, length}; }
+
 // How a raw number of the bytes maps to a value and back. Pairs serve for special raws ("raw 0 is Undefined").
 template <class T>
 struct TCodingPair {

@@ -1,0 +1,44 @@
+#include "model/edid/color_coordinates.h"
+
+namespace VNT {
+
+namespace {
+constexpr int Steps = 1024;
+}
+
+int EncodeColorCoordinate(Decimal value) {
+    if (value < Decimal() || value > Decimal(1)) return Undefined;
+    const int raw = (value * Steps).RoundNearest(0).ToInt();
+    return raw < Steps ? raw : Undefined;
+}
+
+Decimal DecodeColorCoordinate(int raw) {
+    if (raw < 0 || raw >= Steps) return Decimal::Undefined();
+    return Decimal(raw) / Steps;
+}
+
+bool EdidColorCoordinates::Read(ByteRange range) {
+    if (!range.Limit(FrameSize)) return false;
+    LayoutReader io(range);
+    Map(io, *this);
+    useRaw = true;
+    Normalize();
+    return true;
+}
+
+bool EdidColorCoordinates::Write(ByteRange range) const {
+    if (!range.Limit(FrameSize) || !IsValidAll()) return false;
+    LayoutWriter io(range);
+    Map(io, *this);
+    return true;
+}
+
+void EdidColorCoordinates::Normalize() {
+    for (std::size_t i = 0; i < CoordinateCount; ++i) {
+        if (!useRaw) raw[i] = EncodeColorCoordinate(value[i]);
+        actual[i] = DecodeColorCoordinate(raw[i]);
+        if (useRaw) value[i] = actual[i];
+    }
+}
+
+}  // namespace VNT

@@ -1,0 +1,131 @@
+#include "model/edid/edid.h"
+
+#include "model/edid/text_descriptor.h"
+
+namespace VNT {
+
+namespace {
+
+const Bytes Header{0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00};
+constexpr int EstablishedBytes = 3;
+constexpr int StandardBytes = 16;
+constexpr int DescriptorBytes = 72;
+constexpr int MaxExtensionBytes = 255 * Edid::BlockSize;
+constexpr std::uint8_t UnusedStandardByte = 0x01;
+
+}  // namespace
+
+Edid::Edid(const EdidFields& fields) : EdidFields(fields) {
+    extensionBlockCount = extensionBlocks.GetCount();
+    if (extensionBlocks.UpdateOverrideCount()) {
+        extensionBlockCount = 1;
+        extensionOverrideCount = extensionBlocks.GetCount();
+    }
+    checksum = GetComputedChecksum();
+}
+
+bool Edid::Read(ByteRange range) {
+    if (range.Size() < BlockSize || !(Bytes(range.Peek(Header.Size())) == Header)) return false;
+    range.position = 0;
+    range.SkipBytes(Header.Size());
+    EdidProperties readProperties;
+    readProperties.Read(range.Take(EdidProperties::FrameSize));
+    properties = readProperties;
+    established.GetBytes() = Bytes(range.Take(EstablishedBytes));
+    standardResolutions.Read(range.Take(StandardBytes));
+    standardResolutions.TrimTrailing(EdidStandardResolution());
+    descriptors.Read(range.Take(DescriptorBytes));
+    descriptors.TrimTrailing(EdidEmptyDescriptor());
+    extensionBlockCount = static_cast<int>(range.ReadLsb(8));
+    checksum = static_cast<int>(range.ReadLsb(8));
+
+    extensionOverrideCount = Undefined;
+    EdidExtensionBlock first;
+    if (extensionBlockCount >= 1 && first.Read(range.Peek(BlockSize)))
+        extensionOverrideCount = first.GetOverrideCount();
+    const int wanted = std::max(extensionBlockCount, extensionOverrideCount);
+    extensionBlocks.Read(range.Take(wanted * BlockSize));
+    extensionBlocks.FillUp(wanted);
+    return true;
+}
+
+bool Edid::Write(ByteRange range) const {
+    if (!range.Limit(GetSize()) || !IsValidAll()) return false;
+    WriteBaseBlock(range.Peek(BlockSize));
+    range.Drop(BlockSize);
+    return extensionBlocks.Write(range);
+}
+
+void Edid::WriteBaseBlock(ByteRange range) const {
+    const auto put = [&range](const Bytes& bytes) {
+        for (const std::uint8_t byte : bytes.Vector()) range.WriteLsb(8, byte);
+    };
+    put(Header);
+    EdidProperties(properties).Write(range.Take(EdidProperties::FrameSize));
+    put(established.GetBytes());
+    const ByteRange standard = range.Take(StandardBytes);
+    standard.Fill(UnusedStandardByte);
+    standardResolutions.Write(standard);
+    descriptors.Write(range.Take(DescriptorBytes));
+    range.WriteLsb(8, static_cast<std::uint32_t>(extensionBlockCount));
+    range.WriteLsb(8, checksum == Undefined ? 0 : static_cast<std::uint32_t>(checksum));
+}
+
+EdidLimits Edid::GetLimits() const {
+    EdidLimits limits = GetAllLimits();
+    const int computed = GetComputedChecksum();
+    limits.checksum = ValueLimits{computed, computed};
+    return limits;
+}
+
+EdidLimits Edid::GetAllLimits() const {
+    return {SlotListLimits::FromBytes(StandardBytes, EdidStandardResolutionList::SlotBytes),
+            SlotListLimits::FromBytes(DescriptorBytes, EdidDescriptorList::SlotBytes),
+            SlotListLimits::FromBytes(MaxExtensionBytes, EdidExtensionBlockList::SlotBytes),
+            ValueLimits{0, 255, 0, 0, {Undefined}}};
+}
+
+EdidStatus Edid::GetStatus(const EdidLimits& limits) const {
+    EdidStatus status;
+    const int blocks = extensionBlocks.GetCount();
+    status.properties = EdidProperties(properties).IsValidAll();
+    status.standardResolutions = limits.standardResolutions.Contains(standardResolutions);
+    status.descriptors = limits.descriptors.Contains(descriptors);
+    status.extensionBlocks = limits.extensionBlocks.Contains(extensionBlocks);
+    status.checksum = limits.checksum.Contains(checksum);
+    if (extensionOverrideCount == Undefined) {
+        status.counts = extensionBlockCount == blocks;
+    } else if (extensionOverrideCount <= extensionBlockCount) {
+        status.counts =
+            extensionBlockCount == blocks && extensionOverrideCount >= 0 && extensionOverrideCount <= blocks;
+    } else {
+        status.counts = extensionBlockCount >= 1 && extensionBlockCount <= blocks && extensionOverrideCount == blocks;
+    }
+    return status;
+}
+
+Bytes Edid::GetBytes() const {
+    Bytes bytes(GetSize(), 0);
+    return Write(bytes) ? bytes : Bytes();
+}
+
+int Edid::GetComputedChecksum() const {
+    // Only a whole that can be written has a checksum; the one that stands here has no part in that.
+    EdidStatus status = GetStatus(GetAllLimits());
+    status.checksum = true;
+    if (!status.All()) return Undefined;
+    Bytes scratch(BlockSize, 0);
+    WriteBaseBlock(scratch);
+    return ComputeChecksum(scratch);
+}
+
+EdidIdentity Edid::GetIdentity() const {
+    EdidNameDescriptor name;
+    EdidSerialNumberDescriptor serialNumber;
+    descriptors.Find(name);
+    descriptors.Find(serialNumber);
+    return {properties.vendorId, properties.productId, properties.serialNumber, properties.week, properties.year,
+            name.text,           serialNumber.text};
+}
+
+}  // namespace VNT
