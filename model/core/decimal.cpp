@@ -7,8 +7,7 @@ namespace VNT {
 
 namespace {
 
-constexpr std::int64_t Most = std::numeric_limits<std::int64_t>::max();
-constexpr auto UnsignedMost = static_cast<std::uint64_t>(Most);
+constexpr auto Most = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
 
 // A number as magnitude and sign, so that every operation truncates towards zero and none overflows on the way.
 struct Signed {
@@ -21,7 +20,7 @@ Signed Split(std::int64_t value) {
 }
 
 Decimal Join(std::uint64_t magnitude, bool negative) {
-    const auto held = static_cast<std::int64_t>(std::min(magnitude, UnsignedMost));
+    const auto held = static_cast<std::int64_t>(std::min(magnitude, Most));
     return Decimal::FromMillionths(negative ? -held : held);
 }
 
@@ -63,17 +62,17 @@ Decimal RoundTo(Decimal value, int places, bool up) {
     if (value.IsUndefined() || places >= 6) return value;
     const std::int64_t unit = PowerOfTen(6 - std::max(places, -12));
     const std::int64_t rest = value.Millionths() % unit;
-    const std::int64_t whole = value.Millionths() - rest;
+    const Decimal truncated = Decimal::FromMillionths(value.Millionths() - rest);
     const bool away = up ? rest > 0 : std::abs(rest) >= unit - std::abs(rest);
-    if (rest == 0 || !away) return Decimal::FromMillionths(whole);
-    return Decimal::FromMillionths(whole) + Decimal::FromMillionths(rest < 0 ? -unit : unit);
+    return away ? truncated + Decimal::FromMillionths(rest < 0 ? -unit : unit) : truncated;
 }
 
 }  // namespace
 
 Decimal Decimal::FromDouble(double value) {
+    constexpr double limit = 9223372036854775808.0;  // 2^63
     const double count = std::round(value * static_cast<double>(Scale));
-    if (!(std::abs(count) < 9.2e18)) return Undefined();
+    if (!(std::abs(count) < limit)) return Undefined();
     return FromMillionths(static_cast<std::int64_t>(count));
 }
 
@@ -117,14 +116,14 @@ Decimal Decimal::operator/(Decimal other) const {
 }
 
 Decimal Decimal::operator*(std::int64_t factor) const {
-    if (IsUndefined()) return Undefined();
+    if (IsUndefined() || factor == VNT::Undefined) return Undefined();
     const Signed a = Split(millionths_);
     const Signed b = Split(factor);
     return Join(SaturatedMultiply(a.magnitude, b.magnitude), a.negative != b.negative);
 }
 
 Decimal Decimal::operator/(std::int64_t divisor) const {
-    if (IsUndefined() || divisor == 0) return Undefined();
+    if (IsUndefined() || divisor == VNT::Undefined || divisor == 0) return Undefined();
     const Signed a = Split(millionths_);
     const Signed b = Split(divisor);
     return Join(a.magnitude / b.magnitude, a.negative != b.negative);

@@ -11,14 +11,16 @@ inline constexpr int Undefined = std::numeric_limits<int>::min();
 
 // The number type of every field that is not an integer: a signed 64-bit count of millionths.
 //
-// Arithmetic is exact and truncates towards zero where a result has more than six decimals. An undefined operand gives
-// an undefined result, so does a division by zero; a result beyond 64 bits is held at the greatest or least number.
+// Arithmetic is exact and truncates towards zero where a result has more than six decimals. An undefined operand (of an
+// integer, the int Undefined) gives an undefined result, so does a division by zero; a result beyond 64 bits is held at
+// the greatest or least number.
 class Decimal {
 public:
     static constexpr std::int64_t Scale = 1000000;
 
     constexpr Decimal() = default;
-    // mantissa x 10^(-decimals): Decimal(10, 3) is 0.01. The int Undefined gives the undefined Decimal.
+    // mantissa x 10^(-decimals), truncated to six decimals: Decimal(10, 3) is 0.01. The int Undefined gives the
+    // undefined Decimal.
     constexpr explicit Decimal(std::int64_t mantissa, int decimals = 0);
     static constexpr Decimal FromMillionths(std::int64_t count) {
         Decimal result;
@@ -42,9 +44,10 @@ public:
     Decimal operator/(std::int64_t divisor) const;
     Decimal operator-() const { return Decimal() - *this; }
 
-    // To a multiple of 10^(-places), half away from zero. Undefined stays, and so does any value at 6 places or more.
+    // To a multiple of 10^(-places), half away from zero; `places` below -12 count as -12. Undefined stays, and so does
+    // any value at 6 places or more.
     Decimal RoundNearest(int places) const;
-    // To the next multiple of 10^(-places) towards plus infinity, with the same two exceptions.
+    // The same, to the next multiple towards plus infinity.
     Decimal RoundUp(int places) const;
     // The count of 10^(-places) units, truncated towards zero and held within an int; VNT::Undefined if undefined.
     int ToInt(int places = 0) const;

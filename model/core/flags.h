@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <initializer_list>
+#include <utility>
 
 #include "model/core/bytes.h"
 #include "model/core/text_string.h"
@@ -66,15 +68,17 @@ public:
 };
 
 // A bit array of up to n bits in bytes, bit 0 being the first byte's lowest; n is 0xFFFF for maps of unbounded length.
-// Bits beyond the bytes held read as false.
+// Bits beyond n, and beyond the bytes held, read as false.
 template <int n>
 class TBits {
 public:
     static constexpr int BitCount = n;
-    TBits() : bytes_(n == 0xFFFF ? 0 : (n + 7) / 8, 0) {}
+    static constexpr bool IsUnbounded = n == 0xFFFF;
+
+    TBits() : bytes_(IsUnbounded ? 0 : (n + 7) / 8, 0) {}
     explicit TBits(Bytes bytes) : bytes_(std::move(bytes)) {}
     bool TestAt(int bit) const {
-        return bit >= 0 && bit / 8 < bytes_.Size() && (bytes_.At(bit / 8) >> bit % 8 & 1) != 0;
+        return bit >= 0 && bit < std::min(n, bytes_.Size() * 8) && ((bytes_.At(bit / 8) >> (bit % 8)) & 1) != 0;
     }
     // Grows an unbounded map; a bit outside a bounded one is ignored.
     void SetAt(int bit, bool on) {
@@ -84,12 +88,12 @@ public:
             bytes_.Resize(bit / 8 + 1);
         }
         std::uint8_t& byte = bytes_.At(bit / 8);
-        const int mask = 1 << bit % 8;
+        const int mask = 1 << (bit % 8);
         byte = static_cast<std::uint8_t>(on ? byte | mask : byte & ~mask);
     }
     int CountSet() const {
         int count = 0;
-        for (int bit = 0; bit < bytes_.Size() * 8; ++bit) count += TestAt(bit) ? 1 : 0;
+        for (int bit = 0; bit < std::min(n, bytes_.Size() * 8); ++bit) count += TestAt(bit) ? 1 : 0;
         return count;
     }
     const Bytes& GetBytes() const { return bytes_; }

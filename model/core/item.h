@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "model/core/any.h"
 #include "model/core/layout.h"
 #include "model/core/text.h"

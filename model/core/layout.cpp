@@ -4,6 +4,8 @@
 
 namespace VNT {
 
+std::int64_t BitPlace::Most() const { return (std::int64_t{1} << std::clamp(bits_, 0, 32)) - 1; }
+
 std::uint32_t BitPlace::Read(ByteRange& range, BitOrder order) const {
     if (pieces_.begin() == pieces_.end()) return order == BitOrder::Lsb ? range.ReadLsb(bits_) : range.ReadMsb(bits_);
     std::uint32_t raw = 0;
@@ -56,7 +58,5 @@ bool ItemStatus::IsValid() const {
 bool ItemStatus::IsValidAll() const {
     return std::all_of(fields_.begin(), fields_.end(), [](const FieldStatus& f) { return f.all; });
 }
-
-std::int64_t LimitsLister::PowerOfTwo(int exponent) { return std::int64_t{1} << std::clamp(exponent, 0, 62); }
 
 }  // namespace VNT

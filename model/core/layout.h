@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstdint>
+#include <initializer_list>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -35,6 +38,7 @@ public:
         for (const BitPiece& piece : pieces) bits_ += piece.count;
     }
     constexpr int Count() const { return bits_; }
+    std::int64_t Most() const;  // the greatest number that fits
     std::uint32_t Read(ByteRange& range, BitOrder order) const;
     void Write(ByteRange& range, BitOrder order, std::uint32_t raw) const;
 
@@ -53,6 +57,8 @@ concept FlagHolder = requires(const T& t) {
 
 template <class T>
 T FromRaw(std::uint32_t raw) {
+    constexpr bool keepsAnyNumber = !std::is_enum_v<T> || requires { T{0}; };
+    static_assert(keepsAnyNumber, "an enumeration that is read from bytes needs a fixed underlying type");
     if constexpr (std::is_same_v<T, bool>) {
         return raw != 0;
     } else {
@@ -189,7 +195,7 @@ public:
     template <class T>
     void Kept(const char* name, const BitPlace& place, const T& value) {
         bool fits = true;
-        if constexpr (std::is_same_v<T, int>) fits = value >= 0 && (place.Count() >= 31 || value < 1 << place.Count());
+        if constexpr (std::is_integral_v<T>) fits = value >= T{} && static_cast<std::int64_t>(value) <= place.Most();
         sink_.Report(name, fits, fits);
     }
     template <class T, class L>
@@ -271,8 +277,8 @@ public:
     void Constant(const BitPlace&, std::uint32_t) {}
     template <class T>
     void Kept(const char* name, const BitPlace& place, const T&) {
-        const std::int64_t most = PowerOfTwo(place.Count()) - 1;
-        limits.push_back({name, LongLimits{0, most}, LongLimits{0, most}});
+        const LongLimits carried{0, place.Most()};
+        limits.push_back({name, carried, carried});
     }
     template <class T, class L>
     void Number(const char* name, const BitPlace&, const T&, const TLimitPair<L>& pair) {
@@ -297,9 +303,6 @@ public:
     void Check(const char*, bool, bool) {}
 
     std::vector<FieldLimits> limits;
-
-private:
-    static std::int64_t PowerOfTwo(int exponent);
 };
 
 template <class X>

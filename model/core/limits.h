@@ -1,8 +1,10 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <type_traits>
 
 #include "model/core/decimal.h"
 
@@ -40,8 +42,8 @@ constexpr std::int64_t Raw(std::int64_t value) { return value; }
 constexpr std::int64_t Raw(Decimal value) { return value.Millionths(); }
 }  // namespace Detail
 
-// A value passes if it is one of `extra`, or lies in min to max and, with a `step`, leaves `stepOffset` modulo the
-// step.
+// A value passes if it is one of `extra`, or if it lies in min to max and, with a `step`, is `stepOffset` modulo
+// `step`.
 template <class T>
 struct TValueLimits {
     T min{};
@@ -101,7 +103,7 @@ struct TCodingPair {
 template <class T>
 struct TValueCoding {
     T offset{};
-    T step{};
+    T step = T(1);  // greater than 0
     TFew<TCodingPair<T>> pairs{};
 
     constexpr T Decode(std::uint32_t raw) const {
@@ -122,7 +124,9 @@ struct TValueCoding {
         if constexpr (std::is_same_v<T, Decimal>) {
             return (value - offset).Millionths() / step.Millionths();
         } else {
-            return (static_cast<std::int64_t>(value) - offset) / step;
+            // Unsigned, so that no value overflows: what it gives beyond the limits is never written.
+            const auto count = static_cast<std::uint64_t>(value) - static_cast<std::uint64_t>(offset);
+            return static_cast<std::int64_t>(count) / step;
         }
     }
 };

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
+#include <utility>
 #include <vector>
 
 #include "model/core/bytes.h"
@@ -34,7 +36,7 @@ public:
     }
     bool Set(int index, const Item& item) {
         if (!Has(index) || !item.IsValidAll()) return false;
-        At(index) = item;
+        Slot(index) = item;
         return true;
     }
     // False for an index out of range, or if `target` is of another class than the item.
@@ -59,7 +61,7 @@ public:
     // Exchanges two neighbours: what the list's arrow buttons do.
     bool Swap(int a, int b) {
         if (!Has(a) || !Has(b)) return false;
-        std::swap(At(a), At(b));
+        std::swap(Slot(a), Slot(b));
         return true;
     }
     auto begin() const { return items_.begin(); }
@@ -68,7 +70,7 @@ public:
 
 protected:
     bool Has(int index) const { return index >= 0 && index < GetCount(); }
-    Item& At(int index) { return items_[static_cast<std::size_t>(index)]; }
+    Item& Slot(int index) { return items_[static_cast<std::size_t>(index)]; }
     std::vector<Item> items_;
 };
 

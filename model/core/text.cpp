@@ -1,34 +1,23 @@
 #include "model/core/text.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace VNT {
 
 namespace {
 
 constexpr int Passes = 10;
+constexpr int MostReplacements = MaxTextLength;
 
-// Replaces each occurrence that the text has now, going on behind the value. For values that hold their own key.
-bool ReplaceOnce(std::u32string& text, std::u32string_view key, std::u32string_view value) {
-    bool changed = false;
-    for (std::size_t at = text.find(key); at != std::u32string::npos && text.size() < MaxTextLength;
-         at = text.find(key, at + value.size())) {
-        text.replace(at, key.size(), value);
-        changed = true;
-    }
-    return changed;
-}
+// Stands for the brace of a key that is plain text, until the engine is done. It is no code point.
+constexpr char32_t HeldBrace = 0x110000;
 
-// Replaces the first occurrence until there is none. The step count bounds texts whose pieces join to new keys.
-bool ReplaceAll(std::u32string& text, std::u32string_view key, std::u32string_view value) {
-    bool changed = false;
-    for (int step = 0; step < MaxTextLength && text.size() < MaxTextLength; ++step) {
-        const std::size_t at = text.find(key);
-        if (at == std::u32string::npos) break;
-        text.replace(at, key.size(), value);
-        changed = true;
-    }
-    return changed;
+// `value` with its own `key` as plain text: put in as it stands, it would be replaced for ever.
+std::u32string HoldOwnKey(std::u32string_view value, std::u32string_view key) {
+    std::u32string held(value);
+    for (std::size_t at = held.find(key); at != std::u32string::npos; at = held.find(key, at)) held[at] = HeldBrace;
+    return held;
 }
 
 std::u32string_view ChooseLeft(int left, std::u32string_view oneOver, std::u32string_view manyOver,
@@ -71,40 +60,47 @@ private:
 
 }  // namespace
 
-void TextTable::Set(std::u32string_view key, String value) {
+std::size_t TextTable::PlaceOf(std::u32string_view key) const {
     const auto at =
         std::lower_bound(rows_.begin(), rows_.end(), key, [](const auto& row, auto k) { return row.first < k; });
-    if (at != rows_.end() && at->first == key) {
-        at->second = std::move(value);
+    return static_cast<std::size_t>(at - rows_.begin());
+}
+
+void TextTable::Set(std::u32string_view key, String value) {
+    if (Find(key) != nullptr) {
+        rows_[PlaceOf(key)].second = std::move(value);
     } else {
-        rows_.insert(at, {key, std::move(value)});
+        rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(PlaceOf(key)), {key, std::move(value)});
     }
 }
 
 void TextTable::Set(std::u32string_view key, std::int64_t number) { Set(key, NumberText(number, 10, 0, false)); }
 
 const String* TextTable::Find(std::u32string_view key) const {
-    const auto at =
-        std::lower_bound(rows_.begin(), rows_.end(), key, [](const auto& row, auto k) { return row.first < k; });
-    return at != rows_.end() && at->first == key ? &at->second : nullptr;
+    const std::size_t place = PlaceOf(key);
+    return place < rows_.size() && rows_[place].first == key ? &rows_[place].second : nullptr;
 }
 
 String Replace(std::u32string_view source, const TextTable& table) {
+    const std::size_t mostLength = std::max(source.size(), static_cast<std::size_t>(MaxTextLength));
+    int replacementsLeft = MostReplacements;
     std::u32string text(source);
-    std::vector<bool> placed(table.Rows().size());  // values that hold their own key and have been put in
-    for (int pass = 0; pass < Passes; ++pass) {
-        bool changed = false;
-        for (std::size_t i = 0; i < table.Rows().size(); ++i) {
-            const auto& [key, value] = table.Rows()[i];
-            if (!value.Contains(key)) {
-                changed = ReplaceAll(text, key, value.View()) || changed;
-            } else if (!placed[i] && ReplaceOnce(text, key, value.View())) {
-                placed[i] = changed = true;
+    bool changed = true;
+    for (int pass = 0; pass < Passes && changed; ++pass) {
+        changed = false;
+        for (const auto& [key, plainValue] : table.Rows()) {
+            std::size_t at = text.find(key);
+            if (at == std::u32string::npos) continue;
+            const std::u32string value = HoldOwnKey(plainValue.View(), key);
+            for (; at != std::u32string::npos && replacementsLeft > 0; at = text.find(key)) {
+                text.replace(at, key.size(), value);
+                if (text.size() > mostLength) text.resize(mostLength);
+                --replacementsLeft;
+                changed = true;
             }
         }
-        if (!changed || text.size() >= MaxTextLength) break;
     }
-    if (text.size() > MaxTextLength) text.resize(MaxTextLength);
+    std::replace(text.begin(), text.end(), HeldBrace, U'{');
     return String(std::move(text));
 }
 
@@ -142,6 +138,12 @@ void FillSizeTexts(TextTable& table, const ListMeasure& measure, const SizeTextF
     table.Set(U"{sizelefttext}",
               ChooseLeft(left, f.oneSizeOver, f.manySizeOver, f.zeroSizeLeft, f.oneSizeLeft, f.manySizeLeft));
     table.Set(U"{maxsizetext}", ChooseByCount(measure.maxSize, f.zeroMaxSize, f.oneMaxSize, f.manyMaxSize));
+}
+
+String GetSizeText(int size, int maxSize, std::u32string_view caption, const SizeTextFormat& format) {
+    TextTable table;
+    FillSizeTexts(table, {0, 0, size, maxSize}, format);
+    return Replace(caption, table);
 }
 
 String NumberText(std::int64_t value, int radix, int width, bool uppercase) {
@@ -184,7 +186,9 @@ String DecimalToText(Decimal value, const DecimalFormat& format) {
     return String(std::move(text));
 }
 
-String DecimalToText(Decimal value, int decimals) { return DecimalToText(value, DecimalFormat{decimals, 64, false}); }
+String DecimalToText(Decimal value, int decimals) {
+    return DecimalToText(value, DecimalFormat{decimals, std::numeric_limits<int>::max(), false});
+}
 
 bool TextToDecimal(const String& text, Decimal& out) {
     Scanner scan(text.View());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -22,12 +24,13 @@ public:
     const std::vector<std::pair<std::u32string_view, String>>& Rows() const { return rows_; }
 
 private:
+    std::size_t PlaceOf(std::u32string_view key) const;         // where its row stands or would stand
     std::vector<std::pair<std::u32string_view, String>> rows_;  // keys are literals
 };
 
-// At most ten passes over the keys in order; each key is replaced until it occurs no more, from the start of the text
-// each time. Values may hold placeholders of their own. It ends whatever the values hold: a value that holds its own
-// key is put in once per occurrence, and a text that reaches `MaxTextLength` is cut there.
+// At most ten passes over the keys in order, as long as a pass changes something; each key is replaced until it occurs
+// no more, from the start of the text each time. Values may hold placeholders of their own. It ends and stays small
+// whatever they hold: its own key is plain text in a value, and what grows beyond `MaxTextLength` is cut there.
 inline constexpr int MaxTextLength = 4096;
 String Replace(const String& text, const TextTable& table);
 String Replace(std::u32string_view text, const TextTable& table);
@@ -36,8 +39,8 @@ String Replace(std::u32string_view text, const TextTable& table);
 struct TextFormat {
     std::u32string_view format = U"{type}: {description}";
     std::u32string_view emptyFormat = U"{type} is empty";
-    std::u32string_view description;
-    std::u32string_view type;
+    std::u32string_view description = U"";
+    std::u32string_view type = U"";
 };
 
 // Fills "{type}" and "{description}" and gives the main template, or the empty one.
@@ -87,6 +90,9 @@ String GetListText(const Limits& limits, const List& list, const SizeTextFormat&
     return Replace(caption, table);
 }
 
+// The caption of a text or hex field that holds `size` of `maxSize` bytes.
+String GetSizeText(int size, int maxSize, std::u32string_view caption, const SizeTextFormat& format = {});
+
 // Digits of `value` in `radix` (2 to 36), padded with "0" to at least `width` digits, "-" in front of a negative
 // number.
 String NumberText(std::int64_t value, int radix, int width, bool uppercase);
@@ -109,9 +115,9 @@ struct HexFormat {
     int bytesPerLine = 0;   // 0: no line breaks
     int linesPerGroup = 0;  // 0: no groups
     bool uppercase = true;
-    std::u32string_view prefix;   // before each byte
-    std::u32string_view suffix;   // after each byte
-    std::u32string_view between;  // after every byte but the last
+    std::u32string_view prefix = U"";   // before each byte
+    std::u32string_view suffix = U"";   // after each byte
+    std::u32string_view between = U"";  // after every byte but the last
     std::u32string_view space = U" ";
     std::u32string_view newline = U"\n";
 };

@@ -9,6 +9,9 @@ constexpr char32_t LastCodePoint = 0x10FFFF;
 
 bool IsSurrogate(char32_t c) { return c >= 0xD800 && c <= 0xDFFF; }
 
+// The point itself where it is one that text in another form can carry.
+char32_t Transferable(char32_t point) { return point > LastCodePoint || IsSurrogate(point) ? Replacement : point; }
+
 struct Lead {
     int length;      // bytes of the sequence; 0: no lead byte
     char32_t bits;   // payload of the lead byte
@@ -33,14 +36,13 @@ char32_t NextUtf8(std::string_view utf8, std::size_t& at) {
         good = byte >= 0x80 && byte < 0xC0;
         point = point * 64 + (byte - 0x80u);
     }
-    good = good && point >= lead.least && point <= LastCodePoint && !IsSurrogate(point);
+    good = good && point >= lead.least && Transferable(point) == point;
     at += good ? static_cast<std::size_t>(lead.length) : 1;
     return good ? point : Replacement;
 }
 
 void AppendUtf8(std::string& out, char32_t point) {
     const auto put = [&out](char32_t byte) { out.push_back(static_cast<char>(static_cast<unsigned char>(byte))); };
-    if (point > LastCodePoint || IsSurrogate(point)) point = Replacement;
     if (point < 0x80) {
         put(point);
     } else if (point < 0x800) {
@@ -76,26 +78,27 @@ String::String(std::wstring_view wide) {
                 ++i;
             }
         }
-        text_.push_back(IsSurrogate(unit) || unit > LastCodePoint ? Replacement : unit);
+        text_.push_back(Transferable(unit));
     }
 }
 
 std::string String::ToUtf8() const {
     std::string out;
     out.reserve(text_.size());
-    for (const char32_t point : text_) AppendUtf8(out, point);
+    for (const char32_t point : text_) AppendUtf8(out, Transferable(point));
     return out;
 }
 
 std::wstring String::ToWide() const {
     std::wstring out;
     out.reserve(text_.size());
-    for (const char32_t point : text_) {
-        if (sizeof(wchar_t) == 2 && point >= 0x10000 && point <= LastCodePoint) {
+    for (const char32_t held : text_) {
+        const char32_t point = Transferable(held);
+        if (sizeof(wchar_t) == 2 && point >= 0x10000) {
             out.push_back(static_cast<wchar_t>(0xD800 + (point - 0x10000) / 1024));
             out.push_back(static_cast<wchar_t>(0xDC00 + (point - 0x10000) % 1024));
         } else {
-            out.push_back(static_cast<wchar_t>(point > LastCodePoint ? Replacement : point));
+            out.push_back(static_cast<wchar_t>(point));
         }
     }
     return out;

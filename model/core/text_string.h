@@ -1,7 +1,10 @@
 #pragma once
 
+#include <compare>
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace VNT {
 
