@@ -70,6 +70,7 @@ public:
 
 protected:
     bool Has(int index) const { return index >= 0 && index < GetCount(); }
+    // The item to be changed in place; whoever does so keeps it IsValidAll.
     Item& Slot(int index) { return items_[static_cast<std::size_t>(index)]; }
     std::vector<Item> items_;
 };

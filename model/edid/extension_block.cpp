@@ -61,7 +61,7 @@ void EdidOtherExtensionBlock::SetOverrideCount(int count) {
 
 bool EdidExtensionBlockList::UpdateOverrideCount() {
     if (GetOverrideCount() == Undefined) return false;
-    At(0).SetOverrideCount(GetCount());
+    Slot(0).SetOverrideCount(GetCount());
     return true;
 }
 
