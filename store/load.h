@@ -1,0 +1,12 @@
+#pragma once
+
+#include "store/display.h"
+#include "store/platform.h"
+
+namespace VNT {
+
+// Rebuilds the list from the store and from what the other sources report: active displays, those with an override
+// and, if asked for, inactive ones with an EDID. False only if the monitor class can't be opened.
+bool LoadDisplays(Platform& platform, DisplayList& list, bool includeInactiveWithEdid);
+
+}  // namespace VNT

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <string>
+
+#include "store/load.h"
+#include "store/match.h"
+#include "store/memory/memory_platform.h"
+#include "store/save.h"
+
+// Displays and blocks of our own making for the store's tests.
+namespace VNT::Sample {
+
+inline const std::wstring First = L"DISPLAY\\VTA1001\\4&1&0&UID1";
+inline const std::wstring Second = L"DISPLAY\\VTB2002\\4&2&0&UID2";
+inline const std::wstring Third = L"DISPLAY\\VTC3003\\4&3&0&UID3";
+
+// A block of 128 equal bytes behind its first one.
+inline Bytes Block(int first, int fill) {
+    Bytes block(EdidBlockSize, static_cast<std::uint8_t>(fill));
+    block.At(0) = static_cast<std::uint8_t>(first);
+    return block;
+}
+
+// A base block that begins with zero, as an EDID does, and counts `extensions` in byte 126.
+inline Bytes Base(int fill, int extensions = 0) {
+    Bytes block = Block(0, fill);
+    block.At(126) = static_cast<std::uint8_t>(extensions);
+    return block;
+}
+
+inline Bytes Join(std::initializer_list<Bytes> parts) {
+    Bytes all;
+    for (const Bytes& part : parts) all.Append(part);
+    return all;
+}
+
+inline Bytes Zeros() { return Bytes(EdidBlockSize, 0); }
+
+inline MemoryDevice& Add(MemoryPlatform& platform, const std::wstring& instanceId, bool present, const Bytes& edid) {
+    MemoryDevice device;
+    device.instanceId = instanceId;
+    device.present = present;
+    if (!edid.IsEmpty()) device.hardwareKey->values.Put(L"EDID", edid);
+    return platform.devices.emplace_back(std::move(device));
+}
+
+inline void PutOverride(MemoryDevice& device, const std::wstring& name, const Bytes& bytes) {
+    MemoryKeyPointer* key = device.hardwareKey->keys.Find(L"EDID_OVERRIDE");
+    if (key == nullptr) key = &device.hardwareKey->keys.Put(L"EDID_OVERRIDE", std::make_shared<MemoryKey>());
+    (*key)->values.Put(name, bytes);
+}
+
+// The names of the values of EDID_OVERRIDE, each with a blank behind it; "-" if there is no such key.
+inline std::wstring OverrideNames(const MemoryDevice& device) {
+    const MemoryKeyPointer* key = device.hardwareKey->keys.Find(L"EDID_OVERRIDE");
+    if (key == nullptr) return L"-";
+    std::wstring names;
+    for (int i = 0; (*key)->values.NameAt(i) != nullptr; ++i) names += *(*key)->values.NameAt(i) + L" ";
+    return names;
+}
+
+inline const Bytes* Edid(const MemoryDevice& device) { return device.hardwareKey->values.Find(L"EDID"); }
+
+}  // namespace VNT::Sample
