@@ -22,6 +22,7 @@ public:
         range.WriteLsb(8, static_cast<std::uint32_t>(second_));
         return true;
     }
+    bool IsValid() const { return true; }
     bool IsValidAll() const { return true; }
     void GetText(String& out) const { out = String(); }
     bool operator==(const EdidStandardResolution&) const = default;

@@ -1,0 +1,93 @@
+#include "cli/check.h"
+
+#include <ostream>
+
+#include "cli/command.h"
+#include "cli/edid_files.h"
+#include "model/edid/file_formats.h"
+
+namespace VNT::Cli {
+
+namespace {
+
+std::string Hex(int byte) { return NumberText(byte, 16, 2, true).ToUtf8(); }
+
+void CheckChecksums(const Bytes& bytes, int blocks, std::vector<std::string>& reasons) {
+    for (int block = 0; block < blocks && (block + 1) * Edid::BlockSize <= bytes.Size(); ++block) {
+        const Bytes part = bytes.Slice(block * Edid::BlockSize, Edid::BlockSize);
+        const int stored = part.At(Edid::BlockSize - 1);
+        const int computed = ComputeChecksum(part);
+        if (stored == computed) continue;
+        reasons.push_back("checksum of block " + std::to_string(block) + " is " + Hex(stored) + ", should be " +
+                          Hex(computed));
+    }
+}
+
+void CheckLength(const Bytes& bytes, int blocks, std::vector<std::string>& reasons) {
+    const int whole = std::min(blocks, bytes.Size() / Edid::BlockSize);
+    const int behind = bytes.Size() - whole * Edid::BlockSize;
+    const int missing = blocks - whole;
+    if (behind > 0)
+        reasons.push_back(std::to_string(behind) + (behind == 1 ? " byte" : " bytes") + " behind the last block");
+    if (missing > 0) reasons.push_back(std::to_string(missing) + (missing == 1 ? " block" : " blocks") + " missing");
+}
+
+void CheckRoundTrip(const Edid& edid, const Bytes& bytes, std::vector<std::string>& reasons) {
+    const Bytes written = edid.GetBytes();
+    const int count = std::min(bytes.Size(), edid.GetSize());
+    for (int i = 0; i < count; ++i) {
+        if (i < written.Size() && written.At(i) == bytes.At(i)) continue;
+        reasons.push_back("round trip differs at byte " + std::to_string(i));
+        return;
+    }
+}
+
+template <class List>
+void CheckList(const std::string& path, const List& list, std::vector<std::string>& reasons) {
+    for (int i = 0; i < list.GetCount(); ++i) {
+        if (!list.At(i).IsValid()) reasons.push_back(path + "/" + std::to_string(i) + " out of limits");
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> CheckEdid(const Edid& edid, const Bytes& bytes) {
+    std::vector<std::string> reasons;
+    const int blocks = 1 + std::max(edid.extensionBlockCount, edid.extensionOverrideCount);
+    CheckChecksums(bytes, blocks, reasons);
+    CheckLength(bytes, blocks, reasons);
+    CheckRoundTrip(edid, bytes, reasons);
+    if (!EdidProperties(edid.properties).IsValid()) reasons.push_back("properties out of limits");
+    CheckList("descriptors", edid.descriptors, reasons);
+    CheckList("standard", edid.standardResolutions, reasons);
+    CheckList("extensions", edid.extensionBlocks, reasons);
+    return reasons;
+}
+
+int RunCheck(const Arguments& arguments, const Console& console) {
+    if (arguments.Words().empty()) throw Failure("too few words; --help shows the commands");
+    int status = Success;
+    for (const std::string& file : arguments.Words()) {
+        try {
+            const Bytes bytes = ReadFileBytes(file, console);
+            Edid edid;
+            if (!ReadAnyFormat(bytes, edid)) throw Failure("is no EDID in BIN, DAT or TXT format");
+            // A text file has no bytes of its own behind the EDID: what it holds is what was read.
+            const bool isBinary = Edid().Read(bytes);
+            std::string line;
+            for (const std::string& reason : CheckEdid(edid, isBinary ? bytes : edid.GetBytes())) {
+                line += (line.empty() ? "" : "; ") + reason;
+            }
+            console.out << (line.empty() ? "ok " + file : "problem " + file + ": " + line) << "\n";
+            if (!line.empty()) status = std::max<int>(status, Negative);
+        } catch (const Failure& failure) {
+            std::string reason = failure.what();
+            if (reason.starts_with(file + ": ")) reason.erase(0, file.size() + 2);
+            console.out << "unreadable " << file << ": " << reason << "\n";
+            status = Refused;
+        }
+    }
+    return status;
+}
+
+}  // namespace VNT::Cli

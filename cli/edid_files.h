@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "cli/command.h"
+#include "model/edid/edid.h"
+
+namespace VNT::Cli {
+
+// All bytes of FILE, or of standard input for "-". Fails on what can't be read, and on anything over 1 MiB.
+Bytes ReadFileBytes(const std::string& file, const Console& console);
+// FILE as the editor's import reads it. Fails if it is no EDID.
+Edid ImportFile(const std::string& file, const Console& console);
+
+enum class FileFormat { Bin, Dat, Txt };
+// The format of `--format`, else of the file's ending, else BIN. Fails on an unknown format.
+FileFormat ChooseFormat(const Arguments& arguments, const std::string& file);
+// Writes the EDID in that format to a file beside `file`, which is then renamed over it.
+void ExportFile(const Edid& edid, FileFormat format, const std::string& file);
+
+}  // namespace VNT::Cli

@@ -1,0 +1,22 @@
+#include "cli/outline.h"
+
+namespace VNT::Cli {
+
+namespace {
+bool IsControl(char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
+}  // namespace
+
+void Outline::Line(const String& text) {
+    String line(std::u32string(static_cast<std::size_t>(level_) * 2, U' '));
+    for (const char32_t character : text.View()) {
+        if (IsControl(character)) {
+            line += String(U"\\x") + NumberText(character, 16, 2, true);
+        } else {
+            line.Append(character);
+        }
+    }
+    if (text.IsEmpty()) line.Append(U'?');
+    out_ << line.ToUtf8() << '\n';
+}
+
+}  // namespace VNT::Cli

@@ -1,0 +1,138 @@
+#include "cli/show.h"
+
+#include <optional>
+
+#include "cli/command.h"
+#include "cli/edid_files.h"
+#include "cli/outline.h"
+
+namespace VNT::Cli {
+
+namespace {
+
+String Number(std::int64_t value) { return value == Undefined ? String("Undefined") : NumberText(value, 10, 0, false); }
+
+String TwoDecimals(Decimal value) { return value.IsUndefined() ? String("Undefined") : DecimalToText(value, 2); }
+
+template <class Enum, std::size_t n>
+String RowText(Enum value, const ValueText<Enum> (&rows)[n]) {
+    for (const auto& row : rows) {
+        if (row.value == value) return row.text;
+    }
+    return String("Other (") + Number(static_cast<int>(value)) + ")";
+}
+
+template <class Flags, class Enum, std::size_t n>
+String FlagTexts(const Flags& flags, const ValueText<Enum> (&rows)[n], std::size_t first = 0, std::size_t last = n) {
+    String text;
+    for (std::size_t i = first; i < last; ++i) {
+        if (!flags.Test(rows[i].value)) continue;
+        if (!text.IsEmpty()) text += ", ";
+        text += rows[i].text;
+    }
+    return text.IsEmpty() ? String("None") : text;
+}
+
+String ScreenSize(const EdidProperties& p) {
+    if (p.horizontalSize == Undefined && p.verticalSize == Undefined) return "Undefined";
+    const auto side = [](int size) { return size == Undefined ? String("?") : Number(size); };
+    return side(p.horizontalSize) + " x " + side(p.verticalSize) + " cm";
+}
+
+String RawPair(const EdidColorCoordinates& colors, std::size_t first) {
+    return String("raw ") + Number(colors.raw[first]) + ", " + Number(colors.raw[first + 1]);
+}
+
+// A row of the properties form: its label, the field that says whether it applies (null: always), its value.
+struct PropertyRow {
+    const char* label;
+    const char* field;
+    String (*value)(const EdidProperties&);
+};
+
+using P = EdidProperties;
+constexpr PropertyRow PropertyRows[] = {
+    {"Vendor ID", nullptr, [](const P& p) { return p.vendorId; }},
+    {"Product ID", nullptr, [](const P& p) { return NumberText(p.productId, 16, 4, true); }},
+    {"Serial number", nullptr, [](const P& p) { return Number(p.serialNumber); }},
+    {"Week", nullptr,
+     [](const P& p) { return p.IsVersion14() && p.modelYear ? String("Model year") : Number(p.week); }},
+    {"Year", nullptr, [](const P& p) { return Number(p.year); }},
+    {"Version", nullptr, [](const P& p) { return Number(p.version) + "." + Number(p.revision); }},
+    {"Signal type", nullptr, [](const P& p) { return String(p.digital ? "Digital" : "Analog"); }},
+    {"Analog signal level", "analogSignalLevel",
+     [](const P& p) { return RowText(p.analogSignalLevel, EdidAnalogSignalLevelEnum::Texts); }},
+    {"Analog flags", "analogFlags", [](const P& p) { return FlagTexts(p.analogFlags, EdidAnalogFlagEnum::Texts); }},
+    {"Digital interface", "digitalFlags",
+     [](const P& p) { return FlagTexts(p.digitalFlags, EdidDigitalFlagEnum::Texts); }},
+    {"Digital interface", "digitalInterface",
+     [](const P& p) { return RowText(p.digitalInterface, EdidDigitalInterfaceEnum::Texts); }},
+    {"Digital color depth", "digitalColorDepth",
+     [](const P& p) { return RowText(p.digitalColorDepth, EdidDigitalColorDepthEnum::Texts); }},
+    {"Screen information", "screenFieldsPresent",
+     [](const P& p) { return RowText(p.screenFieldsPresent, EdidScreenFieldsPresentEnum::Texts); }},
+    {"Screen size", "horizontalSize", &ScreenSize},
+    {"Aspect ratio", "aspectRatio", [](const P& p) { return TwoDecimals(p.aspectRatio); }},
+    {"Gamma", nullptr, [](const P& p) { return TwoDecimals(p.gamma); }},
+    {"Power management", nullptr, [](const P& p) { return FlagTexts(p.powerFlags, EdidPowerFlagEnum::Texts); }},
+    {"Color type", "colorType", [](const P& p) { return RowText(p.colorType, EdidColorTypeEnum::Texts); }},
+    {"Digital color formats", "digitalColorFormats",
+     [](const P& p) { return FlagTexts(p.digitalColorFormats, EdidDigitalColorFormatFlagEnum::Texts); }},
+    {"Timing", nullptr,
+     [](const P& p) {
+         return p.IsVersion14() ? FlagTexts(p.flags, EdidFlagEnum::Texts14, 1)
+                                : FlagTexts(p.flags, EdidFlagEnum::Texts, 1);
+     }},
+    {"Color space", nullptr, [](const P& p) { return FlagTexts(p.flags, EdidFlagEnum::Texts, 0, 1); }},
+    {"Red", nullptr, [](const P& p) { return RawPair(p.colors, EdidColorCoordinates::RedX); }},
+    {"Green", nullptr, [](const P& p) { return RawPair(p.colors, EdidColorCoordinates::GreenX); }},
+    {"Blue", nullptr, [](const P& p) { return RawPair(p.colors, EdidColorCoordinates::BlueX); }},
+    {"White", nullptr, [](const P& p) { return RawPair(p.colors, EdidColorCoordinates::WhiteX); }},
+};
+
+void ShowProperties(const EdidProperties& properties, Outline outline) {
+    outline.Line("Properties");
+    const ItemStatus status = properties.GetStatus();
+    for (const PropertyRow& row : PropertyRows) {
+        if (row.field != nullptr && !status.IsPresent(row.field)) continue;
+        outline.Deeper().Line(String(row.label) + ": " + row.value(properties));
+    }
+}
+
+void ShowEstablished(const EdidFields& fields, Outline outline) {
+    outline.Line("Established resolutions");
+    int flag = 0;
+    for (const char* text : EdidEstablishedResolutionFlagEnum::Texts) {
+        if (fields.established.Test(static_cast<EdidEstablishedResolutionFlagEnum::Enum>(flag++)))
+            outline.Deeper().Line(text);
+    }
+}
+
+}  // namespace
+
+void ShowEdid(const Edid& edid, std::ostream& out) {
+    Outline outline(out);
+    const EdidLimits limits = edid.GetAllLimits();
+    ShowProperties(EdidProperties(edid.properties), outline);
+    ShowEstablished(edid, outline);
+    outline.ShowList(limits.descriptors, edid.descriptors, DescriptorCaptions);
+    outline.ShowList(limits.standardResolutions, edid.standardResolutions, StandardResolutionCaptions);
+    outline.ShowList(limits.extensionBlocks, edid.extensionBlocks, ExtensionBlockCaptions);
+}
+
+int RunShow(const Arguments& arguments, const Console& console) {
+    arguments.Expect(1, 1);
+    ShowEdid(ImportFile(arguments.Words()[0], console), console.out);
+    return Success;
+}
+
+int RunConvert(const Arguments& arguments, const Console& console) {
+    arguments.Expect(2, 2);
+    const std::string& out = arguments.Words()[1];
+    const FileFormat format = ChooseFormat(arguments, out);
+    const Edid edid = ImportFile(arguments.Words()[0], console);
+    ExportFile(Edid(static_cast<const EdidFields&>(edid)), format, out);
+    return Success;
+}
+
+}  // namespace VNT::Cli

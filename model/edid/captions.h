@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string_view>
+
+namespace VNT {
+
+// The captions of a list: with room, with none, and the row that stands in an empty list. Forms and the command line
+// read the same rows.
+struct ListCaptions {
+    std::u32string_view withRoom;
+    std::u32string_view noRoom;  // empty: the caption with room stands always
+    std::u32string_view emptyRow;
+};
+
+inline constexpr ListCaptions DescriptorCaptions{U"Detailed resolutions and descriptors ({countlefttext})",
+                                                 U"Detailed resolutions and descriptors (no space left)",
+                                                 U"No detailed resolutions or descriptors"};
+inline constexpr ListCaptions StandardResolutionCaptions{
+    U"Standard resolutions ({countlefttext})", U"Standard resolutions (no space left)", U"No standard resolutions"};
+inline constexpr ListCaptions ExtensionBlockCaptions{U"Extension blocks ({countlefttext})", U"",
+                                                     U"No extension blocks"};
+
+}  // namespace VNT

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "model/edid/edid.h"
+
+namespace VNT {
+
+// The three formats of EDID files, over the bytes of a file: raw bytes (BIN), a listing with offsets (DAT) and plain
+// hex (TXT). The readers return false, with `edid` unchanged, for bytes that are no EDID in their format.
+inline constexpr int MaxBinaryFileBytes = 0x10400;  // of a BIN or DAT file; what is behind is not looked at
+inline constexpr int MaxTextFileCharacters = 0x80000;
+
+bool ReadBin(const Bytes& file, Edid& edid);
+bool ReadDat(const Bytes& file, Edid& edid);
+bool ReadTxt(const Bytes& file, Edid& edid);
+// Whichever of the three takes the bytes, tried in this order.
+bool ReadAnyFormat(const Bytes& file, Edid& edid);
+
+// The bytes of a file; empty if the EDID can't be written. Lines end in "\n".
+Bytes WriteBin(const Edid& edid);
+Bytes WriteDat(const Edid& edid);
+Bytes WriteTxt(const Edid& edid);
+
+}  // namespace VNT
