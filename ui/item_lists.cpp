@@ -16,7 +16,7 @@ void AnyItemList::AddItem(const std::wstring& text, const Font& itemFont) { Inse
 
 bool AnyItemList::InsertItem(int index, const std::wstring& text, const Font& itemFont) {
     if (index != GetCount() && !HasItem(index)) return false;
-    // The text stands before the system draws the item.
+    // Here and below the texts change first: the system may draw the list at once.
     texts.insert(texts.begin() + index, text);
     fonts.insert(fonts.begin() + index, itemFont);
     if (Native::InsertItem(*this, index)) return true;
@@ -25,9 +25,9 @@ bool AnyItemList::InsertItem(int index, const std::wstring& text, const Font& it
 }
 
 bool AnyItemList::RemoveItem(int index) {
-    if (!HasItem(index) || !Native::RemoveItem(*this, index)) return false;
+    if (!HasItem(index)) return false;
     EraseItem(index);
-    return true;
+    return Native::RemoveItem(*this, index);
 }
 
 void AnyItemList::EraseItem(int index) {
@@ -36,9 +36,9 @@ void AnyItemList::EraseItem(int index) {
 }
 
 void AnyItemList::Clear() {
-    Native::ClearItems(*this);
     texts.clear();
     fonts.clear();
+    Native::ClearItems(*this);
 }
 
 const std::wstring& AnyItemList::GetItemText(int index) const {

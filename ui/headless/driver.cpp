@@ -1,0 +1,283 @@
+#include "ui/headless/driver.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace UI::Headless {
+
+namespace {
+
+// The desktop but for the windows that are still open.
+void Clear(Desktop& desktop) {
+    desktop.Loops.clear();
+    desktop.Quit.reset();
+    desktop.Script.clear();
+    desktop.UnderPointer = nullptr;
+    desktop.ShiftDown = false;
+    desktop.System = {};
+    desktop.Messages.clear();
+    desktop.FileDialogs.clear();
+    desktop.FileAnswers.clear();
+}
+
+bool Wants(Handle target, Key key, int code) {
+    const MessageResult codes = Native::Send(target, Message::GetDialogCode, static_cast<WParam>(key), 0);
+    return HasFlag(static_cast<unsigned>(codes), static_cast<unsigned>(code));
+}
+
+// The character that a key types, or 0.
+wchar_t GetCharacter(Key key) {
+    switch (key) {
+        case Key::Back:
+            return L'\b';
+        case Key::Tab:
+            return L'\t';
+        case Key::Return:
+            return L'\r';
+        case Key::Escape:
+            return L'\x1B';
+        case Key::Space:
+            return L' ';
+        default:
+            return 0;
+    }
+}
+
+bool IsArrow(Key key) { return key == Key::Left || key == Key::Up || key == Key::Right || key == Key::Down; }
+
+}  // namespace
+
+Driver::Driver() : desktop(GetDesktop()) { Clear(desktop); }
+
+Driver::~Driver() { Clear(desktop); }
+
+Driver& Driver::Then(std::function<void()> step) {
+    desktop.Script.push_back(std::move(step));
+    return *this;
+}
+
+Window& Driver::GetWindow() const {
+    if (desktop.Loops.empty()) throw ScriptError(L"No window runs.");
+    return *desktop.Loops.back()->Window;
+}
+
+void Driver::RequireInput() const {
+    if (desktop.Quit) throw ScriptError(L"Input for \"" + GetWindow().GetTitle() + L"\", which is about to close.");
+    GetWindow();
+}
+
+Control* Driver::GetFocused() const { return Native::FindControl(desktop.Focus); }
+
+const Look& Driver::GetLook(const Control& control) const {
+    if (!control.GetHandle()->Drawn) throw ScriptError(L"\"" + control.GetText() + L"\" was never drawn.");
+    return *control.GetHandle()->Drawn;
+}
+
+const Look& Driver::GetLook(const Window& window) const {
+    if (!window.GetHandle()->Drawn) throw ScriptError(L"\"" + window.GetTitle() + L"\" was never drawn.");
+    return *window.GetHandle()->Drawn;
+}
+
+void Driver::Type(std::wstring_view text) {
+    for (wchar_t c : text) {
+        switch (c) {
+            case L'\t':
+                Press(Key::Tab);
+                break;
+            case L'\n':
+                Press(Key::Return);
+                break;
+            case L' ':
+                Press(Key::Space);
+                break;
+            default:
+                RequireInput();
+                Native::Send(desktop.Focus, Message::Char, static_cast<WParam>(c), 0);
+        }
+    }
+}
+
+void Driver::PressControl(wchar_t letter) {
+    RequireInput();
+    Native::Send(desktop.Focus, Message::KeyDown, static_cast<WParam>(letter), 0);
+    Native::Send(desktop.Focus, Message::Char, static_cast<WParam>(letter - L'A' + 1), 0);
+}
+
+void Driver::Press(Key key, Modifier modifier) {
+    RequireInput();
+    desktop.ShiftDown = modifier == Modifier::Shift;
+    PressKey(key);
+    desktop.ShiftDown = false;
+}
+
+void Driver::PressKey(Key key) {
+    const Handle target = desktop.Focus;
+    if (!target || PressDialogKey(key, target)) return;
+    Native::Send(target, Message::KeyDown, static_cast<WParam>(key), 0);
+    if (const wchar_t c = GetCharacter(key)) Native::Send(target, Message::Char, static_cast<WParam>(c), 0);
+    Native::Send(desktop.Focus, Message::KeyUp, static_cast<WParam>(key), 0);
+}
+
+// What the modal loop makes of a key before the control sees it.
+bool Driver::PressDialogKey(Key key, Handle target) {
+    const Handle window = GetWindow().GetHandle();
+    if (Wants(target, key, DialogCode::WantAllKeys)) return false;
+    if (key == Key::Tab && !Wants(target, key, DialogCode::WantTab)) {
+        PressTab();
+    } else if (IsArrow(key) && !Wants(target, key, DialogCode::WantArrows)) {
+        return true;
+    } else if (key == Key::Return) {
+        Native::Send(window, Message::Command, IdOk, 0);
+    } else if (key == Key::Escape) {
+        Native::Send(window, Message::Command, IdCancel, 0);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void Driver::PressTab() {
+    NativeWindow& window = *GetWindow().GetHandle();
+    if (!std::exchange(window.ShowsFocus, true)) DrawAll(window);
+    std::vector<NativeWindow*> stops;
+    for (NativeWindow* child : window.Children) {
+        if (child == desktop.Focus || (child->IsTabStop && CanTakeInput(*child))) stops.push_back(child);
+    }
+    if (desktop.ShiftDown) std::reverse(stops.begin(), stops.end());
+    auto next = std::find(stops.begin(), stops.end(), desktop.Focus);
+    next = next == stops.end() || next + 1 == stops.end() ? stops.begin() : next + 1;
+    if (next == stops.end()) return;
+    // Text that Tab comes to is selected, so that typing replaces it.
+    if ((*next)->Kind == ControlKind::Edit) Native::Select(*next, 0, -1);
+    Native::SetFocus(*next);
+}
+
+bool Driver::ReachesPointer(Control& control) {
+    RequireInput();
+    NativeWindow& window = *control.GetHandle();
+    return &window.GetTop() == GetWindow().GetHandle() && CanTakeInput(window);
+}
+
+void Driver::SendMouse(Control& control, int message, int y) {
+    // A press before this one may have opened or closed a window.
+    if (desktop.Quit || &control.GetWindow() != &GetWindow() || !CanTakeInput(*control.GetHandle())) return;
+    Native::Send(control.GetHandle(), message, 0, static_cast<LParam>(y) * 0x10000);
+}
+
+void Driver::MovePointerAway() {
+    NativeWindow* last = desktop.Find(std::exchange(desktop.UnderPointer, nullptr));
+    if (last && std::exchange(last->TracksPointer, false)) Native::Send(last, Message::MouseLeave, 0, 0);
+}
+
+void Driver::Hover(Control& control) {
+    if (desktop.UnderPointer != control.GetHandle()) MovePointerAway();
+    if (!ReachesPointer(control)) return;
+    desktop.UnderPointer = control.GetHandle();
+    SendMouse(control, Message::MouseMove);
+}
+
+void Driver::Click(Control& control) {
+    Hover(control);
+    SendMouse(control, Message::LeftButtonDown);
+    SendMouse(control, Message::LeftButtonUp);
+}
+
+void Driver::DoubleClickAt(Control& control, int y) {
+    SendMouse(control, Message::LeftButtonDown, y);
+    SendMouse(control, Message::LeftButtonUp, y);
+    SendMouse(control, Message::LeftButtonDoubleClick, y);
+    SendMouse(control, Message::LeftButtonUp, y);
+}
+
+void Driver::DoubleClick(Control& control) {
+    Hover(control);
+    DoubleClickAt(control, 0);
+}
+
+int Driver::ScrollTo(Controls::ListBox& list, int row) {
+    if (row < list.GetTopIndex()) list.SetTopIndex(row);
+    return (row - list.GetTopIndex()) * list.GetStyle().ItemHeight;
+}
+
+void Driver::Click(Controls::ListBox& list, int row) {
+    Hover(list);
+    const int y = ScrollTo(list, row);
+    SendMouse(list, Message::LeftButtonDown, y);
+    SendMouse(list, Message::LeftButtonUp, y);
+}
+
+void Driver::DoubleClick(Controls::ListBox& list, int row) {
+    Hover(list);
+    DoubleClickAt(list, ScrollTo(list, row));
+}
+
+void Driver::Choose(Controls::ComboBox& box, int row) {
+    Click(box);
+    if (!box.IsDroppedDown()) return;
+    if (row < 0 || row >= box.GetCount()) throw ScriptError(L"The list has no such row.");
+    const bool changes = row != box.GetSelection();
+    box.SetSelection(row);
+    box.SetDroppedDown(false);
+    const auto code = static_cast<WParam>(Controls::ComboBox::SelectionChanged);
+    if (changes) {
+        Native::Send(box.GetWindow().GetHandle(), Message::Command, code * 0x10000,
+                     reinterpret_cast<LParam>(box.GetHandle()));
+    }
+}
+
+void Driver::Choose(Controls::ComboBox& box, std::wstring_view text) {
+    for (int row = 0; row < box.GetCount(); ++row) {
+        if (box.GetItemText(row) == text) return Choose(box, row);
+    }
+    throw ScriptError(L"The list has no row \"" + std::wstring(text) + L"\".");
+}
+
+void Driver::Enter(Controls::TextBox& box, std::wstring_view text) {
+    Click(box);
+    if (!box.HasFocus()) return;
+    PressControl(L'A');
+    if (text.empty()) {
+        Press(Key::Delete);
+    } else {
+        Type(text);
+    }
+}
+
+void Driver::ClickCloseBox() {
+    RequireInput();
+    Native::Send(GetWindow().GetHandle(), Message::Close, 0, 0);
+}
+
+Control& Driver::FindWhere(std::initializer_list<std::wstring_view> path, int nth,
+                           const std::function<bool(Control*)>& isWanted) const {
+    // What the user reads on a control is its label; what stands in a text box is not.
+    const auto reads = [](Control* control, std::wstring_view text) {
+        return control->GetText() == text && control->GetKind() != ControlKind::Edit;
+    };
+    std::vector<Control*> seen;
+    for (Control* control : GetWindow().GetControls()) {
+        if (control->IsVisible()) seen.push_back(control);
+    }
+    auto from = seen.begin();
+    const auto goTo = [&](std::wstring_view text) {
+        from = std::find_if(from, seen.end(), [&](Control* control) { return reads(control, text); });
+        if (from == seen.end()) throw ScriptError(L"Nothing reads \"" + std::wstring(text) + L"\".");
+    };
+    const std::wstring_view last = *(path.end() - 1);
+    for (auto text = path.begin(); text + 1 != path.end(); ++text) goTo(*text);
+    std::vector<Control*> found;
+    const auto collect = [&](const auto& isRight) {
+        std::copy_if(from, seen.end(), std::back_inserter(found), isRight);
+        return !found.empty();
+    };
+    if (!collect([&](Control* control) { return isWanted(control) && reads(control, last); })) {
+        goTo(last);
+        collect(isWanted);
+    }
+    if (nth < 0 || nth >= static_cast<int>(found.size())) {
+        throw ScriptError(L"No such control at \"" + std::wstring(last) + L"\".");
+    }
+    return *found[static_cast<std::size_t>(nth)];
+}
+
+}  // namespace UI::Headless
