@@ -9,7 +9,6 @@ namespace {
 
 // The desktop but for the windows that are still open.
 void Clear(Desktop& desktop) {
-    desktop.Loops.clear();
     desktop.Quit.reset();
     desktop.Script.clear();
     desktop.UnderPointer = nullptr;

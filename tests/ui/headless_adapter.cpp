@@ -1,0 +1,43 @@
+// The conformance suite's user on the desktop without a screen.
+#include "tests/ui/conformance/adapter.h"
+#include "ui/headless/driver.h"
+
+namespace Conformance {
+
+namespace {
+
+UI::Headless::Driver& GetDriver() {
+    static UI::Headless::Driver driver;
+    return driver;
+}
+
+}  // namespace
+
+int RunWith(UI::Window& window, const Steps& steps) {
+    GetDriver();  // which empties the desktop when it is made
+    auto& script = UI::Headless::GetDesktop().Script;
+    // The steps of an inner loop stand before what is left for the outer one, and the loop may not go on with those.
+    struct Outer {
+        ~Outer() { script.swap(left); }
+        decltype(UI::Headless::Desktop::Script)& script;
+        decltype(UI::Headless::Desktop::Script) left;
+    };
+    const Outer outer{script, std::exchange(script, {steps.begin(), steps.end()})};
+    return window.Run();
+}
+
+void Press(UI::Key key) { GetDriver().Press(key); }
+void PressShiftTab() { GetDriver().Press(UI::Key::Tab, UI::Headless::Modifier::Shift); }
+void PressControlA() { GetDriver().PressControl(L'A'); }
+void Type(std::wstring_view text) { GetDriver().Type(text); }
+void Click(UI::Control& control) { GetDriver().Click(control); }
+void DoubleClick(UI::Control& control) { GetDriver().DoubleClick(control); }
+void Click(UI::Controls::ListBox& list, int row) { GetDriver().Click(list, row); }
+void DoubleClick(UI::Controls::ListBox& list, int row) { GetDriver().DoubleClick(list, row); }
+void Choose(UI::Controls::ComboBox& box, int row) { GetDriver().Choose(box, row); }
+void Hover(UI::Control& control) { GetDriver().Hover(control); }
+void MovePointerAway() { GetDriver().MovePointerAway(); }
+void ClickCloseBox(UI::Window&) { GetDriver().ClickCloseBox(); }
+void Break(UI::Handle handle) { UI::Headless::Break(*handle); }
+
+}  // namespace Conformance
