@@ -70,7 +70,7 @@ constexpr Decimal::Decimal(std::int64_t mantissa, int decimals) {
     } else if (decimals > 6) {
         millionths_ = decimals > 24 ? 0 : mantissa / PowerOfTen(decimals - 6);
     } else {
-        const std::int64_t factor = PowerOfTen(6 - (decimals < -6 ? -6 : decimals));
+        const std::int64_t factor = decimals < -12 ? most : PowerOfTen(6 - decimals);
         millionths_ = mantissa > most / factor ? most : mantissa < -(most / factor) ? -most : mantissa * factor;
     }
 }

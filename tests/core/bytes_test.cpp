@@ -1,12 +1,15 @@
 #include "model/core/bytes.h"
 
 #include <gtest/gtest.h>
+#include <random>
+
+#include "tests/print.h"
 
 namespace VNT {
 
 TEST(ByteRange, ReadsSixteenBitsLowByteFirst) {
-    const Bytes bytes{0x34, 0x12};
-    EXPECT_EQ(bytes.Range().ReadLsb(16), 0x1234u);
+    EXPECT_EQ((Bytes{0x34, 0x12}.Range().ReadLsb(16)), 0x1234u);
+    EXPECT_EQ((Bytes{0x78, 0x56, 0x34, 0x12}.Range().ReadLsb(32)), 0x12345678u);
 }
 
 TEST(ByteRange, ReadsMsbFromTheHighestBit) {
@@ -15,6 +18,336 @@ TEST(ByteRange, ReadsMsbFromTheHighestBit) {
     EXPECT_EQ(range.ReadMsb(3), 5u);
     EXPECT_EQ(range.position, 3);
     EXPECT_EQ(range.ReadMsb(5), 0u);
+    EXPECT_EQ(range.RemainingBits(), 0);
+}
+
+TEST(ByteRange, ReadsMsbAcrossBytesHighByteFirst) {
+    const Bytes bytes{0x12, 0x34, 0x56, 0x78, 0x9A};
+    ByteRange range = bytes;
+    EXPECT_EQ(range.ReadMsb(4), 0x1u);
+    EXPECT_EQ(range.ReadMsb(32), 0x23456789u);
+}
+
+TEST(ByteRange, ReadsLsbFromTheCursorOnwards) {
+    const Bytes bytes{0b11010110, 0b00000101};
+    ByteRange range = bytes;
+    EXPECT_EQ(range.ReadLsb(3), 0b110u);
+    EXPECT_EQ(range.ReadLsb(8), 0b10111010u);
+    EXPECT_EQ(range.position, 11);
+}
+
+TEST(ByteRange, ReadPastTheEndGivesWhatRemainsAndZeros) {
+    const Bytes bytes{0xFF};
+    ByteRange lsb = bytes;
+    lsb.Skip(5);
+    EXPECT_EQ(lsb.ReadLsb(16), 0b111u);
+    EXPECT_EQ(lsb.ReadLsb(16), 0u);
+    ByteRange msb = bytes;
+    msb.Skip(5);
+    EXPECT_EQ(msb.ReadMsb(8), 0b11100000u);
+    EXPECT_EQ(msb.ReadMsb(8), 0u);
+    EXPECT_EQ(msb.position, 8);
+}
+
+TEST(ByteRange, CountsOutsideZeroToThirtyTwoAreClamped) {
+    const Bytes bytes(8, 0xFF);
+    ByteRange range = bytes;
+    EXPECT_EQ(range.ReadLsb(-1), 0u);
+    EXPECT_EQ(range.ReadMsb(0), 0u);
+    EXPECT_EQ(range.position, 0);
+    EXPECT_EQ(range.ReadLsb(99), 0xFFFFFFFFu);
+    EXPECT_EQ(range.position, 32);
+    EXPECT_EQ(range.ReadMsb(99), 0xFFFFFFFFu);
+    EXPECT_EQ(range.position, 64);
+}
+
+TEST(ByteRange, WritesAreTheInversesOfReads) {
+    std::mt19937 random(1);
+    for (int i = 0; i < 2000; ++i) {
+        Bytes bytes(8, 0);
+        for (int at = 0; at < 8; ++at) bytes.At(at) = static_cast<std::uint8_t>(random());
+        const Bytes before = bytes;
+        const int skip = static_cast<int>(random() % 70);
+        const int count = static_cast<int>(random() % 33);
+        const bool lsb = random() % 2 != 0;
+        const auto read = [&] {
+            ByteRange range = bytes;
+            range.Skip(skip);
+            return lsb ? range.ReadLsb(count) : range.ReadMsb(count);
+        };
+        const auto write = [&](std::uint32_t value) {
+            ByteRange range = bytes;
+            range.Skip(skip);
+            lsb ? range.WriteLsb(count, value) : range.WriteMsb(count, value);
+        };
+        const std::uint32_t held = read();
+        write(~held);
+        if (skip + count <= bytes.Size() * 8) {
+            EXPECT_EQ(held ^ read(), count == 32 ? ~0u : (1u << count) - 1);
+        }
+        write(held);
+        EXPECT_EQ(bytes, before) << skip << " " << count << " " << lsb;
+    }
+}
+
+TEST(ByteRange, WriteChangesOnlyItsBits) {
+    Bytes lsb(2, 0xFF);
+    ByteRange range = lsb;
+    range.Skip(6);
+    range.WriteLsb(4, 0);
+    EXPECT_EQ(lsb, (Bytes{0x3F, 0xFC}));
+    Bytes msb(2, 0xFF);
+    range = msb;
+    range.Skip(6);
+    range.WriteMsb(4, 0);
+    EXPECT_EQ(msb, (Bytes{0xFC, 0x3F}));
+}
+
+TEST(ByteRange, WriteIgnoresBitsAboveItsCount) {
+    Bytes lsb(2, 0);
+    lsb.Range().WriteLsb(4, 0xFFFFFFFF);
+    EXPECT_EQ(lsb, (Bytes{0x0F, 0}));
+    Bytes msb(2, 0);
+    msb.Range().WriteMsb(4, 0xFFFFFFF5);
+    EXPECT_EQ(msb, (Bytes{0x50, 0}));
+}
+
+TEST(ByteRange, WritePastTheEndIsClippedBitByBit) {
+    Bytes bytes{0, 0xEE};
+    ByteRange range(bytes);
+    range.Limit(1);
+    range.Skip(4);
+    range.WriteLsb(8, 0xFF);
+    EXPECT_EQ(bytes, (Bytes{0xF0, 0xEE}));
+    range.WriteMsb(8, 0xFF);
+    EXPECT_EQ(bytes, (Bytes{0xF0, 0xEE}));
+    range.position = 4;
+    range.WriteMsb(8, 0x0F);  // only the upper half fits
+    EXPECT_EQ(bytes, (Bytes{0xF0, 0xEE}));
+}
+
+TEST(ByteRange, CountsWhatRemains) {
+    const Bytes bytes(3, 0);
+    ByteRange range = bytes;
+    EXPECT_EQ(range.Size(), 3);
+    EXPECT_EQ(range.BitSize(), 24);
+    EXPECT_EQ(range.RemainingBytes(), 3);
+    range.Skip(1);
+    EXPECT_EQ(range.BytePosition(), 1);
+    EXPECT_EQ(range.RemainingBytes(), 2);
+    EXPECT_EQ(range.RemainingBits(), 23);
+}
+
+TEST(ByteRange, SkipMovesBitsUpToTheEnd) {
+    const Bytes bytes(2, 0);
+    ByteRange range = bytes;
+    range.Skip(3);
+    EXPECT_EQ(range.position, 3);
+    range.Skip(-5);
+    EXPECT_EQ(range.position, 3);
+    range.Skip(1000);
+    EXPECT_EQ(range.position, 16);
+}
+
+TEST(ByteRange, SkipBytesGoesToTheNextWholeByteFirst) {
+    const Bytes bytes(4, 0);
+    ByteRange range = bytes;
+    range.Skip(1);
+    range.SkipBytes(0);
+    EXPECT_EQ(range.position, 8);
+    range.SkipBytes(1);
+    EXPECT_EQ(range.position, 16);
+    range.SkipBytes(9);
+    EXPECT_EQ(range.position, 32);
+}
+
+TEST(ByteRange, TakeGivesARangeOfItsOwnAndMovesBehindIt) {
+    const Bytes bytes{1, 2, 3, 4};
+    ByteRange range = bytes;
+    range.Skip(1);
+    const ByteRange taken = range.Take(2);
+    EXPECT_EQ(Bytes(taken), (Bytes{2, 3}));
+    EXPECT_EQ(taken.position, 0);
+    EXPECT_EQ(range.position, 24);
+}
+
+TEST(ByteRange, TakeBeyondTheEndGivesWhatRemains) {
+    const Bytes bytes{1, 2, 3, 4};
+    ByteRange range = bytes;
+    range.SkipBytes(3);
+    EXPECT_EQ(Bytes(range.Take(9)), (Bytes{4}));
+    EXPECT_EQ(range.Take(9).Size(), 0);
+    EXPECT_EQ(range.Take(-1).Size(), 0);
+}
+
+TEST(ByteRange, TakeRestGivesAllThatRemains) {
+    const Bytes bytes{1, 2, 3, 4};
+    ByteRange range = bytes;
+    range.SkipBytes(1);
+    EXPECT_EQ(Bytes(range.TakeRest()), (Bytes{2, 3, 4}));
+    EXPECT_EQ(range.RemainingBits(), 0);
+}
+
+TEST(ByteRange, TakeUntilEndsBeforeTheByte) {
+    const Bytes bytes{0x0A, 1, 2, 0x0A, 3};
+    ByteRange range = bytes;
+    EXPECT_EQ(range.TakeUntil(0x0A).Size(), 0);
+    EXPECT_EQ(range.position, 0);
+    range.SkipBytes(1);
+    EXPECT_EQ(Bytes(range.TakeUntil(0x0A)), (Bytes{1, 2}));
+    EXPECT_EQ(range.position, 24);
+    range.SkipBytes(1);
+    EXPECT_EQ(Bytes(range.TakeUntil(0x0A)), (Bytes{3}));
+    EXPECT_EQ(range.TakeUntil(0x0A).Size(), 0);
+}
+
+TEST(ByteRange, PeekLeavesTheCursor) {
+    const Bytes bytes{1, 2, 3, 4};
+    ByteRange range = bytes;
+    range.Skip(3);
+    EXPECT_EQ(Bytes(range.Peek(2)), (Bytes{2, 3}));
+    EXPECT_EQ(range.position, 3);
+}
+
+TEST(ByteRange, FillSetsEveryByteWhateverTheCursor) {
+    Bytes bytes{1, 2, 3};
+    ByteRange range = bytes;
+    range.SkipBytes(2);
+    range.Limit(2);
+    range.Fill(9);
+    EXPECT_EQ(bytes, (Bytes{9, 9, 3}));
+}
+
+TEST(ByteRange, LimitBeyondTheSizeIsRefusedAndChangesNothing) {
+    const Bytes bytes(4, 0);
+    ByteRange range = bytes;
+    range.Skip(5);
+    EXPECT_FALSE(range.Limit(5));
+    EXPECT_EQ(range.size, 4);
+    EXPECT_EQ(range.position, 5);
+}
+
+TEST(ByteRange, LimitShortensAndHoldsTheCursorWithin) {
+    const Bytes bytes(4, 0);
+    ByteRange range = bytes;
+    range.Skip(20);
+    EXPECT_TRUE(range.Limit(4));
+    EXPECT_EQ(range.position, 20);
+    EXPECT_TRUE(range.Limit(2));
+    EXPECT_EQ(range.size, 2);
+    EXPECT_EQ(range.position, 16);
+    EXPECT_TRUE(range.Limit(-1));
+    EXPECT_EQ(range.size, 0);
+    EXPECT_EQ(range.position, 0);
+}
+
+TEST(ByteRange, DropMovesTheStartAndLowersTheCursor) {
+    const Bytes bytes{1, 2, 3, 4};
+    ByteRange range = bytes;
+    range.Skip(20);
+    range.Drop(1);
+    EXPECT_EQ(range.ByteAt(0), 2);
+    EXPECT_EQ(range.size, 3);
+    EXPECT_EQ(range.position, 12);
+    range.Drop(2);
+    EXPECT_EQ(range.position, 0);
+    range.Drop(9);
+    EXPECT_EQ(range.size, 0);
+    EXPECT_EQ(range.ReadLsb(8), 0u);
+}
+
+TEST(ByteRange, ByteAtGivesZeroOutside) {
+    const Bytes bytes{7};
+    EXPECT_EQ(bytes.Range().ByteAt(0), 7);
+    EXPECT_EQ(bytes.Range().ByteAt(1), 0);
+    EXPECT_EQ(bytes.Range().ByteAt(-1), 0);
+}
+
+TEST(ByteRange, IsAllLooksAtEveryByte) {
+    EXPECT_TRUE(Bytes(3, 0xFF).Range().IsAll(0xFF));
+    EXPECT_FALSE((Bytes{0xFF, 0xFE}.Range().IsAll(0xFF)));
+    EXPECT_TRUE(ByteRange().IsAll(0xFF));
+}
+
+TEST(ByteRange, AnEmptyOneAnswersEveryOperation) {
+    ByteRange range;
+    EXPECT_EQ(range.ReadLsb(8), 0u);
+    EXPECT_EQ(range.ReadMsb(8), 0u);
+    range.WriteLsb(8, 1);
+    range.WriteMsb(8, 1);
+    range.Skip(3);
+    range.SkipBytes(3);
+    range.Fill(1);
+    range.Drop(1);
+    EXPECT_EQ(range.TakeUntil(0).Size(), 0);
+    EXPECT_EQ(range.TakeRest().Size(), 0);
+    EXPECT_TRUE(range.Limit(0));
+    EXPECT_EQ(ByteRange(nullptr, -4).size, 0);
+}
+
+TEST(ByteRange, MovementsOfACopyDoNotReachTheOriginal) {
+    const Bytes bytes{1, 2};
+    const ByteRange range = bytes;
+    ByteRange copy = range;
+    copy.ReadLsb(8);
+    copy.Drop(1);
+    EXPECT_EQ(range.position, 0);
+    EXPECT_EQ(range.size, 2);
+}
+
+TEST(Bytes, SliceIsClampedOnBothSides) {
+    const Bytes bytes{1, 2, 3, 4};
+    EXPECT_EQ(bytes.Slice(1, 2), (Bytes{2, 3}));
+    EXPECT_EQ(bytes.Slice(3, 9), (Bytes{4}));
+    EXPECT_EQ(bytes.Slice(9, 1), Bytes());
+    EXPECT_EQ(bytes.Slice(-1, 2), (Bytes{1, 2}));
+    EXPECT_EQ(bytes.Slice(1, -1), Bytes());
+}
+
+TEST(Bytes, ResizeCutsOrFills) {
+    Bytes bytes{1, 2, 3};
+    bytes.Resize(2);
+    EXPECT_EQ(bytes, (Bytes{1, 2}));
+    bytes.Resize(4, 9);
+    EXPECT_EQ(bytes, (Bytes{1, 2, 9, 9}));
+    bytes.Resize(-1);
+    EXPECT_TRUE(bytes.IsEmpty());
+    EXPECT_EQ(Bytes(-1, 0), Bytes());
+}
+
+TEST(Bytes, LastIndexNotIsTheLengthWithoutTheTrailingByte) {
+    EXPECT_EQ((Bytes{1, 0, 2, 0, 0}.LastIndexNot(0)), 3);
+    EXPECT_EQ((Bytes{0, 0}.LastIndexNot(0)), 0);
+    EXPECT_EQ((Bytes{1, 2}.LastIndexNot(0)), 2);
+    EXPECT_EQ(Bytes().LastIndexNot(0), 0);
+}
+
+TEST(Bytes, TrimTrailingCutsThemOff) {
+    Bytes bytes{1, 0, 2, 0, 0};
+    bytes.TrimTrailing(0);
+    EXPECT_EQ(bytes, (Bytes{1, 0, 2}));
+}
+
+TEST(Bytes, AppendTakesAllOfARange) {
+    Bytes bytes{1};
+    bytes.Append(Bytes{2, 3});
+    bytes.Append(Bytes());
+    EXPECT_EQ(bytes, (Bytes{1, 2, 3}));
+}
+
+TEST(Bytes, IsAllIsTrueOfNone) {
+    EXPECT_TRUE(Bytes().IsAll(5));
+    EXPECT_TRUE((Bytes{5, 5}.IsAll(5)));
+    EXPECT_FALSE((Bytes{5, 6}.IsAll(5)));
+}
+
+TEST(Bytes, AsARangeHasTheCursorAtTheStart) {
+    Bytes bytes{1, 2};
+    ByteRange range = bytes;
+    EXPECT_EQ(range.position, 0);
+    EXPECT_EQ(range.size, 2);
+    range.WriteLsb(8, 9);
+    EXPECT_EQ(bytes, (Bytes{9, 2}));
 }
 
 }  // namespace VNT

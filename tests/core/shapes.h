@@ -5,6 +5,7 @@
 #include "model/core/item.h"
 #include "model/core/kinds.h"
 #include "model/core/list.h"
+#include "tests/print.h"
 
 namespace VNT {
 
