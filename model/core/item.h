@@ -8,6 +8,22 @@
 
 namespace VNT {
 
+// An item's line of text; empty for one that is not IsValidAll.
+template <class X>
+void DescribeItem(const X& item, const TextFormat& format, String& out) {
+    out = String();
+    if (!item.IsValidAll()) return;
+    TextTable table;
+    item.FillTexts(table);
+    out = FormatText(format, item.HasContent(), table);
+}
+// The same in a shape that the caller gives.
+template <class X>
+void DescribeItem(const X& item, TextFormat format, const String& shape, String& out) {
+    format.format = format.emptyFormat = shape.View();
+    DescribeItem(item, format, out);
+}
+
 // A concrete item of a framed family with all operations made from its layout. X gives
 //
 //     template <class IO> static void Map(IO& io, auto& item);  // the bytes, see layout.h
@@ -41,11 +57,9 @@ public:
         return true;
     }
     void GetText(String& out, const String& format) const override {
-        TextFormat own = Self().GetFormat();
-        own.format = own.emptyFormat = format.View();
-        Describe(out, own);
+        DescribeItem(Self(), Self().GetFormat(), format, out);
     }
-    void GetText(String& out) const override { Describe(out, Self().GetFormat()); }
+    void GetText(String& out) const override { DescribeItem(Self(), Self().GetFormat(), out); }
     bool IsValid() const override { return ValidityOf(Self(), AnyX::FrameSize).proper; }
     bool IsValidAll() const override { return ValidityOf(Self(), AnyX::FrameSize).all; }
 
@@ -72,13 +86,6 @@ protected:
 private:
     X& Self() { return static_cast<X&>(*this); }
     const X& Self() const { return static_cast<const X&>(*this); }
-    void Describe(String& out, const TextFormat& format) const {
-        out = String();
-        if (!this->IsValidAll()) return;
-        TextTable table;
-        Self().FillTexts(table);
-        out = FormatText(format, Self().HasContent(), table);
-    }
 };
 
 }  // namespace VNT

@@ -1,0 +1,23 @@
+#include "model/timing/resolution.h"
+
+namespace VNT {
+
+void FillResolutionTexts(TextTable& table, int width, int height, bool interlaced, const ResolutionTextFormat& format) {
+    table.Set(U"{width}", width);
+    table.Set(U"{height}", height);
+    table.Set(U"{p}", interlaced ? String() : String(format.progressiveMark));
+    table.Set(U"{i}", interlaced ? String(format.interlacedMark) : String());
+    table.Set(U"{resolutiontext}", format.resolution);
+}
+
+void FillAspectRatioTexts(TextTable& table, const String& ratio, const ResolutionTextFormat& format) {
+    table.Set(U"{aspectratio}", ratio);
+    table.Set(U"{aspectratiotext}", ratio.IsEmpty() ? format.noAspectRatio : format.aspectRatio);
+}
+
+void FillRefreshRateTexts(TextTable& table, const String& rate, const ResolutionTextFormat& format) {
+    table.Set(U"{refreshrate}", rate);
+    table.Set(U"{refreshratetext}", rate.IsEmpty() ? format.noRefreshRate : format.refreshRate);
+}
+
+}  // namespace VNT
