@@ -6,35 +6,14 @@
 #include "store/match.h"
 #include "store/memory/memory_platform.h"
 #include "store/save.h"
+#include "tests/store/blocks.h"
 
-// Displays and blocks of our own making for the store's tests.
+// Displays of our own making for the store's tests.
 namespace VNT::Sample {
 
 inline const std::wstring First = L"DISPLAY\\VTA1001\\4&1&0&UID1";
 inline const std::wstring Second = L"DISPLAY\\VTB2002\\4&2&0&UID2";
 inline const std::wstring Third = L"DISPLAY\\VTC3003\\4&3&0&UID3";
-
-// A block of 128 equal bytes behind its first one.
-inline Bytes Block(int first, int fill) {
-    Bytes block(EdidBlockSize, static_cast<std::uint8_t>(fill));
-    block.At(0) = static_cast<std::uint8_t>(first);
-    return block;
-}
-
-// A base block that begins with zero, as an EDID does, and counts `extensions` in byte 126.
-inline Bytes Base(int fill, int extensions = 0) {
-    Bytes block = Block(0, fill);
-    block.At(126) = static_cast<std::uint8_t>(extensions);
-    return block;
-}
-
-inline Bytes Join(std::initializer_list<Bytes> parts) {
-    Bytes all;
-    for (const Bytes& part : parts) all.Append(part);
-    return all;
-}
-
-inline Bytes Zeros() { return Bytes(EdidBlockSize, 0); }
 
 inline MemoryDevice& Add(MemoryPlatform& platform, const std::wstring& instanceId, bool present, const Bytes& edid) {
     MemoryDevice device;
