@@ -31,6 +31,7 @@ const std::vector<Command>& Commands() {
         {"show", {}, {}, &RunShow},
         {"check", {}, {}, &RunCheck},
         {"convert", {"--format"}, {}, &RunConvert},
+        {"timing", {"--kind"}, {}, &RunTiming},
         {"list", {"--store"}, {"--all"}, &RunList},
         {"read", {"--store", "--format"}, {}, &RunRead},
         {"write", {"--store"}, {}, &RunWrite},

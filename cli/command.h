@@ -53,6 +53,7 @@ int Run(std::span<const std::string> arguments, const Console& console);
 int RunShow(const Arguments& arguments, const Console& console);
 int RunCheck(const Arguments& arguments, const Console& console);
 int RunConvert(const Arguments& arguments, const Console& console);
+int RunTiming(const Arguments& arguments, const Console& console);
 int RunList(const Arguments& arguments, const Console& console);
 int RunRead(const Arguments& arguments, const Console& console);
 int RunWrite(const Arguments& arguments, const Console& console);
