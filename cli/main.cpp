@@ -16,7 +16,10 @@ int RunProgram(std::vector<std::string> arguments) {
 #ifdef _WIN32
     // Lines end in "\n" and files are bytes, here as elsewhere.
     for (const int stream : {0, 1, 2}) _setmode(stream, _O_BINARY);
-    console.openSystemStore = [] { return std::make_unique<VNT::WindowsPlatform>(); };
+    console.openSystemStore = [] {
+        return std::make_unique<VNT::WindowsPlatform>(
+            [](const wchar_t* text) { std::cerr << "vantelle-cli: " << VNT::String(text).ToUtf8() << "\n"; });
+    };
 #endif
     return VNT::Cli::Run(arguments, console);
 }
