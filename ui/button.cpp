@@ -27,6 +27,7 @@ void Button::SetEnabled(bool enabled) {
 }
 
 void Button::SetDefault(bool on) {
+    if (on == isDefault) return;
     isDefault = on;
     Redraw();
 }

@@ -17,6 +17,7 @@ AnyCheckControl::AnyCheckControl(Window& window, const std::wstring& text, unsig
 }
 
 void AnyCheckControl::SetChecked(bool on) {
+    if (on == checked) return;
     Native::SetChecked(GetHandle(), on);
     checked = on;
     Redraw();

@@ -8,7 +8,6 @@ namespace UI {
 
 Control::Control(Window& window, ControlKind kind, const std::wstring& text, unsigned style)
     : window(window), text(text), style(style), kind(kind) {
-    window.controls.reserve(window.controls.size() + 1);
     const Native::Child child = Native::CreateChild(kind, text, style, window.GetHandle());
     if (!child.Window) throw L"CreateWindowExW failed.";
     handle = child.Window;
@@ -59,6 +58,7 @@ bool Control::PlaceAfter(Control& other) {
 const std::wstring& Control::GetText() const { return text; }
 
 bool Control::SetText(const std::wstring& newText) {
+    if (newText == text) return true;
     if (!Native::SetText(handle, newText)) return false;
     text = newText;
     Redraw();

@@ -41,7 +41,8 @@ public:
     virtual bool PlaceAfter(Control& other);
     // The text last set or typed; never asks the system.
     virtual const std::wstring& GetText() const;
-    // False, and the text as it was, when the system refuses.
+    // False, and the text as it was, when the system refuses. A text that stands already is not set again: forms set
+    // all their texts after each key.
     virtual bool SetText(const std::wstring& text);
     virtual void Redraw();
     virtual bool IsEnabled() const;

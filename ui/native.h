@@ -71,7 +71,8 @@ std::optional<Size> GetFrameSize(Size client, unsigned style, unsigned extendedS
 std::optional<Rect> GetWorkArea();
 
 // State.
-bool SetText(Handle handle, const std::wstring& text);  // sends `Message::SetText`; true when it answered 1
+// Sends `Message::SetText`; true when it answered 1. Lines end with "\n" here and in `GetText`.
+bool SetText(Handle handle, const std::wstring& text);
 std::wstring GetText(Handle handle);
 void Redraw(Handle handle);  // at once, with all children
 void SetDrawing(Handle handle, bool on);

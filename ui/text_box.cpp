@@ -48,6 +48,7 @@ void TextBox::Select(int begin, int end) { Native::Select(GetHandle(), begin, en
 void TextBox::GetSelection(int& begin, int& end) const { Native::GetSelection(GetHandle(), begin, end); }
 
 void TextBox::SetValidStyle(bool valid) {
+    if (valid == validStyle) return;
     validStyle = valid;
     ApplyLook(GetStyle().Font);
     Native::ResetTextMargins(GetHandle());

@@ -405,6 +405,22 @@ TEST_F(DriverActions, MeasureTextByOneRule) {
     EXPECT_EQ(MeasureText(BuildStyleTable(192, Theme::Light).NormalFont, L"000"), (UI::Size{42, 32}));
 }
 
+TEST_F(DriverActions, CenterAWindowWhereThereIsRoom) {
+    form.SetClientSize(100, 2000);
+    form.SetPosition(7, 8);
+    driver.GetSystem().WorkArea.reset();
+    form.Center();
+    EXPECT_EQ(form.GetX(), 7) << "without a work area it stays";
+    EXPECT_EQ(form.GetY(), 8);
+    driver.GetSystem().WorkArea = Rect{200, 100, 1200, 900};
+    form.Center();
+    EXPECT_EQ(form.GetX(), 200 + (1000 - form.GetWidth()) / 2);
+    EXPECT_EQ(form.GetY(), 0) << "higher than the work area";
+    form.SetClientSize(100, 100);
+    form.Center();
+    EXPECT_EQ(form.GetY(), 100 + (800 - form.GetHeight()) / 2);
+}
+
 TEST_F(DriverActions, CloseTheWindowByItsBox) {
     form.AddResultHandler(Message::Close, [](WParam, LParam) {
         EndRun(IdCancel);

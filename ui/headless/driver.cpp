@@ -211,7 +211,7 @@ void Driver::DoubleClick(Controls::ListBox& list, int row) {
 }
 
 void Driver::Choose(Controls::ComboBox& box, int row) {
-    Click(box);
+    if (!box.IsDroppedDown()) Click(box);
     if (!box.IsDroppedDown()) return;
     if (row < 0 || row >= box.GetCount()) throw ScriptError(L"The list has no such row.");
     const bool changes = row != box.GetSelection();

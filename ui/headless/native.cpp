@@ -103,7 +103,6 @@ MessageResult Send(Handle handle, int message, WParam wParam, LParam lParam) {
 MessageResult CallDefault(Handle handle, int message, WParam, LParam lParam) {
     if (message != Message::SetText) return 0;
     handle->Text = reinterpret_cast<const wchar_t*>(lParam);
-    Headless::Draw(*handle);
     return 1;
 }
 

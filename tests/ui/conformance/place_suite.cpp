@@ -38,6 +38,18 @@ TEST(Place, StaysAsStoredWhenAMoveFails) {
     EXPECT_EQ(button.GetHeight(), 40);
 }
 
+TEST(Place, FailsWhenEitherHalfDoesAndTriesBoth) {
+    struct Stuck : Label {
+        explicit Stuck(Window& window) : Label(window, L"Stuck") {}
+        bool SetPosition(int, int) override { return false; }
+    };
+    TestWindow window;
+    Stuck stuck(window);
+    EXPECT_FALSE(stuck.SetRect(10, 20, 30, 40));
+    EXPECT_EQ(stuck.GetX(), 0);
+    EXPECT_EQ(stuck.GetWidth(), 30);
+}
+
 TEST(Place, OfAComboBoxIsThatOfTheClosedBox) {
     TestWindow window;
     ComboBox box(window);
@@ -113,6 +125,24 @@ TEST(Place, OfAGroupBoxStaysWhenItsStyleChanges) {
     EXPECT_EQ(Native::GetWindowPlace(box.GetHandle()), before);
     box.SetValidStyle(true);
     EXPECT_EQ(box.GetTextColor(), window.GetStyle().Label.Text);
+}
+
+TEST(Place, OfAGroupBoxFollowsTheCaptionOfItsStyle) {
+    TestWindow window;
+    GroupBox box(window, L"Group");
+    StyleTable table = window.GetStyle();
+    table.InvalidGroupBox.Caption.Font = Font({L"Tahoma", 40, 400});
+    ApplyTheme(window, table);
+    box.SetRect(20, 40, 200, 100);
+    const Rect side = Native::GetWindowPlace(box.GetLeftEdge().GetHandle());
+    const Rect before = Native::GetWindowPlace(box.GetHandle());
+    box.SetValidStyle(false);
+    const Rect after = Native::GetWindowPlace(box.GetHandle());
+    const int caption = box.GetFont().GetMetrics().Height;
+    EXPECT_EQ(box.GetOverhang(), table.InvalidGroupBox.Thickness.Top + caption / 2);
+    EXPECT_LT(after.Top, before.Top);
+    EXPECT_EQ(after.Bottom, before.Bottom);
+    EXPECT_EQ(Native::GetWindowPlace(box.GetLeftEdge().GetHandle()), side);
 }
 
 TEST(Place, OfAWindowHasTheClientSizeThatWasSet) {
