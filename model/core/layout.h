@@ -185,13 +185,23 @@ private:
     ByteRange range_;
 };
 
+// A visitor that looks at fields and at no bytes: what is no field is nothing to it.
+class LayoutObserver : public LayoutVisitor {
+public:
+    using LayoutVisitor::LayoutVisitor;
+    void Constant(const BitPlace&, std::uint32_t) {}
+    template <class Get, class Set>
+    void Through(const BitPlace&, const Get&, const Set&) {}
+    template <class Get, class Set>
+    void ThroughData(int, const Get&, const Set&) {}
+};
+
 // Tests each field; `Sink` has `void Report(const char* name, bool proper, bool all)`.
 template <class Sink>
-class TLayoutChecker : public LayoutVisitor {
+class TLayoutChecker : public LayoutObserver {
 public:
-    TLayoutChecker(int available, Sink& sink) : LayoutVisitor(available), sink_(sink) {}
+    TLayoutChecker(int available, Sink& sink) : LayoutObserver(available), sink_(sink) {}
 
-    void Constant(const BitPlace&, std::uint32_t) {}
     template <class T>
     void Kept(const char* name, const BitPlace& place, const T& value) {
         bool fits = true;
@@ -207,10 +217,6 @@ public:
                 const TLimitPair<L>& limits) {
         Number(name, place, value, limits);
     }
-    template <class Get, class Set>
-    void Through(const BitPlace&, const Get&, const Set&) {}
-    template <class Get, class Set>
-    void ThroughData(int, const Get&, const Set&) {}
     void Data(const char* name, int, const Bytes& value, const TLimitPair<CountLimits>& limits) {
         Rest(name, value, limits);
     }
@@ -270,11 +276,10 @@ struct FieldLimits {
 };
 
 // The limits of each field as they are now, for those who need the numbers themselves.
-class LimitsLister : public LayoutVisitor {
+class LimitsLister : public LayoutObserver {
 public:
-    explicit LimitsLister(int available) : LayoutVisitor(available) {}
+    using LayoutObserver::LayoutObserver;
 
-    void Constant(const BitPlace&, std::uint32_t) {}
     template <class T>
     void Kept(const char* name, const BitPlace& place, const T&) {
         const LongLimits carried{0, place.Most()};
@@ -285,15 +290,12 @@ public:
         limits.push_back({name, pair.proper, pair.all});
     }
     template <class T, class L>
-    void Number(const char* name, const BitPlace&, const T&, const TValueCoding<T>&, const TLimitPair<L>& pair) {
-        limits.push_back({name, pair.proper, pair.all});
+    void Number(const char* name, const BitPlace& place, const T& value, const TValueCoding<T>&,
+                const TLimitPair<L>& pair) {
+        Number(name, place, value, pair);
     }
-    template <class Get, class Set>
-    void Through(const BitPlace&, const Get&, const Set&) {}
-    template <class Get, class Set>
-    void ThroughData(int, const Get&, const Set&) {}
-    void Data(const char* name, int, const Bytes&, const TLimitPair<CountLimits>& pair) {
-        limits.push_back({name, pair.proper, pair.all});
+    void Data(const char* name, int, const Bytes& value, const TLimitPair<CountLimits>& pair) {
+        Rest(name, value, pair);
     }
     void Rest(const char* name, const Bytes&, const TLimitPair<CountLimits>& pair) {
         limits.push_back({name, pair.proper, pair.all});

@@ -104,8 +104,6 @@ String Replace(std::u32string_view source, const TextTable& table) {
     return String(std::move(text));
 }
 
-String Replace(const String& text, const TextTable& table) { return Replace(text.View(), table); }
-
 String FormatText(const TextFormat& format, bool hasContent, TextTable& table) {
     table.Set(U"{type}", String(format.type));
     table.Set(U"{description}", String(format.description));

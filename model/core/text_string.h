@@ -34,6 +34,7 @@ public:
     bool Contains(std::u32string_view part) const { return text_.find(part) != std::u32string::npos; }
 
     std::u32string_view View() const { return text_; }
+    operator std::u32string_view() const { return text_; }
     std::u32string& Characters() { return text_; }
     std::string ToUtf8() const;
     std::wstring ToWide() const;
