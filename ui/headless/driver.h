@@ -11,7 +11,7 @@
 
 namespace UI::Headless {
 
-enum class Modifier { None, Shift, Control };
+enum class Modifier { None, Shift };
 
 // Starts from an empty desktop with the default system settings. What it types and clicks goes to the window whose
 // modal loop is the innermost; a loop runs the steps of the script one after the other, and a step that opens a further
