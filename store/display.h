@@ -12,6 +12,7 @@ namespace VNT {
 class Platform;
 
 inline constexpr int EdidBlockSize = 128;
+inline constexpr int EdidExtensionCountOffset = 126;  // in the base block
 
 // One monitor device: a plain value, copied whole.
 struct Display {

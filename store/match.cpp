@@ -7,8 +7,6 @@ namespace VNT {
 
 namespace {
 
-constexpr int ExtensionCountOffset = 126;
-
 // Takes the first record that meets `test` out of the list.
 template <class Record, class Test>
 std::optional<Record> TakeFirst(std::vector<Record>& records, Test test) {
@@ -28,7 +26,7 @@ bool EqualBaseBlocks(const Bytes& a, const Bytes& b) {
 }
 
 // Bytes that the base block promises, by its count of extensions.
-int PromisedSize(const Bytes& data) { return (data.At(ExtensionCountOffset) + 1) * EdidBlockSize; }
+int PromisedSize(const Bytes& data) { return (data.At(EdidExtensionCountOffset) + 1) * EdidBlockSize; }
 
 using Matcher = bool (*)(const Bytes&, const Bytes&);
 
