@@ -1,0 +1,257 @@
+#include "cli/command.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+
+#include "model/edid/edid.h"
+#include "samples/displays.h"
+
+namespace fs = std::filesystem;
+
+namespace VNT::Cli {
+namespace {
+
+struct Outcome {
+    int status = 0;
+    std::string out;
+    std::string err;
+};
+
+// A folder of its own for each test, with the sample displays in `displays/`.
+class Commands : public testing::Test {
+protected:
+    void SetUp() override {
+        folder_ = fs::path(testing::TempDir()) /
+                  ("vantelle_cli_" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+        fs::remove_all(folder_);
+        fs::create_directories(folder_);
+        for (const Samples::Display& display : Samples::MakeDisplays()) {
+            std::string name = display.instanceId;
+            std::replace(name.begin(), name.end(), '\\', '#');
+            const fs::path device = folder_ / "displays" / name;
+            fs::create_directories(device);
+            Put(device / "EDID", display.edid);
+            Put(device / "DeviceDesc", Text(display.description));
+            Put(device / "Driver", Text(display.driverKey));
+            if (display.active) Put(device / "Active", {});
+            for (std::size_t i = 0; i * 128 < display.edidOverride.size(); ++i) {
+                const auto start = display.edidOverride.begin() + static_cast<std::ptrdiff_t>(i * 128);
+                fs::create_directories(device / "EDID_OVERRIDE");
+                Put(device / "EDID_OVERRIDE" / std::to_string(i), {start, start + 128});
+            }
+        }
+    }
+    void TearDown() override { fs::remove_all(folder_); }
+
+    static Samples::Block Text(const std::string& text) { return {text.begin(), text.end()}; }
+    static void Put(const fs::path& file, const Samples::Block& bytes) {
+        std::ofstream(file, std::ios::binary)
+            .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    }
+    static std::string Content(const fs::path& file) {
+        std::ifstream in(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+    std::string Path(const std::string& name) const { return (folder_ / name).string(); }
+    std::string Sample(int index) const {
+        const std::string name = "sample" + std::to_string(index) + ".bin";
+        Put(folder_ / name, Samples::MakeDisplays()[static_cast<std::size_t>(index)].edid);
+        return Path(name);
+    }
+    Outcome Call(std::vector<std::string> words, const std::string& input = "") const {
+        std::istringstream in(input);
+        std::ostringstream out;
+        std::ostringstream err;
+        const int status = Cli::Run(words, {in, out, err, {}});
+        return {status, out.str(), err.str()};
+    }
+    Outcome Store(std::vector<std::string> words) const {
+        words.insert(words.end(), {"--store", Path("displays")});
+        return Call(std::move(words));
+    }
+    // Bad input: status 2, nothing on standard output, one line on standard error.
+    static void ExpectRefused(const Outcome& outcome, const std::string& line) {
+        EXPECT_EQ(outcome.status, Refused);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_EQ(outcome.err, "vantelle-cli: " + line + "\n");
+    }
+
+    fs::path folder_;
+};
+
+TEST_F(Commands, HelpAndVersion) {
+    EXPECT_EQ(Call({"--help"}).status, Success);
+    EXPECT_NE(Call({"--help"}).out.find("vantelle-cli show FILE\n"), std::string::npos);
+    EXPECT_EQ(Call({"--version"}).out.substr(0, 13), "vantelle-cli ");
+}
+
+TEST_F(Commands, BadWordsAreOneLineAndStatus2) {
+    ExpectRefused(Call({}), "no command given; --help lists them");
+    ExpectRefused(Call({"frobnicate"}), "frobnicate: unknown command; --help lists them");
+    ExpectRefused(Call({"show"}), "too few words; --help shows the commands");
+    ExpectRefused(Call({"show", "a", "b"}), "b: unknown word");
+    ExpectRefused(Call({"show", "--format", "bin", "a"}), "--format: unknown option");
+    ExpectRefused(Call({"list", "--store"}), "--store: a value must follow");
+    ExpectRefused(Call({"list", "--all", "--all"}), "--all: given twice");
+    ExpectRefused(Call({"reset"}), "too few words; --help shows the commands");
+    ExpectRefused(Call({"check"}), "too few words; --help shows the commands");
+    ExpectRefused(Call({"--help", "me"}), "me: unknown word");
+}
+
+TEST_F(Commands, BadFilesAreOneLineAndStatus2) {
+    ExpectRefused(Call({"show", Path("none")}), Path("none") + ": no such file");
+    ExpectRefused(Call({"show", folder_.string()}), folder_.string() + ": is a folder");
+    Put(folder_ / "empty", {});
+    ExpectRefused(Call({"show", Path("empty")}), Path("empty") + ": is no EDID in BIN, DAT or TXT format");
+    Put(folder_ / "short", Samples::Block(127, 0));
+    ExpectRefused(Call({"show", Path("short")}), Path("short") + ": is no EDID in BIN, DAT or TXT format");
+    Put(folder_ / "noise", Samples::Block(10 * 1024 * 1024, 0x5B));
+    ExpectRefused(Call({"show", Path("noise")}), Path("noise") + ": too large to be an EDID");
+}
+
+TEST_F(Commands, ShowReadsStandardInput) {
+    const std::string file = Sample(0);
+    EXPECT_EQ(Call({"show", "-"}, Content(file)).out, Call({"show", file}).out);
+    ExpectRefused(Call({"show", "-"}, ""), "-: is no EDID in BIN, DAT or TXT format");
+}
+
+TEST_F(Commands, ShowPrintsTheSectionsInOrder) {
+    const std::string out = Call({"show", Sample(0)}).out;
+    std::size_t at = 0;
+    for (const char* line :
+         {"Properties\n  Vendor ID: QOR\n  Product ID: 2401\n  Serial number: 20260107\n  Week: 7\n  Year: 2023\n",
+          "  Digital interface: None\n  Screen size: 53 x 30 cm\n  Gamma: 2.20\n  Power management: Active off\n",
+          "  Red: raw 655, 338\n", "Established resolutions\n  640x480 @ 60 Hz\n",
+          "Detailed resolutions and descriptors (no space left)\n", "Standard resolutions (4 slots left)\n",
+          "Extension blocks (255 slots left)\n  No extension blocks\n"}) {
+        at = out.find(line, at);
+        ASSERT_NE(at, std::string::npos) << line << out;
+    }
+}
+
+TEST_F(Commands, ShowKeepsAControlCharacterOnItsLine) {
+    Samples::Base base{.vendor = "QOR"};
+    base.slots = {Samples::Text(0xFC, std::string("A\0B", 3))};
+    Put(folder_ / "name.bin", Samples::BaseBlock(base));
+    EXPECT_NE(Call({"show", Path("name.bin")}).out.find("  Name: A\\x00B\n"), std::string::npos);
+}
+
+TEST_F(Commands, CheckNamesWhatIsWrongInOrder) {
+    EXPECT_EQ(Call({"check", Sample(0)}).out, "ok " + Sample(0) + "\n");
+    const Outcome liar = Call({"check", Sample(0), Sample(5)});
+    EXPECT_EQ(liar.status, Negative);
+    EXPECT_EQ(liar.out.substr(liar.out.find('\n') + 1, 200),
+              ("problem " + Sample(5) +
+               ": checksum of block 0 is 4A, should be 5A; checksum of block 1 is 2F, should be 2E; 256 bytes behind "
+               "the last block; "
+               "properties out of limits; descriptors/2 out of limits; extensions/0 out of limits\n")
+                  .substr(0, 200));
+    const Outcome missing = Call({"check", Path("none"), Sample(0)});
+    EXPECT_EQ(missing.status, Refused);
+    EXPECT_EQ(missing.out, "unreadable " + Path("none") + ": no such file\nok " + Sample(0) + "\n");
+}
+
+TEST_F(Commands, CheckCountsMissingBlocks) {
+    Samples::Block edid = Samples::MakeDisplays()[1].edid;
+    edid.resize(130);
+    Put(folder_ / "cut.bin", edid);
+    EXPECT_EQ(Call({"check", Path("cut.bin")}).out,
+              "problem " + Path("cut.bin") +
+                  ": 2 bytes behind the last block; 1 block missing; round trip differs at byte 128\n");
+}
+
+TEST_F(Commands, ConvertWritesEachFormatAndReadsItBack) {
+    for (const char* out : {"a.bin", "a.dat", "a.txt", "a.other"}) {
+        ASSERT_EQ(Call({"convert", Sample(2), Path(out)}).status, Success) << out;
+        ASSERT_EQ(Call({"convert", Path(out), Path("back.bin")}).status, Success) << out;
+        EXPECT_EQ(Content(Path("back.bin")), Content(Sample(2))) << out;
+    }
+    EXPECT_EQ(Content(Path("a.dat")).substr(0, 11), "EDID BYTES:");
+    EXPECT_EQ(Content(Path("a.other")), Content(Sample(2)));
+    ASSERT_EQ(Call({"convert", Sample(2), Path("b.bin"), "--format", "txt"}).status, Success);
+    EXPECT_EQ(Content(Path("b.bin")), Content(Path("a.txt")));
+}
+
+TEST_F(Commands, ConvertNormalises) {
+    ASSERT_EQ(Call({"convert", Sample(5), Path("mended.bin")}).status, Success);
+    EXPECT_EQ(Content(Path("mended.bin")).size(), 256u);
+    EXPECT_EQ(Call({"check", Path("mended.bin")}).out.find("checksum"), std::string::npos);
+}
+
+TEST_F(Commands, AFailedConvertLeavesTheOldFileAndNoHalfOne) {
+    Put(folder_ / "old.bin", Text("old"));
+    ExpectRefused(Call({"convert", Path("none"), Path("old.bin")}), Path("none") + ": no such file");
+    ExpectRefused(Call({"convert", Sample(0), Path("old.bin"), "--format", "pdf"}),
+                  "pdf: unknown format; bin, dat or txt");
+    EXPECT_EQ(Content(Path("old.bin")), "old");
+    ExpectRefused(Call({"convert", Sample(0), Path("no/such/folder.bin")}),
+                  Path("no/such/folder.bin") + ": can't be written");
+    ExpectRefused(Call({"convert", Sample(0), Path("displays")}), Path("displays") + ": is a folder");
+    for (const auto& entry : fs::directory_iterator(folder_)) EXPECT_NE(entry.path().extension(), ".new");
+}
+
+TEST_F(Commands, ListShowsActiveDisplaysAndOverrides) {
+    EXPECT_EQ(Store({"list"}).out,
+              "KLR5501 - KELLAR TV (active)\tDISPLAY\\KLR5501\\5&1A2B3C&0&UID258\n"
+              "@B_2401 - LIAR\xE2\x98\xBA (active)\tDISPLAY\\LIA0001\\6&5150&0&UID3\n"
+              "LQP1416 - Integrated panel (active)\tDISPLAY\\LQP1416\\4&77AA00&0&UID265\n"
+              "QOR2401 - QORVEL 24 (active)\tDISPLAY\\QOR2401\\5&1A2B3C&0&UID256\n"
+              "QOR2401 - QORVEL 24*\tDISPLAY\\QOR2402\\5&1A2B3C&0&UID300\n"
+              "VDM1700 - VIDAMO 17 (active)\tDISPLAY\\VDM1700\\4&77AA00&0&UID1\n"
+              "ZUB3414 - ZUBEN WIDE 34 (active)\tDISPLAY\\ZUB3414\\5&1A2B3C&0&UID257\n");
+    const std::string all = Store({"list", "--all"}).out;
+    EXPECT_NE(all.find("QOR2401 - QORVEL 24\tDISPLAY\\QOR2401\\5&9F00&0&UID1\n"), std::string::npos);
+}
+
+TEST_F(Commands, WriteReadResetRoundTrip) {
+    const fs::path device = folder_ / "displays" / "DISPLAY#KLR5501#5&1A2B3C&0&UID258";
+    const std::string before = Content(device / "EDID");
+    EXPECT_EQ(Store({"write", "1", Sample(1)}).out,
+              "stored 256 bytes as the override of DISPLAY\\KLR5501\\5&1A2B3C&0&UID258\n");
+    EXPECT_EQ(Content(device / "EDID_OVERRIDE" / "0") + Content(device / "EDID_OVERRIDE" / "1"), Content(Sample(1)));
+    EXPECT_EQ(Content(device / "EDID"), before);
+    EXPECT_EQ(Store({"read", "1", Path("back.bin")}).status, Success);
+    EXPECT_EQ(Content(Path("back.bin")), Content(Sample(1)));
+    EXPECT_EQ(Store({"reset", "display\\klr5501\\5&1a2b3c&0&uid258"}).status, Success);
+    EXPECT_FALSE(fs::exists(device / "EDID_OVERRIDE"));
+    EXPECT_EQ(Content(device / "EDID"), before);
+    EXPECT_EQ(Store({"read", "1", Path("back.bin")}).status, Success);
+    EXPECT_EQ(Content(Path("back.bin")), before);
+}
+
+TEST_F(Commands, WritingWhatTheDisplayShowsStoresAnOverrideAllTheSame) {
+    EXPECT_EQ(Store({"write", "4", Sample(0)}).status, Success);
+    EXPECT_NE(Store({"list"}).out.find("QOR2401 - QORVEL 24 (active)*\t"), std::string::npos);
+}
+
+TEST_F(Commands, ResetTakesABrokenOverrideOffToo) {
+    const fs::path device = folder_ / "displays" / "DISPLAY#KLR5501#5&1A2B3C&0&UID258" / "EDID_OVERRIDE";
+    fs::create_directories(device);
+    Put(device / "0", Samples::Block(77, 1));
+    EXPECT_EQ(Store({"reset", "1"}).status, Success);
+    EXPECT_FALSE(fs::exists(device));
+}
+
+TEST_F(Commands, ResetAllLeavesDisplaysWithoutOverrideAlone) {
+    EXPECT_EQ(Store({"reset", "--all"}).out, "removed the override of DISPLAY\\QOR2402\\5&1A2B3C&0&UID300\n");
+    EXPECT_EQ(Store({"reset", "--all"}).out, "");
+}
+
+TEST_F(Commands, AnInactiveDisplayIsReachedByItsInstanceId) {
+    EXPECT_EQ(Store({"read", R"(DISPLAY\QOR2401\5&9F00&0&UID1)", Path("x.bin")}).status, Success);
+}
+
+TEST_F(Commands, BadStoresAndDisplaysAreOneLineAndStatus2) {
+    ExpectRefused(Call({"list", "--store", Path("none")}), Path("none") + ": is no folder of displays");
+    ExpectRefused(Call({"list", "--store", Sample(0)}), Sample(0) + ": is no folder of displays");
+    ExpectRefused(Store({"read", "0", Path("x")}), "0: no display of this number");
+    ExpectRefused(Store({"read", "8", Path("x")}), "8: no display of this number");
+    ExpectRefused(Store({"read", "DISPLAY\\NONE", Path("x")}), "DISPLAY\\NONE: no such display");
+    ExpectRefused(Store({"write", "1", Path("none")}), Path("none") + ": no such file");
+    EXPECT_FALSE(fs::exists(Path("x")));
+}
+
+}  // namespace
+}  // namespace VNT::Cli
