@@ -1,5 +1,6 @@
 #include "model/edid/descriptor.h"
 #include "model/edid/text_descriptor.h"
+#include "model/timing/edid_detailed_resolution.h"
 
 namespace VNT {
 
@@ -8,6 +9,7 @@ namespace {
 constexpr int Slot = AnyEdidDescriptor::FrameSize;
 
 constexpr TKind<AnyEdidDescriptor> Rows[] = {
+    Kind<EdidDetailedResolution, AnyEdidDescriptor>("Detailed resolution", Slot),
     Kind<EdidEmptyDescriptor, AnyEdidDescriptor>("Empty", Slot),
     Kind<EdidNameDescriptor, AnyEdidDescriptor>("Name", Slot),
     Kind<EdidSerialNumberDescriptor, AnyEdidDescriptor>("Serial number", Slot),
