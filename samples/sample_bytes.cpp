@@ -51,7 +51,7 @@ Block Detailed(const Timing& t) {
 
 Block Text(int tag, const std::string& text) {
     Block block{0, 0, 0, Low(tag), 0};
-    block.insert(block.end(), text.begin(), text.end());
+    for (const char character : text) block.push_back(static_cast<std::uint8_t>(character));
     if (block.size() < 18) block.push_back(0x0A);
     block.resize(18, 0x20);
     return block;
