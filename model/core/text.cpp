@@ -8,7 +8,7 @@ namespace VNT {
 namespace {
 
 constexpr int Passes = 10;
-constexpr int MostReplacements = MaxTextLength;
+constexpr int MostReplacements = 1000;  // a line of text takes some tens
 
 // Stands for the brace of a key that is plain text, until the engine is done. It is no code point.
 constexpr char32_t HeldBrace = 0x110000;

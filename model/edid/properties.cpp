@@ -33,9 +33,7 @@ void EdidProperties::Map(IO& io, auto& item) {
     for (int i = 0; i < VendorLetters; ++i) {
         io.Through(
             5, [&] { return i < item.vendorId.Length() ? item.vendorId[i] - LetterBase : 0; },
-            [&](auto raw) {
-                item.vendorId = (i == 0 ? String() : item.vendorId) + String(std::u32string(1, raw + LetterBase));
-            });
+            [&](auto raw) { item.SetVendorLetter(i, raw); });
     }
     io.Check("vendorId", AreLetters(item.vendorId, U'A', U'Z'), AreLetters(item.vendorId, LetterBase, 95));
     io.Order(BitOrder::Lsb);
@@ -121,6 +119,11 @@ std::vector<FieldLimits> EdidProperties::GetFieldLimits() const { return LimitsO
 
 std::uint32_t EdidProperties::GetRawWeek() const {
     return modelYear ? ModelYearWeek : static_cast<std::uint32_t>(ZeroIsUndefined.Encode(week));
+}
+
+void EdidProperties::SetVendorLetter(int place, std::uint32_t raw) {
+    if (place == 0) vendorId = String();
+    vendorId.Append(LetterBase + raw);
 }
 
 void EdidProperties::SetRawWeek(std::uint32_t raw) {

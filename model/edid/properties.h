@@ -133,6 +133,7 @@ public:
 
 private:
     // The bytes 16, and 21 and 22, whose meaning hangs on other fields.
+    void SetVendorLetter(int place, std::uint32_t raw);  // in the order of the letters
     std::uint32_t GetRawWeek() const;
     void SetRawWeek(std::uint32_t raw);
     std::uint32_t GetRawScreen(int index) const;
