@@ -73,7 +73,7 @@ std::string Registry(const Samples::Display& d) {
     const std::string hashedId = Replaced(d.instanceId, '\\', "#");
     const std::string hardware = "MONITOR\\" + d.instanceId.substr(8, d.instanceId.find('\\', 8) - 8);
     std::string text =
-        "[" + key + "]\n\"Class\"=\"Monitor\"\n\"ClassGUID\"=\"{4d36e96e-e325-11ce-bfc1-08002be10318}\"\n";
+        "[" + key + "]\n\"Class\"=\"Monitor\"\n\"ClassGUID\"=\"{4D36E96E-E325-11CE-BFC1-08002BE10318}\"\n";
     text += "\"DeviceDesc\"=\"" + d.description + "\"\n\"Driver\"=\"" + Replaced(d.driverKey, '\\', "\\\\") + "\"\n";
     text += "\"HardwareID\"=hex(7):" + Hex(Utf16(hardware)) + ",00,00\n\n";
     text += "[" + key + "\\Device Parameters]\n\"EDID\"=hex:" + Hex(d.edid) + "\n\n";
