@@ -1,0 +1,2 @@
+// Numbers of the program's resources, for vantelle.rc too.
+#define VANTELLE_ICON 1
