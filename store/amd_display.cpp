@@ -35,18 +35,6 @@ std::size_t BufferSize(void* buffer) {
     return found != Buffers().end() ? found->second : 0;
 }
 
-bool FindCalls(const DriverLibrary& library, Adl::Calls& calls) {
-    return library.Find("ADL_Main_Control_Create", calls.ADL_Main_Control_Create) &&
-           library.Find("ADL_Adapter_NumberOfAdapters_Get", calls.ADL_Adapter_NumberOfAdapters_Get) &&
-           library.Find("ADL_Adapter_AdapterInfo_Get", calls.ADL_Adapter_AdapterInfo_Get) &&
-           library.Find("ADL_Display_NumberOfDisplays_Get", calls.ADL_Display_NumberOfDisplays_Get) &&
-           library.Find("ADL_Display_DisplayInfo_Get", calls.ADL_Display_DisplayInfo_Get) &&
-           library.Find("ADL_Adapter_Active_Get", calls.ADL_Adapter_Active_Get) &&
-           library.Find("ADL_Display_EdidData_Get", calls.ADL_Display_EdidData_Get) &&
-           library.Find("ADL_Display_DDCBlockAccess_Get", calls.ADL_Display_DDCBlockAccess_Get) &&
-           library.Find("ADL_Main_Control_Destroy", calls.ADL_Main_Control_Destroy);
-}
-
 using AdapterNames = std::map<int, std::wstring>;
 
 GpuDisplayRecord MakeRecord(const AmdDriver& driver, int adapter, const Adl::DisplayInfo& display,
@@ -62,40 +50,38 @@ GpuDisplayRecord MakeRecord(const AmdDriver& driver, int adapter, const Adl::Dis
 
 }  // namespace
 
-std::shared_ptr<const AmdDriver> AmdDriver::Acquire(const LibraryLoader& load) {
-    static std::weak_ptr<const AmdDriver> current;
-    std::shared_ptr<const AmdDriver> driver = current.lock();
-    if (driver != nullptr) return driver;
-    std::unique_ptr<DriverLibrary> library = LoadEither(load, L"atiadlxx.dll", L"atiadlxy.dll");
-    Adl::Calls calls = {};
-    if (library == nullptr || !FindCalls(*library, calls)) return nullptr;
-    if (calls.ADL_Main_Control_Create(AllocateBuffer, 1) != 0) return nullptr;
-    driver = std::make_shared<const AmdDriver>(std::move(library), calls);
-    current = driver;
-    return driver;
+bool AmdDriver::FindCalls(const DriverLibrary& library, Calls& calls) {
+    return library.Find("ADL_Main_Control_Create", calls.ADL_Main_Control_Create) &&
+           library.Find("ADL_Adapter_NumberOfAdapters_Get", calls.ADL_Adapter_NumberOfAdapters_Get) &&
+           library.Find("ADL_Adapter_AdapterInfo_Get", calls.ADL_Adapter_AdapterInfo_Get) &&
+           library.Find("ADL_Display_NumberOfDisplays_Get", calls.ADL_Display_NumberOfDisplays_Get) &&
+           library.Find("ADL_Display_DisplayInfo_Get", calls.ADL_Display_DisplayInfo_Get) &&
+           library.Find("ADL_Adapter_Active_Get", calls.ADL_Adapter_Active_Get) &&
+           library.Find("ADL_Display_EdidData_Get", calls.ADL_Display_EdidData_Get) &&
+           library.Find("ADL_Display_DDCBlockAccess_Get", calls.ADL_Display_DDCBlockAccess_Get) &&
+           library.Find("ADL_Main_Control_Destroy", calls.ADL_Main_Control_Destroy);
 }
 
-AmdDriver::AmdDriver(std::unique_ptr<DriverLibrary> library, const Adl::Calls& calls)
-    : library_(std::move(library)), calls_(calls) {}
+bool AmdDriver::Start(const Calls& calls) { return calls.ADL_Main_Control_Create(AllocateBuffer, 1) == 0; }
 
 AmdDriver::~AmdDriver() {
-    calls_.ADL_Main_Control_Destroy();
+    Call().ADL_Main_Control_Destroy();
     while (!Buffers().empty()) FreeBuffer(Buffers().begin()->first);
 }
 
 bool AmdDriver::GetAdapters(std::vector<Adl::AdapterInfo>& out) const {
     int count = 0;
-    if (calls_.ADL_Adapter_NumberOfAdapters_Get(&count) != 0) return false;
+    if (Call().ADL_Adapter_NumberOfAdapters_Get(&count) != 0) return false;
     if (count < 0 || count > Source::MostRecords) return false;
     out.assign(static_cast<std::size_t>(count), {});
-    return calls_.ADL_Adapter_AdapterInfo_Get(out.data(), static_cast<int>(out.size() * sizeof(Adl::AdapterInfo))) == 0;
+    return Call().ADL_Adapter_AdapterInfo_Get(out.data(), static_cast<int>(out.size() * sizeof(Adl::AdapterInfo))) == 0;
 }
 
 std::vector<Adl::DisplayInfo> AmdDriver::GetDisplays(int adapter) const {
     int count = 0;
-    if (calls_.ADL_Display_NumberOfDisplays_Get(adapter, &count) != 0) return {};
+    if (Call().ADL_Display_NumberOfDisplays_Get(adapter, &count) != 0) return {};
     Adl::DisplayInfo* info = nullptr;
-    const int result = calls_.ADL_Display_DisplayInfo_Get(adapter, &count, &info, 0);
+    const int result = Call().ADL_Display_DisplayInfo_Get(adapter, &count, &info, 0);
     std::vector<Adl::DisplayInfo> displays;
     if (result == 0 && count > 0) {
         const std::size_t held = BufferSize(info) / sizeof(Adl::DisplayInfo);
@@ -107,7 +93,7 @@ std::vector<Adl::DisplayInfo> AmdDriver::GetDisplays(int adapter) const {
 
 bool AmdDriver::IsActive(int adapter) const {
     int active = 0;
-    return calls_.ADL_Adapter_Active_Get(adapter, &active) == 0 && active != 0;
+    return Call().ADL_Adapter_Active_Get(adapter, &active) == 0 && active != 0;
 }
 
 bool WindowsAmdGpuDisplay::ReadEdidBlocks(int index, Adl::DisplayEdidData& out) const {

@@ -9,25 +9,20 @@
 namespace VNT {
 
 // AMD's driver library, started.
-class AmdDriver {
+class AmdDriver : public TDriver<AmdDriver, Adl::Calls> {
 public:
-    // The one that is in use, or a new one; null if there is no library, or it lacks a call or doesn't start.
-    static std::shared_ptr<const AmdDriver> Acquire(const LibraryLoader& load);
+    static constexpr const wchar_t* FirstName = L"atiadlxx.dll";
+    static constexpr const wchar_t* SecondName = L"atiadlxy.dll";
+    static bool FindCalls(const DriverLibrary& library, Calls& calls);
+    static bool Start(const Calls& calls);
 
-    AmdDriver(std::unique_ptr<DriverLibrary> library, const Adl::Calls& calls);
+    using TDriver::TDriver;
     ~AmdDriver();
-    AmdDriver(const AmdDriver&) = delete;
-    AmdDriver& operator=(const AmdDriver&) = delete;
 
-    const Adl::Calls& Call() const { return calls_; }
     // False if the library doesn't say.
     bool GetAdapters(std::vector<Adl::AdapterInfo>& out) const;
     std::vector<Adl::DisplayInfo> GetDisplays(int adapter) const;
     bool IsActive(int adapter) const;
-
-private:
-    std::unique_ptr<DriverLibrary> library_;
-    Adl::Calls calls_;
 };
 
 class WindowsAmdGpuDisplay : public TDriverGpuDisplay<WindowsAmdGpuDisplay, WindowsGpuTypeId::Amd, AmdDriver> {

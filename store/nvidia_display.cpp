@@ -26,7 +26,9 @@ bool FindCall(Nvapi::QueryInterface* query, Nvapi::Id id, Function*& out) {
     return out != nullptr;
 }
 
-bool FindCalls(const DriverLibrary& library, Nvapi::Calls& calls) {
+}  // namespace
+
+bool NvidiaDriver::FindCalls(const DriverLibrary& library, Calls& calls) {
     Nvapi::QueryInterface* query = nullptr;
     return library.Find(Nvapi::QueryInterfaceName, query) && FindCall(query, Nvapi::InitializeId, calls.Initialize) &&
            FindCall(query, Nvapi::EnumPhysicalGpusId, calls.EnumPhysicalGpus) &&
@@ -39,36 +41,20 @@ bool FindCalls(const DriverLibrary& library, Nvapi::Calls& calls) {
            FindCall(query, Nvapi::I2cWriteId, calls.I2cWrite) && FindCall(query, Nvapi::UnloadId, calls.Unload);
 }
 
-}  // namespace
+bool NvidiaDriver::Start(const Calls& calls) { return calls.Initialize() == 0; }
 
-std::shared_ptr<const NvidiaDriver> NvidiaDriver::Acquire(const LibraryLoader& load) {
-    static std::weak_ptr<const NvidiaDriver> current;
-    std::shared_ptr<const NvidiaDriver> driver = current.lock();
-    if (driver != nullptr) return driver;
-    std::unique_ptr<DriverLibrary> library = LoadEither(load, L"nvapi.dll", L"nvapi64.dll");
-    Nvapi::Calls calls = {};
-    if (library == nullptr || !FindCalls(*library, calls)) return nullptr;
-    if (calls.Initialize() != 0) return nullptr;
-    driver = std::make_shared<const NvidiaDriver>(std::move(library), calls);
-    current = driver;
-    return driver;
-}
-
-NvidiaDriver::NvidiaDriver(std::unique_ptr<DriverLibrary> library, const Nvapi::Calls& calls)
-    : library_(std::move(library)), calls_(calls) {}
-
-NvidiaDriver::~NvidiaDriver() { calls_.Unload(); }
+NvidiaDriver::~NvidiaDriver() { Call().Unload(); }
 
 std::map<std::uint32_t, std::wstring> NvidiaDriver::GetDisplayNames() const {
     std::map<std::uint32_t, std::wstring> names;
     Nvapi::DisplayHandle display = nullptr;
-    for (std::uint32_t index = 0; index < Source::MostRecords && calls_.EnumDisplayHandle(index, &display) == 0;
+    for (std::uint32_t index = 0; index < Source::MostRecords && Call().EnumDisplayHandle(index, &display) == 0;
          ++index) {
         char name[Nvapi::DisplayNameSize + 1] = {};  // one more than the driver fills: it may leave out the end
         std::uint32_t id = 0;
-        if (calls_.GetDisplayName(display, name) != 0) continue;
+        if (Call().GetDisplayName(display, name) != 0) continue;
         name[Nvapi::DisplayNameSize] = '\0';
-        if (calls_.GetDisplayId(name, &id) != 0) continue;
+        if (Call().GetDisplayId(name, &id) != 0) continue;
         names[id] = String(name).ToWide();
     }
     return names;
@@ -77,18 +63,18 @@ std::map<std::uint32_t, std::wstring> NvidiaDriver::GetDisplayNames() const {
 bool NvidiaDriver::GetGpus(std::vector<Nvapi::GpuHandle>& out) const {
     out.assign(Nvapi::MostGpus, nullptr);
     std::uint32_t count = 0;
-    if (calls_.EnumPhysicalGpus(out.data(), &count) != 0) return false;
+    if (Call().EnumPhysicalGpus(out.data(), &count) != 0) return false;
     out.resize(std::min<std::size_t>(count, out.size()));
     return true;
 }
 
 std::vector<std::uint32_t> NvidiaDriver::GetConnectedDisplays(Nvapi::GpuHandle gpu) const {
     std::uint32_t count = 0;
-    if (calls_.GetConnectedDisplayIds(gpu, nullptr, &count, 0) != 0) return {};
+    if (Call().GetConnectedDisplayIds(gpu, nullptr, &count, 0) != 0) return {};
     if (count == 0 || count > Source::MostRecords) return {};
     std::vector<Nvapi::DisplayIds> entries(count);
     entries[0].version = Nvapi::DisplayIdsVersion;
-    if (calls_.GetConnectedDisplayIds(gpu, entries.data(), &count, 0) != 0) return {};
+    if (Call().GetConnectedDisplayIds(gpu, entries.data(), &count, 0) != 0) return {};
     entries.resize(std::min<std::size_t>(count, entries.size()));
     std::vector<std::uint32_t> ids;
     for (const Nvapi::DisplayIds& entry : entries) ids.push_back(entry.displayId);

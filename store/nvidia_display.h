@@ -11,25 +11,20 @@
 namespace VNT {
 
 // NVIDIA's driver library, started.
-class NvidiaDriver {
+class NvidiaDriver : public TDriver<NvidiaDriver, Nvapi::Calls> {
 public:
-    // The one that is in use, or a new one; null if there is no library, or it lacks a call or doesn't start.
-    static std::shared_ptr<const NvidiaDriver> Acquire(const LibraryLoader& load);
+    static constexpr const wchar_t* FirstName = L"nvapi.dll";
+    static constexpr const wchar_t* SecondName = L"nvapi64.dll";
+    static bool FindCalls(const DriverLibrary& library, Calls& calls);
+    static bool Start(const Calls& calls);
 
-    NvidiaDriver(std::unique_ptr<DriverLibrary> library, const Nvapi::Calls& calls);
+    using TDriver::TDriver;
     ~NvidiaDriver();
-    NvidiaDriver(const NvidiaDriver&) = delete;
-    NvidiaDriver& operator=(const NvidiaDriver&) = delete;
 
-    const Nvapi::Calls& Call() const { return calls_; }
     std::map<std::uint32_t, std::wstring> GetDisplayNames() const;  // by display ID
     // False if the library doesn't say.
     bool GetGpus(std::vector<Nvapi::GpuHandle>& out) const;
     std::vector<std::uint32_t> GetConnectedDisplays(Nvapi::GpuHandle gpu) const;
-
-private:
-    std::unique_ptr<DriverLibrary> library_;
-    Nvapi::Calls calls_;
 };
 
 class WindowsNvidiaGpuDisplay

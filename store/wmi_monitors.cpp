@@ -45,7 +45,7 @@ WmiMonitorRecord ReadMonitor(WmiConnection& wmi) {
     Require(wmi.GetPath(), L"IWbemClassObject::Get(\"__Path\") failed.");
     Require(wmi.GetInstanceName(name), L"IWbemClassObject::Get(\"InstanceName\") failed.");
     WmiMonitorRecord record{InstanceId(name), {}};
-    for (int block = 0; block < BlockIds; ++block) {
+    for (int block = 0; block < BlockIds && record.EdidData.Size() < Source::MostEdidBytes; ++block) {
         Require(wmi.PutBlockId(static_cast<std::uint8_t>(block)),
                 L"WmiGetMonitorRawEEdidV1Block::Put(\"BlockId\") failed.");
         if (!wmi.ExecMethod()) break;  // how the end of the data shows

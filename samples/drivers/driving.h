@@ -39,6 +39,7 @@ public:
 
     // Things that are alive, by kind; the report names each kind that ever was, with the number still alive.
     void Count(const std::string& kind, int change) { alive_[kind] += change; }
+    int Alive(const std::string& kind) { return alive_[kind]; }
     std::string Report() const;
 
 private:

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "store/display.h"
 
 // Blocks of our own making for the store's tests.
@@ -26,5 +28,24 @@ inline Bytes Join(std::initializer_list<Bytes> parts) {
 }
 
 inline Bytes Zeros() { return Bytes(EdidBlockSize, 0); }
+
+// A line that gives a stand-in an EDID.
+inline std::string EdidLine(const Bytes& edid) {
+    constexpr char digits[] = "0123456789abcdef";
+    std::string line = "edid ";
+    for (const std::uint8_t byte : edid.Vector()) {
+        line += digits[byte / 16];
+        line += digits[byte % 16];
+    }
+    return line + "\n";
+}
+
+// `size` bytes that begin as an EDID with extensions does, each other byte telling its place.
+inline Bytes LongEdid(int size) {
+    Bytes bytes(size, 0);
+    for (int i = 1; i < size; ++i) bytes.At(i) = static_cast<std::uint8_t>(i % 251);
+    if (size > 126) bytes.At(126) = 1;
+    return bytes;
+}
 
 }  // namespace VNT::Sample

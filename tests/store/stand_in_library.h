@@ -48,25 +48,6 @@ private:
     };
 };
 
-// A line that gives a stand-in an EDID.
-inline std::string EdidLine(const Bytes& edid) {
-    constexpr char digits[] = "0123456789abcdef";
-    std::string line = "edid ";
-    for (const std::uint8_t byte : edid.Vector()) {
-        line += digits[byte / 16];
-        line += digits[byte % 16];
-    }
-    return line + "\n";
-}
-
-// `size` bytes that begin as an EDID with extensions does, each other byte telling its place.
-inline Bytes LongEdid(int size) {
-    Bytes bytes(size, 0);
-    for (int i = 1; i < size; ++i) bytes.At(i) = static_cast<std::uint8_t>(i % 251);
-    if (size > 126) bytes.At(126) = 1;
-    return bytes;
-}
-
 // A test of one driver's reader on its stand-in. At its end nothing may be loaded or started any more.
 class DriverTest : public testing::Test {
 protected:
