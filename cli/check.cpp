@@ -42,10 +42,20 @@ void CheckRoundTrip(const Edid& edid, const Bytes& bytes, std::vector<std::strin
     }
 }
 
+void CheckItem(const std::string& path, bool isValid, const std::vector<ItemPart>& parts,
+               std::vector<std::string>& reasons) {
+    if (!isValid) reasons.push_back(path + " out of limits");
+    for (const ItemPart& part : parts) {
+        CheckItem(path + "/" + part.list + "/" + std::to_string(part.index), part.isValid, part.parts, reasons);
+    }
+}
+
 template <class List>
 void CheckList(const std::string& path, const List& list, std::vector<std::string>& reasons) {
     for (int i = 0; i < list.GetCount(); ++i) {
-        if (!list.At(i).IsValid()) reasons.push_back(path + "/" + std::to_string(i) + " out of limits");
+        std::vector<ItemPart> parts;
+        if constexpr (requires { list.At(i).GetParts(); }) parts = list.At(i).GetParts();
+        CheckItem(path + "/" + std::to_string(i), list.At(i).IsValid(), parts, reasons);
     }
 }
 

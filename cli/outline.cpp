@@ -19,4 +19,11 @@ void Outline::Line(const String& text) {
     out_ << line.ToUtf8() << '\n';
 }
 
+void Outline::ShowParts(const std::vector<ItemPart>& parts) {
+    for (const ItemPart& part : parts) {
+        Line(part.text);
+        Deeper().ShowParts(part.parts);
+    }
+}
+
 }  // namespace VNT::Cli

@@ -2,7 +2,9 @@
 
 #include <ostream>
 #include <string>
+#include <vector>
 
+#include "model/core/any.h"
 #include "model/core/text.h"
 #include "model/edid/captions.h"
 
@@ -16,9 +18,9 @@ public:
     void Line(const String& text);
     Outline Deeper() const { return Outline(out_, level_ + 1); }
 
-    // The list's caption, then its items, or its empty row; `each` prints what stands below an item.
-    template <class Limits, class List, class Each>
-    void ShowList(const Limits& limits, const List& list, const ListCaptions& captions, const Each& each) {
+    // The list's caption, then its items, each with its parts, or its empty row.
+    template <class Limits, class List>
+    void ShowList(const Limits& limits, const List& list, const ListCaptions& captions) {
         Line(CaptionOf(limits, list, captions));
         Outline deeper = Deeper();
         if (list.IsEmpty()) deeper.Line(captions.emptyRow);
@@ -26,13 +28,10 @@ public:
             String text;
             item.GetText(text);
             deeper.Line(text);
-            each(item, deeper.Deeper());
+            if constexpr (requires { item.GetParts(); }) deeper.Deeper().ShowParts(item.GetParts());
         }
     }
-    template <class Limits, class List>
-    void ShowList(const Limits& limits, const List& list, const ListCaptions& captions) {
-        ShowList(limits, list, captions, [](const auto&, Outline) {});
-    }
+    void ShowParts(const std::vector<ItemPart>& parts);
 
 private:
     template <class Limits, class List>

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "model/core/bytes.h"
 #include "model/core/text_string.h"
@@ -34,6 +35,15 @@ public:
     friend bool operator==(const AnyX& a, const AnyX& b) { return a.Equals(b); }
 };
 
+// An item of a list that another item holds, for those who know neither's class.
+struct ItemPart {
+    const char* list = "";  // the list's name in the layout of its holder
+    int index = 0;
+    String text;
+    bool isValid = false;
+    std::vector<ItemPart> parts;  // of the lists that it holds itself
+};
+
 // The operations of the families whose items are read from a frame of their own length.
 template <class AnyX>
 class TAnyFramed : public TAny<AnyX> {
@@ -48,6 +58,8 @@ public:
     // Every field lies in what a sound EDID holds / in what the bytes can carry. False on an empty holder.
     virtual bool IsValid() const = 0;
     virtual bool IsValidAll() const = 0;
+    // The items of its own lists, list after list.
+    virtual std::vector<ItemPart> GetParts() const { return {}; }
 };
 
 // An item of a fixed type value. X supplies `EqualFields(const X&)`; its fields are copied by its assignment.
@@ -131,6 +143,9 @@ public:
     }
     bool IsValid() const override { return this->item_ != nullptr && this->item_->IsValid(); }
     bool IsValidAll() const override { return this->item_ != nullptr && this->item_->IsValidAll(); }
+    std::vector<ItemPart> GetParts() const override {
+        return this->item_ != nullptr ? this->item_->GetParts() : std::vector<ItemPart>();
+    }
 };
 
 }  // namespace VNT

@@ -24,6 +24,36 @@ void DescribeItem(const X& item, TextFormat format, const String& shape, String&
     DescribeItem(item, format, out);
 }
 
+// Lists the items of the lists among an item's parts.
+class PartLister : public LayoutObserver {
+public:
+    using LayoutObserver::LayoutObserver;
+
+    template <class T>
+    void Kept(const char*, const BitPlace&, const T&) {}
+    template <class T, class L>
+    void Number(const char*, const BitPlace&, const T&, const TLimitPair<L>&) {}
+    template <class T, class Coding, class L>
+    void Number(const char*, const BitPlace&, const T&, const Coding&, const TLimitPair<L>&) {}
+    void Data(const char*, int, const Bytes&, const TLimitPair<CountLimits>&) {}
+    void Rest(const char*, const Bytes&, const TLimitPair<CountLimits>&) {}
+    void Check(const char*, bool, bool) {}
+    template <class Item>
+    void Part(const char* name, int, const Item& part, bool, bool) {
+        if constexpr (requires { part.begin(); }) {
+            int index = 0;
+            for (const auto& item : part) {
+                ItemPart row{name, index++, {}, item.IsValid(), {}};
+                item.GetText(row.text);
+                if constexpr (requires { item.GetParts(); }) row.parts = item.GetParts();
+                parts.push_back(std::move(row));
+            }
+        }
+    }
+
+    std::vector<ItemPart> parts;
+};
+
 // A concrete item of a framed family with all operations made from its layout. X gives
 //
 //     template <class IO> static void Map(IO& io, auto& item);  // the bytes, see layout.h
@@ -62,6 +92,11 @@ public:
     void GetText(String& out) const override { DescribeItem(Self(), Self().GetFormat(), out); }
     bool IsValid() const override { return ValidityOf(Self(), AnyX::FrameSize).proper; }
     bool IsValidAll() const override { return ValidityOf(Self(), AnyX::FrameSize).all; }
+    std::vector<ItemPart> GetParts() const override {
+        PartLister io(AnyX::FrameSize);
+        X::Map(io, Self());
+        return std::move(io.parts);
+    }
 
     ItemStatus GetStatus() const { return StatusOf(Self(), AnyX::FrameSize); }
     std::vector<FieldLimits> GetFieldLimits() const { return LimitsOf(Self(), AnyX::FrameSize); }

@@ -113,8 +113,9 @@ public:
     void Number(const char*, const BitPlace& place, T& value, const TLimitPair<L>&) {
         value = Detail::FromRaw<T>(place.Read(range_, order_));
     }
-    template <class T, class L>
-    void Number(const char*, const BitPlace& place, T& value, const TValueCoding<T>& coding, const TLimitPair<L>&) {
+    // `coding` has `Decode(raw)` and `Encode(value)`, as TValueCoding.
+    template <class T, class Coding, class L>
+    void Number(const char*, const BitPlace& place, T& value, const Coding& coding, const TLimitPair<L>&) {
         value = coding.Decode(place.Read(range_, order_));
     }
     // A number that is no field of its own: `set` takes the raw number, `get` gives it.
@@ -155,9 +156,8 @@ public:
     void Number(const char*, const BitPlace& place, const T& value, const TLimitPair<L>&) {
         place.Write(range_, order_, Detail::ToRaw(value));
     }
-    template <class T, class L>
-    void Number(const char*, const BitPlace& place, const T& value, const TValueCoding<T>& coding,
-                const TLimitPair<L>&) {
+    template <class T, class Coding, class L>
+    void Number(const char*, const BitPlace& place, const T& value, const Coding& coding, const TLimitPair<L>&) {
         place.Write(range_, order_, static_cast<std::uint32_t>(coding.Encode(value)));
     }
     template <class Get, class Set>
@@ -212,9 +212,8 @@ public:
     void Number(const char* name, const BitPlace&, const T& value, const TLimitPair<L>& limits) {
         sink_.Report(name, Detail::Passes(value, limits.proper), Detail::Passes(value, limits.all));
     }
-    template <class T, class L>
-    void Number(const char* name, const BitPlace& place, const T& value, const TValueCoding<T>&,
-                const TLimitPair<L>& limits) {
+    template <class T, class Coding, class L>
+    void Number(const char* name, const BitPlace& place, const T& value, const Coding&, const TLimitPair<L>& limits) {
         Number(name, place, value, limits);
     }
     void Data(const char* name, int, const Bytes& value, const TLimitPair<CountLimits>& limits) {
@@ -289,9 +288,8 @@ public:
     void Number(const char* name, const BitPlace&, const T&, const TLimitPair<L>& pair) {
         limits.push_back({name, pair.proper, pair.all});
     }
-    template <class T, class L>
-    void Number(const char* name, const BitPlace& place, const T& value, const TValueCoding<T>&,
-                const TLimitPair<L>& pair) {
+    template <class T, class Coding, class L>
+    void Number(const char* name, const BitPlace& place, const T& value, const Coding&, const TLimitPair<L>& pair) {
         Number(name, place, value, pair);
     }
     void Data(const char* name, int, const Bytes& value, const TLimitPair<CountLimits>& pair) {

@@ -16,8 +16,9 @@ class TFew {
 public:
     constexpr TFew() = default;
     constexpr TFew(std::initializer_list<T> values) {
-        for (const T& value : values) values_.at(static_cast<std::size_t>(count_++)) = value;
+        for (const T& value : values) Add(value);
     }
+    constexpr void Add(const T& value) { values_.at(static_cast<std::size_t>(count_++)) = value; }
     constexpr const T* begin() const { return values_.data(); }
     constexpr const T* end() const { return values_.data() + count_; }
     constexpr bool Contains(const T& value) const {

@@ -14,6 +14,8 @@ namespace VNT {
 template <class Item>
 class TList {
 public:
+    using ItemType = Item;
+
     int GetCount() const { return static_cast<int>(items_.size()); }
     bool IsEmpty() const { return items_.empty(); }
     void Clear() { items_.clear(); }
@@ -97,12 +99,32 @@ public:
         }
         return true;
     }
+    // The same, then `unused` in each whole slot that is left.
+    template <class Unused>
+    bool WriteFilled(ByteRange range, const Unused& unused) const {
+        if (!TSlotList::Write(range)) return false;
+        for (range.Drop(GetSize()); unused.Write(range);) range.Drop(slotBytes);
+        return true;
+    }
     int GetSize() const { return this->GetCount() * slotBytes; }
     // Removes the slots at the end that equal `unused`; one in the middle stays.
     template <class Unused>
     void TrimTrailing(const Unused& unused) {
         while (!this->items_.empty() && this->items_.back() == unused) this->items_.pop_back();
     }
+};
+
+// A list whose place always holds whole slots: those that it doesn't use hold `Item()`.
+template <class List>
+class TFilledSlotList : public List {
+public:
+    // As the list's; the unused slots at the end are none of its items.
+    bool Read(ByteRange range) {
+        List::Read(range);
+        this->TrimTrailing(typename List::ItemType());
+        return true;
+    }
+    bool Write(ByteRange range) const { return this->WriteFilled(range, typename List::ItemType()); }
 };
 
 // Fixed slots: made from the bytes that the format gives the list.

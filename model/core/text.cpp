@@ -145,6 +145,7 @@ String GetSizeText(int size, int maxSize, std::u32string_view caption, const Siz
 }
 
 String NumberText(std::int64_t value, int radix, int width, bool uppercase) {
+    if (value == Undefined) return {};
     const char32_t firstLetter = uppercase ? U'A' : U'a';
     const auto base = static_cast<std::uint64_t>(std::clamp(radix, 2, 36));
     std::u32string digits;

@@ -93,7 +93,7 @@ String GetListText(const Limits& limits, const List& list, const SizeTextFormat&
 String GetSizeText(int size, int maxSize, std::u32string_view caption, const SizeTextFormat& format = {});
 
 // Digits of `value` in `radix` (2 to 36), padded with "0" to at least `width` digits, "-" in front of a negative
-// number.
+// number; Undefined gives the empty text.
 String NumberText(std::int64_t value, int radix, int width, bool uppercase);
 
 // Text of a Decimal: digits below `decimals` are dropped, at most `maxLength` characters are kept (a "." that then

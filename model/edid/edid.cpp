@@ -11,7 +11,6 @@ constexpr int EstablishedBytes = 3;
 constexpr int StandardBytes = 16;
 constexpr int DescriptorBytes = 72;
 constexpr int MaxExtensionBytes = 255 * Edid::BlockSize;
-constexpr std::uint8_t UnusedStandardByte = 0x01;
 
 }  // namespace
 
@@ -33,7 +32,6 @@ bool Edid::Read(ByteRange range) {
     properties = readProperties;
     established.GetBytes() = Bytes(range.Take(EstablishedBytes));
     standardResolutions.Read(range.Take(StandardBytes));
-    standardResolutions.TrimTrailing(EdidStandardResolution());
     descriptors.Read(range.Take(DescriptorBytes));
     descriptors.TrimTrailing(EdidEmptyDescriptor());
     extensionBlockCount = static_cast<int>(range.ReadLsb(8));
@@ -63,9 +61,7 @@ void Edid::WriteBaseBlock(ByteRange range) const {
     put(Header);
     EdidProperties(properties).Write(range.Take(EdidProperties::FrameSize));
     put(established.GetBytes());
-    const ByteRange standard = range.Take(StandardBytes);
-    standard.Fill(UnusedStandardByte);
-    standardResolutions.Write(standard);
+    standardResolutions.Write(range.Take(StandardBytes));
     descriptors.Write(range.Take(DescriptorBytes));
     range.WriteLsb(8, static_cast<std::uint32_t>(extensionBlockCount));
     range.WriteLsb(8, checksum == Undefined ? 0 : static_cast<std::uint32_t>(checksum));

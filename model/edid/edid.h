@@ -4,7 +4,7 @@
 #include "model/edid/descriptor.h"
 #include "model/edid/extension_block.h"
 #include "model/edid/properties.h"
-#include "model/edid/standard_slots.h"
+#include "model/timing/standard_resolution.h"
 
 namespace VNT {
 
@@ -21,7 +21,7 @@ struct EdidEstablishedResolutionFlagEnum {
 struct EdidFields {
     EdidPropertiesFields properties = EdidProperties();
     TBitsMsb<EdidEstablishedResolutionFlagEnum, 24> established;
-    EdidStandardResolutionList standardResolutions;
+    TFilledSlotList<EdidStandardResolutionList> standardResolutions;
     EdidDescriptorList descriptors;
     EdidExtensionBlockList extensionBlocks;
     bool operator==(const EdidFields&) const = default;

@@ -68,6 +68,8 @@ TEST(NumberText, HoldsItsRadixWithinTwoToThirtySix) {
     EXPECT_EQ(NumberText(35, 99, 0, true), U"Z");
 }
 
+TEST(NumberText, UndefinedIsEmpty) { EXPECT_EQ(NumberText(Undefined, 10, 4, false), U""); }
+
 TEST(DecimalToText, HasThatManyDigitsBehindThePoint) {
     EXPECT_EQ(DecimalToText(Decimal(14850, 2), 2), U"148.50");
     EXPECT_EQ(DecimalToText(Decimal(14850, 2), 6), U"148.500000");

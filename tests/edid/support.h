@@ -1,17 +1,9 @@
 #pragma once
 
-#include "model/core/text.h"
 #include "model/edid/edid.h"
+#include "tests/support/items.h"
 
 namespace VNT::Testing {
-
-inline Bytes FromHex(const char* text) {
-    Bytes bytes;
-    HexFromText(text, bytes);
-    return bytes;
-}
-
-inline std::string ToHex(const Bytes& bytes) { return HexText(bytes).ToUtf8(); }
 
 // A base block with right checksum: the given extension count, version and revision, and nothing in its lists.
 inline Bytes BaseBlock(int extensionCount = 0, int revision = 3) {
@@ -28,13 +20,6 @@ inline Bytes Join(std::initializer_list<Bytes> parts) {
     Bytes all;
     for (const Bytes& part : parts) all.Append(part);
     return all;
-}
-
-template <class Item>
-std::string TextOf(const Item& item) {
-    String text;
-    item.GetText(text);
-    return text.ToUtf8();
 }
 
 }  // namespace VNT::Testing
