@@ -1,0 +1,182 @@
+#include "editor/any_window.h"
+
+#include <algorithm>
+
+using namespace VNT;
+using UI::Controls::Button;
+using UI::Controls::ComboBox;
+using UI::Controls::TextBox;
+
+AnyWindow::AnyWindow(UI::Window* parent, const std::wstring& className, const std::wstring& title)
+    : UI::Window(parent, className, title) {}
+
+AnyWindow::~AnyWindow() = default;
+
+void AnyWindow::BindOk(Button& button, Callback commit) {
+    const auto confirm = [&button, commit = std::move(commit)] {
+        if (!button.IsEnabled()) return;
+        if (commit) commit();
+        UI::EndRun(UI::IdOk);
+    };
+    button.AddNotificationHandler(Button::Clicked, confirm);
+    AddCommandHandler(UI::IdOk, confirm);
+}
+
+void AnyWindow::BindCancel(Button& button) {
+    const auto end = [] { UI::EndRun(UI::IdCancel); };
+    button.AddNotificationHandler(Button::Clicked, end);
+    AddCommandHandler(UI::IdCancel, end);
+    AddResultHandler(UI::Message::Close, [end](UI::WParam, UI::LParam) -> UI::MessageResult {
+        end();
+        return 0;
+    });
+}
+
+void AnyWindow::BindTextBox(TextBox& box, std::function<bool(const String&)> parse,
+                            std::function<void(bool parsed)> onChange) {
+    box.AddNotificationHandler(TextBox::Changed,
+                               [this, &box, parse = std::move(parse), onChange = std::move(onChange)] {
+                                   onChange(parse(String(box.GetText())));
+                                   Update();
+                               });
+    box.AddNotificationHandler(TextBox::FocusLost, [this] { Update(); });
+}
+
+void AnyWindow::BindChoice(ComboBox& box, std::function<void(int row)> choose, Callback onChange) {
+    const auto store = [&box, choose = std::move(choose)] {
+        if (box.GetSelection() != ComboBox::NoSelection) choose(box.GetSelection());
+    };
+    box.AddNotificationHandler(ComboBox::SelectionChanged, GetHandler(store, std::move(onChange)));
+}
+
+AnyWindow::Callback AnyWindow::GetHandler(Callback store, Callback onChange) {
+    return [this, store = std::move(store), onChange = std::move(onChange)] {
+        store();
+        if (onChange) onChange();
+        Update();
+    };
+}
+
+void AnyWindow::SetText(TextBox& box, const String& text, const Forms::FieldState& state, bool isBadText) {
+    if (!isBadText && !box.HasFocus()) box.SetText(text.ToWide());
+    box.SetValidStyle(state.IsValid);
+    if (box.IsEnabled() != state.IsAvailable) box.SetEnabled(state.IsAvailable);
+}
+
+void AnyWindow::SetCaption(UI::Control& control, const String& text, bool available) {
+    control.SetText((available ? text : text + U" (no space left)").ToWide());
+}
+
+void AnyWindow::SetActual(UI::Controls::Label& label, const DecimalFormat& format, const std::wstring& unit,
+                          bool enabled, Decimal value) {
+    const bool isNone = value.IsUndefined() || Forms::IsBad(value);
+    const std::wstring number = isNone ? L"–" : DecimalToText(value, format).ToWide();
+    label.SetText(enabled ? L"Actual: " + number + L" " + unit : L"(no space left)");
+}
+
+Forms::Group& AnyWindow::AddGroup(const std::wstring& caption) {
+    groups.push_back(std::make_unique<Forms::Group>(*this, caption));
+    return *groups.back();
+}
+
+Button& AnyWindow::AddBottomButton(const std::wstring& text, Callback action) {
+    leftButtons.push_back(std::make_unique<Button>(*this, text));
+    leftButtons.back()->AddNotificationHandler(Button::Clicked, std::move(action));
+    return *leftButtons.back();
+}
+
+void AnyWindow::AddOkAndCancel() {
+    // Behind the controls of all groups, so that they come last in the Tab order.
+    if (ok) return;
+    ok = std::make_unique<Button>(*this, L"OK");
+    cancel = std::make_unique<Button>(*this, L"Cancel");
+    BindOk(*ok, [this] { Commit(); });
+    BindCancel(*cancel);
+}
+
+int AnyWindow::RunForm() {
+    AddOkAndCancel();
+    isLaidOut = false;
+    Update();
+    Center();
+    return Run();
+}
+
+void AnyWindow::Update() {
+    bool changed = !isLaidOut;
+    for (const auto& group : groups) changed = UpdateGroup(*group) || changed;
+    if (!ok) return;
+    const bool canConfirm = CanConfirm() && !HasBadText();
+    if (ok->IsEnabled() != canConfirm) ok->SetEnabled(canConfirm);
+    ok->SetDefault(canConfirm);
+    if (!changed) return;
+    isLaidOut = true;
+    Forms::BottomButtons buttons{{}, {ok.get(), cancel.get()}};
+    for (const auto& button : leftButtons) buttons.Left.push_back(button.get());
+    Forms::LayOut(*this, groups, buttons);
+}
+
+bool AnyWindow::UpdateGroup(Forms::Group& group) {
+    const bool isVisible = Forms::Holds(group.VisibleIf);
+    bool changed = isVisible != group.IsVisible;
+    if (changed) group.Box.SetVisible(isVisible);
+    group.IsVisible = isVisible;
+    bool isValid = true;
+    bool isAvailable = group.Rows.empty();
+    for (const auto& row : group.Rows) changed = UpdateRow(*row, isVisible, isValid, isAvailable) || changed;
+    if (group.RefreshCaption) group.RefreshCaption();
+    SetValidStyle(group.Box, isValid);
+    if (group.Box.IsEnabled() != isAvailable) group.Box.SetEnabled(isAvailable);
+    return changed;
+}
+
+void AnyWindow::SetState(Forms::Cell& cell) const {
+    cell.State = cell.Field.empty() ? Forms::FieldState{} : GetFieldState(cell.Field);
+    cell.State.IsAvailable = cell.State.IsAvailable && Forms::Holds(cell.EnabledIf);
+    cell.State.IsValid = (cell.State.IsValid && !cell.IsBadText) || !cell.State.IsAvailable;
+}
+
+bool AnyWindow::UpdateRow(Forms::Row& row, bool isVisible, bool& isValid, bool& isAvailable) {
+    // Labels and units can be used where a field of their row can.
+    bool hasField = false;
+    bool hasOpenField = false;
+    for (const auto& cell : row.Cells) {
+        SetState(*cell);
+        if (!cell->State.IsValid && !cell->ShowsValidity) isValid = false;
+        hasField = hasField || !cell->IsPart;
+        hasOpenField = hasOpenField || (!cell->IsPart && cell->State.IsAvailable);
+    }
+    const bool isOpen = hasOpenField || !hasField;
+    isVisible = isVisible && Forms::Holds(row.VisibleIf);
+    isAvailable = isAvailable || isOpen;
+    bool changed = false;
+    for (const auto& cell : row.Cells) {
+        if (cell->IsPart) cell->State.IsAvailable = cell->State.IsAvailable && isOpen;
+        changed = UpdateCell(*cell, isVisible) || changed;
+    }
+    for (const auto& label : row.Labels) {
+        SetState(*label);
+        label->State.IsAvailable = label->State.IsAvailable && isOpen;
+        changed = UpdateCell(*label, isVisible && row.IsVisible()) || changed;
+    }
+    return changed;
+}
+
+bool AnyWindow::UpdateCell(Forms::Cell& cell, bool isVisible) {
+    isVisible = isVisible && Forms::Holds(cell.VisibleIf);
+    const bool changed = isVisible != cell.IsVisible;
+    cell.IsVisible = isVisible;
+    if (changed) cell.SetVisible(isVisible);
+    cell.Refresh(cell.State);
+    return changed;
+}
+
+bool AnyWindow::HasBadText() const {
+    const auto isBad = [](const auto& cell) { return cell->IsBadText && cell->IsVisible && cell->State.IsAvailable; };
+    for (const auto& group : groups) {
+        for (const auto& row : group->Rows) {
+            if (std::any_of(row->Cells.begin(), row->Cells.end(), isBad)) return true;
+        }
+    }
+    return false;
+}

@@ -1,0 +1,151 @@
+// The base of every form. To add the form of an item:
+//
+//     // editor/cta_gsync_window.h: all that the form says about itself
+//     class CtaGSyncDataBlockWindow : public TItemWindow<VNT::CtaGSyncDataBlock> {
+//     public:
+//         explicit CtaGSyncDataBlockWindow(UI::Window* parent)
+//             : TItemWindow(parent, L"CtaGSyncDataBlockWindow", L"G-SYNC") {
+//             Group(L"Version").Number(Field<&Fields::Version>, L"000");
+//             Group(L"Min refresh rate").Number(Field<&Fields::MinRefreshRate>, L"000", L"Hz");
+//         }
+//     };
+//
+//     // its row in its family's table of forms, which is the chooser's too
+//     FormOf<CtaGSyncDataBlockWindow, CtaDataBlock>(),
+//
+// Such a form edits the item's `FieldsType` in `fields`. After every input it builds `item` from them, takes the
+// normalised fields back, and refreshes all rows: what is red, what can be used and whether OK can be come from the
+// item's status by the name of each field. A row names its field once, never positions a control and names no colour.
+// `group.h` lists the kinds of rows. What is particular hangs on the row that it belongs to:
+//
+//     .OnChange(f)   runs between an input and the refresh: linked fields (`fields.useRaw = true`)
+//     .EnabledIf(c)  beside what the status says
+//     .VisibleIf(c)  behind `Group` or `Row` that, else what was added last; the form is laid out anew when it changes
+//
+// A form without an item of its own derives from `TFieldsWindow<Record>` and overrides `Update`.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "editor/field_text.h"
+#include "editor/form_rows.h"
+#include "model/core/flags.h"
+#include "ui/message.h"
+
+class AnyWindow : public UI::Window {
+public:
+    using Callback = Forms::Callback;
+
+    ~AnyWindow() override;
+    // Brings every control in line with the form's copy of the item.
+    virtual void Update();
+
+    // The window's buttons. OK runs `commit` and ends the form with 1 when it is enabled, so does Enter; Cancel, Esc
+    // and the close box end it with 2.
+    void BindOk(UI::Controls::Button& ok, Callback commit);
+    void BindCancel(UI::Controls::Button& cancel);
+
+    // What input does: it is stored in the field, then `onChange` and `Update` run.
+    // For a text box `parse` stores the text, and `onChange` gets told whether it was one of the field's kind.
+    void BindTextBox(UI::Controls::TextBox& box, std::function<bool(const VNT::String&)> parse,
+                     std::function<void(bool parsed)> onChange);
+    // The field takes the value of the chosen row, or the index of the chosen row plus `offset`.
+    template <class Value, class T>
+    void BindComboBox(UI::Controls::ComboBox& box, std::span<const VNT::ValueText<Value>> rows, T& field,
+                      Callback onChange = {}) {
+        BindChoice(
+            box,
+            [rows, &field](int row) {
+                if (row < static_cast<int>(rows.size()))
+                    field = static_cast<T>(rows[static_cast<std::size_t>(row)].value);
+            },
+            std::move(onChange));
+    }
+    void BindComboBox(UI::Controls::ComboBox& box, int offset, int& field, Callback onChange = {}) {
+        BindChoice(
+            box, [offset, &field](int row) { field = row + offset; }, std::move(onChange));
+    }
+    void BindChoice(UI::Controls::ComboBox& box, std::function<void(int row)> choose, Callback onChange);
+    // The handler of one radio button, and those of check boxes. A bit beyond the flags changes nothing.
+    template <class Value, class T>
+    Callback BindRadio(Value value, T& field, Callback onChange = {}) {
+        return GetHandler([value, &field] { field = static_cast<T>(value); }, std::move(onChange));
+    }
+    template <class Flags>
+    Callback BindCheck(int bit, Flags& flags, Callback onChange = {}) {
+        return GetHandler(
+            [bit, &flags] {
+                if (bit >= 0 && bit < Flags::BitCount) SetBit(flags, bit, !TestBit(flags, bit));
+            },
+            std::move(onChange));
+    }
+    Callback BindToggle(bool& field, Callback onChange = {}) {
+        return GetHandler([&field] { field = !field; }, std::move(onChange));
+    }
+
+    // What a refresh does. The text of a box that has the focus stays as typed, and so does a bad one.
+    static void SetText(UI::Controls::TextBox& box, const VNT::String& text, const Forms::FieldState& state,
+                        bool isBadText);
+    // The text, followed by " (no space left)" when not `available`.
+    static void SetCaption(UI::Control& control, const VNT::String& text, bool available);
+    // The read-out of a calculated value: "Actual: 60.000 Hz".
+    static void SetActual(UI::Controls::Label& label, const VNT::DecimalFormat& format, const std::wstring& unit,
+                          bool enabled, VNT::Decimal value);
+    static void SetValidStyle(UI::Controls::GroupBox& box, bool valid) { box.SetValidStyle(valid); }
+
+    // Of a flag holder by the number of the flag.
+    template <class Flags>
+    static bool TestBit(const Flags& flags, int bit) {
+        if constexpr (requires { typename Flags::Flag; }) {
+            return flags.Test(static_cast<typename Flags::Flag>(bit));
+        } else {
+            return flags.TestAt(bit);
+        }
+    }
+    template <class Flags>
+    static void SetBit(Flags& flags, int bit, bool on) {
+        if constexpr (requires { typename Flags::Flag; }) {
+            flags.Set(static_cast<typename Flags::Flag>(bit), on);
+        } else {
+            flags.SetAt(bit, on);
+        }
+    }
+
+    Forms::Group& AddGroup(const std::wstring& caption);
+    int CountGroups() const { return static_cast<int>(groups.size()); }
+    bool IsAvailable(std::string_view field) const { return GetFieldState(field).IsAvailable; }
+    // A button below the groups, at the left.
+    UI::Controls::Button& AddBottomButton(const std::wstring& text, Callback action);
+
+protected:
+    AnyWindow(UI::Window* parent, const std::wstring& className, const std::wstring& title);
+
+    // What the form's copy of the item says of a field, and whether the item may replace the caller's.
+    virtual Forms::FieldState GetFieldState(std::string_view) const { return {}; }
+    virtual bool CanConfirm() const { return true; }
+    // What OK does before the form ends.
+    virtual void Commit() {}
+
+    // Shows what the form's copy holds and runs until the form is confirmed (1) or cancelled (2).
+    int RunForm();
+
+private:
+    Callback GetHandler(Callback store, Callback onChange);
+    void AddOkAndCancel();
+    // Each is true if what is visible changed.
+    bool UpdateGroup(Forms::Group& group);
+    bool UpdateRow(Forms::Row& row, bool isVisible, bool& isValid, bool& isAvailable);
+    static bool UpdateCell(Forms::Cell& cell, bool isVisible);
+    void SetState(Forms::Cell& cell) const;
+    bool HasBadText() const;
+
+    std::vector<std::unique_ptr<Forms::Group>> groups;
+    std::vector<std::unique_ptr<UI::Controls::Button>> leftButtons;
+    std::unique_ptr<UI::Controls::Button> ok;
+    std::unique_ptr<UI::Controls::Button> cancel;
+    bool isLaidOut = false;
+};

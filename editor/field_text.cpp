@@ -1,0 +1,109 @@
+#include "editor/field_text.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace Forms {
+
+using namespace VNT;
+
+namespace {
+
+constexpr int NibbleRadix = 16;
+constexpr int NibbleCount = 4;
+
+std::u32string_view Trim(std::u32string_view text) {
+    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+    return text;
+}
+
+int DigitOf(char32_t c) {
+    if (c >= U'0' && c <= U'9') return static_cast<int>(c - U'0');
+    if (c >= U'A' && c <= U'F') return static_cast<int>(c - U'A') + 10;
+    if (c >= U'a' && c <= U'f') return static_cast<int>(c - U'a') + 10;
+    return NibbleRadix;
+}
+
+// Digits alone, one at least; held far below what overflows.
+std::int64_t ParseDigits(std::u32string_view text, int radix) {
+    constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max() / 64;
+    if (text.empty()) return BadNumber;
+    std::int64_t number = 0;
+    for (const char32_t c : text) {
+        const int digit = DigitOf(c);
+        if (digit >= radix || number > most) return BadNumber;
+        number = number * radix + digit;
+    }
+    return number;
+}
+
+}  // namespace
+
+String PrintField(std::int64_t value, DecimalDigits) {
+    return value == Undefined ? String() : NumberText(value, 10, 0, false);
+}
+
+String PrintField(std::int64_t value, HexDigits format) {
+    return value == Undefined ? String() : NumberText(value, 16, format.least, true);
+}
+
+String PrintField(std::int64_t value, DottedNibbles) {
+    if (value == Undefined) return {};
+    String text;
+    for (std::int64_t unit = 0x1000; unit > 0; unit /= NibbleRadix) {
+        text += NumberText(value / unit % NibbleRadix, 10, 0, false);
+        if (unit > 1) text.Append(U'.');
+    }
+    return text;
+}
+
+String PrintField(Decimal value, const DecimalFormat& format) { return DecimalToText(value, format); }
+String PrintField(const String& value, PlainText) { return value; }
+String PrintField(const Bytes& value, HexDump) { return HexText(value); }
+
+std::int64_t ParseNumber(const String& text, DecimalDigits) {
+    std::u32string_view digits = Trim(text);
+    if (digits.empty()) return Undefined;
+    const bool negative = digits.front() == U'-';
+    if (negative || digits.front() == U'+') digits.remove_prefix(1);
+    const std::int64_t number = ParseDigits(digits, 10);
+    if (!negative || number == BadNumber) return number;
+    return -number == Undefined ? BadNumber : -number;
+}
+
+std::int64_t ParseNumber(const String& text, HexDigits format) {
+    const std::u32string_view digits = Trim(text);
+    if (digits.empty()) return Undefined;
+    return static_cast<int>(digits.size()) < format.least ? BadNumber : ParseDigits(digits, NibbleRadix);
+}
+
+std::int64_t ParseNumber(const String& text, DottedNibbles) {
+    std::u32string_view rest = Trim(text);
+    if (rest.empty()) return Undefined;
+    std::int64_t packed = 0;
+    for (int i = 0; i < NibbleCount; ++i) {
+        const std::size_t point = i < NibbleCount - 1 ? rest.find(U'.') : rest.size();
+        if (point == std::u32string_view::npos) return BadNumber;
+        const std::int64_t number = ParseDigits(rest.substr(0, point), 10);
+        if (number < 0 || number >= NibbleRadix) return BadNumber;
+        packed = packed * NibbleRadix + number;
+        rest.remove_prefix(std::min(point + 1, rest.size()));
+    }
+    return packed;
+}
+
+bool ParseField(const String& text, Decimal& field, const DecimalFormat&) {
+    if (TextToDecimal(text, field)) return true;
+    field = BadDecimal;
+    return false;
+}
+
+bool ParseField(const String& text, String& field, const PlainText&) {
+    field = text;
+    return true;
+}
+
+bool ParseField(const String& text, Bytes& field, const HexDump&) { return HexFromText(text, field); }
+
+}  // namespace Forms

@@ -1,0 +1,202 @@
+#include <algorithm>
+
+#include "editor/form_rows.h"
+
+namespace Forms {
+
+namespace {
+
+constexpr int MostPerColumn = 24;  // of a grid
+constexpr int WideForm = 3;        // form widths of a form with a list
+
+using Cells = std::vector<std::unique_ptr<Cell>>;
+
+// What the largest of the cells needs.
+UI::Size GetLargest(const Cells& cells) {
+    UI::Size largest;
+    for (const auto& cell : cells) {
+        const UI::Size least = cell->GetLeast();
+        largest = {std::max(largest.Width, least.Width), std::max(largest.Height, least.Height)};
+    }
+    return largest;
+}
+
+class GroupLayout {
+public:
+    GroupLayout(Group& group, const UI::LayoutMetrics& metrics) : group(group), metrics(metrics) {
+        for (const auto& row : group.Rows) {
+            labelWidth = std::max(labelWidth, GetLargest(row->Labels).Width);
+            if (!group.IsAligned || row->Kind != RowKind::Line) continue;
+            columns.resize(std::max(columns.size(), row->Cells.size()));
+            for (std::size_t i = 0; i < row->Cells.size(); ++i)
+                columns[i] = std::max(columns[i], row->Cells[i]->GetLeast().Width);
+        }
+    }
+
+    // The width of the box that shows everything whole.
+    int GetLeastWidth() const {
+        int least = 0;
+        for (const auto& row : group.Rows) least = std::max(least, GetLeastWidth(*row));
+        const UI::Padding& padding = group.Box.GetStyle().ContentPadding;
+        least += padding.Left + padding.Right;
+        for (const std::wstring& caption : group.Sizing) least = std::max(least, group.Box.Measure(caption).Width);
+        return std::max(least, group.Box.Measure(group.Box.GetText()).Width);
+    }
+
+    // The box, below `top` with its caption, and all in it; returns the box's lower edge.
+    int Place(int x, int top, int width) const {
+        const int y = top + group.Box.GetOverhang();
+        const UI::Padding& padding = group.Box.GetStyle().ContentPadding;
+        int bottom = y + padding.Top;
+        bool isFirst = true;
+        for (const auto& row : group.Rows) {
+            if (!row->IsVisible()) continue;
+            if (!isFirst) bottom += metrics.SmallSpacing;
+            isFirst = false;
+            bottom = PlaceRow(*row, x + padding.Left, bottom, width - padding.Left - padding.Right);
+        }
+        group.Box.SetRect(x, y, width, bottom + padding.Bottom - y);
+        return group.Box.GetBottom();
+    }
+
+private:
+    // Where the cells of a row begin.
+    int GetIndent(const Row& row) const { return row.Labels.empty() ? 0 : labelWidth + metrics.Spacing; }
+    // The width of a cell before any is stretched.
+    int GetWidth(const Row& row, std::size_t index) const {
+        return group.IsAligned ? columns[index] : row.Cells[index]->GetLeast().Width;
+    }
+
+    int GetLeastWidth(const Row& row) const {
+        int width = 0;
+        if (row.Kind == RowKind::Line) {
+            for (std::size_t i = 0; i < row.Cells.size(); ++i)
+                width += GetWidth(row, i) + (i > 0 ? metrics.SmallSpacing : 0);
+        } else {
+            width = CountColumns(static_cast<int>(row.Cells.size())) * GetStep(row);
+        }
+        return GetIndent(row) + width;
+    }
+
+    int PlaceRow(const Row& row, int x, int y, int width) const {
+        const int indent = GetIndent(row);
+        const int bottom = row.Kind == RowKind::Line ? PlaceLine(row, x + indent, y, width - indent)
+                                                     : PlaceColumns(row, x + indent, y, width - indent);
+        for (const auto& label : row.Labels) {
+            const int height = label->GetLeast().Height;
+            const int lineHeight = row.Kind == RowKind::Line ? bottom - y : height;
+            label->Place(x, y + (lineHeight - height) / 2, labelWidth, height);
+        }
+        return bottom;
+    }
+
+    int PlaceLine(const Row& row, int x, int y, int width) const {
+        int height = GetLargest(row.Labels).Height;
+        int left = width;
+        int stretching = 0;
+        bool isFirst = true;
+        for (std::size_t i = 0; i < row.Cells.size(); ++i) {
+            const Cell& cell = *row.Cells[i];
+            if (!cell.IsVisible) continue;
+            height = std::max(height, cell.GetLeast().Height);
+            left -= GetWidth(row, i) + (isFirst ? 0 : metrics.SmallSpacing);
+            stretching += cell.Stretches ? 1 : 0;
+            isFirst = false;
+        }
+        int at = x;
+        for (std::size_t i = 0; i < row.Cells.size(); ++i) {
+            Cell& cell = *row.Cells[i];
+            if (!cell.IsVisible) continue;
+            int cellWidth = GetWidth(row, i);
+            if (cell.Stretches && left > 0) cellWidth += left / stretching;
+            const int cellHeight = cell.GetLeast().Height;
+            cell.Place(at, y + (height - cellHeight) / 2, cellWidth, cellHeight);
+            at += cellWidth + metrics.SmallSpacing;
+        }
+        return y + height;
+    }
+
+    // The columns that the cells need, and what each takes.
+    static int CountColumns(int cells) { return (cells + MostPerColumn - 1) / MostPerColumn; }
+    int GetStep(const Row& row) const { return GetLargest(row.Cells).Width + metrics.SmallSpacing; }
+
+    int PlaceColumns(const Row& row, int x, int y, int width) const {
+        std::vector<Cell*> cells;
+        for (const auto& cell : row.Cells) {
+            if (cell->IsVisible) cells.push_back(cell.get());
+        }
+        const int count = static_cast<int>(cells.size());
+        const int height = GetLargest(row.Cells).Height;
+        const int step = GetStep(row);
+        const int columnCount = std::max(CountColumns(count), row.Kind == RowKind::Columns ? width / step : 1);
+        const int lines = row.Kind == RowKind::Columns ? (count + columnCount - 1) / columnCount : MostPerColumn;
+        for (int i = 0; i < count; ++i) {
+            const int top = y + i % lines * (height + metrics.SmallSpacing);
+            cells[static_cast<std::size_t>(i)]->Place(x + i / lines * step, top, step, height);
+        }
+        return y + std::min(lines, count) * (height + metrics.SmallSpacing) - metrics.SmallSpacing;
+    }
+
+    Group& group;
+    const UI::LayoutMetrics& metrics;
+    int labelWidth = 0;
+    std::vector<int> columns;
+};
+
+// A whole number of form widths, wide enough for all groups.
+int GetGroupWidth(const std::vector<GroupLayout>& layouts, bool isWide, const UI::LayoutMetrics& metrics) {
+    int least = 0;
+    for (const GroupLayout& layout : layouts) least = std::max(least, layout.GetLeastWidth());
+    int width = metrics.FormWidth;
+    if (isWide) width = WideForm * metrics.FormWidth + (WideForm - 1) * metrics.Spacing;
+    while (width < least) width += metrics.Spacing + metrics.FormWidth;
+    return width;
+}
+
+bool HasWideCell(const Group& group) {
+    for (const auto& row : group.Rows) {
+        if (std::any_of(row->Cells.begin(), row->Cells.end(), [](const auto& cell) { return cell->IsWide; }))
+            return true;
+    }
+    return false;
+}
+
+// The left ones from the left edge on, the right ones up to the right edge; returns their lower edge.
+int PlaceButtons(const BottomButtons& buttons, int left, int y, int right, const UI::LayoutMetrics& metrics) {
+    int x = left;
+    const auto place = [&](UI::Controls::Button* button) {
+        button->SetRect(x, y, metrics.OkButtonWidth, metrics.OkButtonHeight);
+        x += metrics.OkButtonWidth + metrics.Spacing;
+    };
+    for (UI::Controls::Button* button : buttons.Left) place(button);
+    const int count = static_cast<int>(buttons.Right.size());
+    x = right - count * metrics.OkButtonWidth - (count - 1) * metrics.Spacing;
+    for (UI::Controls::Button* button : buttons.Right) place(button);
+    return y + metrics.OkButtonHeight;
+}
+
+}  // namespace
+
+bool Row::IsVisible() const {
+    return std::any_of(Cells.begin(), Cells.end(), [](const auto& cell) { return cell->IsVisible; });
+}
+
+void LayOut(UI::Window& window, const std::vector<std::unique_ptr<Group>>& groups, const BottomButtons& buttons) {
+    const UI::LayoutMetrics& metrics = window.GetStyle().Metrics;
+    const UI::Padding& padding = metrics.WindowPadding;
+    std::vector<GroupLayout> layouts;
+    bool isWide = false;
+    for (const auto& group : groups) {
+        if (!group->IsVisible) continue;
+        layouts.emplace_back(*group, metrics);
+        isWide = isWide || HasWideCell(*group);
+    }
+    const int width = GetGroupWidth(layouts, isWide, metrics);
+    int y = padding.Top;
+    for (const GroupLayout& layout : layouts) y = layout.Place(padding.Left, y, width) + metrics.Spacing;
+    const int right = padding.Left + width;
+    window.SetClientSize(right + padding.Right,
+                         PlaceButtons(buttons, padding.Left, y, right, metrics) + padding.Bottom);
+}
+
+}  // namespace Forms

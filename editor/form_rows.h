@@ -1,0 +1,139 @@
+// What a form is made of: groups of rows of cells. A cell is one control, or a list with its buttons, and what keeps it
+// in line with the form's record. `TGroup` writes them, `AnyWindow` refreshes them, `LayOut` places them.
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "editor/list_controls.h"
+#include "ui/controls.h"
+#include "ui/window.h"
+
+namespace Forms {
+
+using Callback = std::function<void()>;
+using Condition = std::function<bool()>;
+
+inline bool Holds(const Condition& condition) { return !condition || condition(); }
+
+// Of a field: within its limits, and open for input in the record's present state.
+struct FieldState {
+    bool IsValid = true;
+    bool IsAvailable = true;
+};
+
+class Cell {
+public:
+    Cell() = default;
+    Cell(const Cell&) = delete;
+    Cell& operator=(const Cell&) = delete;
+    virtual ~Cell() = default;
+
+    // What it needs to be seen whole.
+    virtual UI::Size GetLeast() const = 0;
+    virtual void Place(int x, int y, int width, int height) = 0;
+    virtual void SetVisible(bool visible) = 0;
+    virtual void Refresh(const FieldState& state) = 0;
+
+    std::string_view Field;      // its name in the item's status; empty for what shows no field
+    bool Stretches = false;      // takes what the row has left
+    bool IsPart = false;         // a label: usable where a field of its row is
+    bool ShowsValidity = false;  // turns red itself; for the others their group does
+    bool IsBadText = false;      // holds a text that is nothing, and that no sentinel in the field tells of
+    bool IsVisible = true;
+    bool IsWide = false;  // a form of single boxes is too narrow for it
+    FieldState State;
+    Condition EnabledIf;
+    Condition VisibleIf;
+    Callback OnChange;  // runs between an input and the refresh that follows it
+};
+
+template <class C>
+class TControlCell : public Cell {
+public:
+    template <class... Arguments>
+    explicit TControlCell(UI::Window& window, Arguments&&... arguments)
+        : Control(window, std::forward<Arguments>(arguments)...) {}
+
+    UI::Size GetLeast() const override {
+        UI::Size least;
+        for (const std::wstring& text : Sizing) {
+            const UI::Size size = Control.Measure(text);
+            least = {std::max(least.Width, size.Width), std::max(least.Height, size.Height)};
+        }
+        least.Height += (Lines - 1) * Control.GetFont().GetMetrics().Height;
+        return least;
+    }
+    void Place(int x, int y, int width, int height) override { Control.SetRect(x, y, width, height); }
+    void SetVisible(bool visible) override { Control.SetVisible(visible); }
+    void Refresh(const FieldState& state) override {
+        if (Show) Show(state);
+        if (Control.IsEnabled() != state.IsAvailable) Control.SetEnabled(state.IsAvailable);
+    }
+
+    C Control;
+    std::vector<std::wstring> Sizing;  // the texts that it must show whole
+    int Lines = 1;
+    std::function<void(const FieldState&)> Show;  // null for what looks the same whatever the record holds
+};
+
+template <class ListEditor>
+class TListCell : public Cell {
+public:
+    TListCell(UI::Window& window, int rows) : Controls(window), rows(rows) {
+        Stretches = true;
+        IsWide = true;
+    }
+
+    UI::Size GetLeast() const override { return {Controls.GetMinWidth(), Controls.GetHeight(rows)}; }
+    void Place(int x, int y, int width, int height) override { Controls.Place(x, y, width, height); }
+    void SetVisible(bool visible) override { Controls.SetVisible(visible); }
+    void Refresh(const FieldState& state) override { Editor->Update(state.IsAvailable); }
+
+    ListControls Controls;
+    std::unique_ptr<ListEditor> Editor;
+
+private:
+    int rows;
+};
+
+// How the cells of a row stand: one behind the other; from top to bottom in as many columns as there is room for; or
+// so, but in one column as far as that goes.
+enum class RowKind { Line, Columns, Stack };
+
+struct Row {
+    std::vector<std::unique_ptr<Cell>> Labels;  // all in one place, one of them shown
+    std::vector<std::unique_ptr<Cell>> Cells;
+    RowKind Kind = RowKind::Line;
+    Condition VisibleIf;
+
+    bool IsVisible() const;
+};
+
+struct Group {
+    Group(UI::Window& window, const std::wstring& caption) : Box(window, caption), Sizing{caption} {}
+
+    UI::Controls::GroupBox Box;
+    std::vector<std::unique_ptr<Row>> Rows;
+    std::vector<std::wstring> Sizing;  // the captions that it must show whole
+    bool IsAligned = false;            // the cells of its rows stand in columns
+    bool IsVisible = true;
+    Condition VisibleIf;
+    Callback RefreshCaption;
+};
+
+// The buttons below the groups: those at the left, then those at the right.
+struct BottomButtons {
+    std::vector<UI::Controls::Button*> Left;
+    std::vector<UI::Controls::Button*> Right;
+};
+
+// Places all that is visible, and gives the window the size that it takes.
+void LayOut(UI::Window& window, const std::vector<std::unique_ptr<Group>>& groups, const BottomButtons& buttons);
+
+}  // namespace Forms

@@ -1,0 +1,83 @@
+#include "editor/list_controls.h"
+
+#include <algorithm>
+
+#include "ui/window.h"
+
+using UI::Control;
+
+namespace {
+
+constexpr const wchar_t* UpArrow = L"\u25B2";
+constexpr const wchar_t* DownArrow = L"\u25BC";
+
+}  // namespace
+
+ListControls::ListControls(UI::Window& window)
+    : ListBox(window),
+      AddButton(window, L"Add..."),
+      EditButton(window, L"Edit..."),
+      DeleteButton(window, L"Delete"),
+      DeleteAllButton(window, L"Delete all"),
+      UpButton(window, UpArrow),
+      DownButton(window, DownArrow) {}
+
+int ListControls::GetMinWidth() const {
+    const UI::LayoutMetrics& metrics = ListBox.GetWindow().GetStyle().Metrics;
+    int width = 2 * metrics.ControlHeight;
+    for (const UI::Controls::Button* button : {&AddButton, &EditButton, &DeleteButton, &DeleteAllButton})
+        width += button->Measure(button->GetText()).Width;
+    return width + 5 * AddButton.GetStyle().Gap;
+}
+
+int ListControls::GetHeight(int rows) const {
+    const UI::LayoutMetrics& metrics = ListBox.GetWindow().GetStyle().Metrics;
+    const UI::Padding& border = ListBox.GetStyle().BorderPadding;
+    return rows * ListBox.GetStyle().ItemHeight + border.Top + border.Bottom + metrics.Spacing + metrics.ControlHeight;
+}
+
+void ListControls::Place(int x, int y, int width, int height) {
+    const UI::LayoutMetrics& metrics = ListBox.GetWindow().GetStyle().Metrics;
+    const int side = metrics.ControlHeight;
+    const int gap = AddButton.GetStyle().Gap;
+    ListBox.SetRect(x, y, width, height - side - metrics.Spacing);
+    const int top = ListBox.GetBottom() + metrics.Spacing;
+    int left = x;
+    for (UI::Controls::Button* button : {&AddButton, &EditButton, &DeleteButton, &DeleteAllButton}) {
+        button->SetRect(left, top, button->Measure(button->GetText()).Width, side);
+        left = button->GetRight() + gap;
+    }
+    DownButton.SetRect(ListBox.GetRight() - side, top, side, side);
+    UpButton.SetRect(DownButton.GetX() - gap - side, top, side, side);
+}
+
+void ListControls::SetVisible(bool visible) {
+    for (Control* control : std::initializer_list<Control*>{&ListBox, &AddButton, &EditButton, &DeleteButton,
+                                                            &DeleteAllButton, &UpButton, &DownButton})
+        control->SetVisible(visible);
+}
+
+void RefreshList(ListControls& controls, int select) {
+    UI::Controls::ListBox& box = controls.ListBox;
+    const int top = box.GetTopIndex();
+    box.BeginUpdate();
+    if (box.GetCount() > 0) box.Clear();
+    int count = 0;
+    while (controls.Fill(count)) ++count;
+    box.SetTopIndex(top);
+    box.SetSelection(select < count ? select : UI::Controls::ListBox::NoSelection);
+    box.EndUpdate();
+}
+
+void UpdateListControls(ListControls& controls, int count, bool hasRoom, bool enabled) {
+    const int selected = controls.ListBox.GetSelection();
+    const bool isItem = selected >= 0 && selected < count;
+    const auto enable = [enabled](Control& control, bool usable) { control.SetEnabled(enabled && usable); };
+    enable(controls.ListBox, true);
+    enable(controls.AddButton, hasRoom);
+    enable(controls.EditButton, isItem);
+    enable(controls.DeleteButton, isItem);
+    enable(controls.DeleteAllButton, count > 0);
+    enable(controls.UpButton, isItem && selected > 0);
+    enable(controls.DownButton, isItem && selected < count - 1);
+}
