@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <cstdint>
 #include <limits>
 #include <numeric>
 
@@ -17,7 +19,8 @@ constexpr std::int64_t MaxDeviceClock = 650000000;
 constexpr std::int64_t HighClock = 590000000;  // from here on the blanking must carry more
 constexpr int MinBlankTime = 460;              // microseconds
 constexpr std::int64_t MinBlankLines = 20;
-constexpr int MaxSteps = 100;
+constexpr std::int64_t MinPixelsAtOnce = 8;
+constexpr std::size_t MaxSteps = 100;  // in either direction of a search
 
 struct RateFamily {
     std::int64_t base, lineGrain;
@@ -51,25 +54,33 @@ struct Totals {
     std::int64_t htotal = 0, vtotal = 0;
 };
 
-// The pair of totals with the smallest product whose clock is a whole number of kHz, and stays within what a device can
-// clock when it handles as many pixels at once as `htotal` has factors of two. Zeros if there is none near the least
-// totals.
+// A line, and the number that its clock is divided by when as many pixels are handled at once as it has factors of two.
+struct Line {
+    std::int64_t htotal, oddPart;
+};
+
+// The pair of totals with the smallest product whose clock is a whole number of kHz and stays, divided among the pixels
+// handled at once, within what a device can clock. Zeros if there is none near the least totals.
 Totals FindTotals(const RateFamily& family, std::int64_t htotalMin, std::int64_t vtotalMin) {
     const std::int64_t divisor = 1000 / std::gcd(std::int64_t{1000}, family.base);
-    const std::int64_t pixelsAtOnce = CeilDivide(family.base * htotalMin * vtotalMin, MaxDeviceClock);
+    const std::int64_t leastAtOnce = CeilDivide(family.base * htotalMin * vtotalMin, MaxDeviceClock);
     const auto grain =
-        static_cast<std::int64_t>(std::bit_ceil(static_cast<std::uint64_t>(std::max<std::int64_t>(8, pixelsAtOnce))));
-    const std::int64_t hFirst = CeilTo(htotalMin, grain);
-    const std::int64_t lineRateMost = MaxDeviceClock / family.base;
+        static_cast<std::int64_t>(std::bit_ceil(static_cast<std::uint64_t>(std::max(MinPixelsAtOnce, leastAtOnce))));
+    std::array<Line, MaxSteps> lines;
+    for (std::int64_t htotal = CeilTo(htotalMin, grain); Line & line : lines) {
+        line = {htotal, OddPart(htotal)};
+        htotal += grain;
+    }
     Totals best;
     std::int64_t bestProduct = std::numeric_limits<std::int64_t>::max();
     std::int64_t v = vtotalMin;
-    for (int vStep = 0; vStep < MaxSteps && hFirst * v < bestProduct; ++vStep, v += family.lineGrain) {
-        std::int64_t h = hFirst;
-        for (int hStep = 0; hStep < MaxSteps && h * v < bestProduct; ++hStep, h += grain) {
-            if (h * v % divisor != 0 || OddPart(h) * v > lineRateMost) continue;
-            best = {h, v};
-            bestProduct = h * v;
+    for (std::size_t step = 0; step < MaxSteps && lines[0].htotal * v < bestProduct; ++step, v += family.lineGrain) {
+        const std::int64_t oddPartMost = MaxDeviceClock / family.base / v;
+        for (const Line& line : lines) {
+            if (line.htotal * v >= bestProduct) break;
+            if (line.oddPart > oddPartMost || line.htotal * v % divisor != 0) continue;
+            best = {line.htotal, v};
+            bestProduct = line.htotal * v;
             break;
         }
     }

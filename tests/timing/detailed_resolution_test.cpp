@@ -9,11 +9,6 @@ namespace {
 
 using namespace Testing;
 
-template <class X>
-DetailedResolution Holding(const X& item) {
-    return DetailedResolution(std::make_unique<X>(item));
-}
-
 TEST(DetailedResolutionFields, StartFromTheVgaMode) {
     const DetailedResolutionFields f;
     EXPECT_EQ(f.timing, Timing::Manual);

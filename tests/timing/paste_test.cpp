@@ -7,18 +7,13 @@ namespace {
 
 using namespace Testing;
 
-template <class X>
-DetailedResolution Copied(const X& item) {
-    return DetailedResolution(std::make_unique<X>(item));
-}
-
 TEST(Paste, IntoTheSameKindTakesAllFields) {
     EdidDetailedResolution source = Calculated<EdidDetailedResolution>(Timing::Manual, 640, 480, 60);
     source.imageWidth = 300;
     source.hborder = 4;
     source.syncType = SyncType::AnalogComposite;
     EdidDetailedResolution target = Calculated<EdidDetailedResolution>(Timing::Cvt, 1024, 768, 75);
-    EXPECT_TRUE(target.Paste(Copied(source)));
+    EXPECT_TRUE(target.Paste(Holding(source)));
     EXPECT_TRUE(target == source);
 }
 
@@ -30,7 +25,7 @@ TEST(Paste, IntoAnotherKindTakesTheTimingRecordAlone) {
     target.imageWidth = 520;
     target.vborder = 2;
     target.stereo = EdidDetailedResolutionStereoEnum::SideBySide;
-    EXPECT_TRUE(target.Paste(Copied(source)));
+    EXPECT_TRUE(target.Paste(Holding(source)));
     EXPECT_TRUE(target.GetFields() == source.GetFields());
     EXPECT_EQ(target.imageWidth, 520);
     EXPECT_EQ(target.vborder, 2);
@@ -39,7 +34,7 @@ TEST(Paste, IntoAnotherKindTakesTheTimingRecordAlone) {
     DisplayId2DetailedResolution second;
     second.extraBytes = Bytes{1};
     second.stereo = DisplayIdDetailedResolutionStereoEnum::Stereo;
-    EXPECT_TRUE(second.Paste(Copied(source)));
+    EXPECT_TRUE(second.Paste(Holding(source)));
     EXPECT_EQ(second.extraBytes, Bytes{1});
     EXPECT_EQ(second.stereo, DisplayIdDetailedResolutionStereoEnum::Stereo);
     EXPECT_EQ(second.aspectRatio, DisplayIdDetailedResolutionAspectRatioEnum::Automatic);
@@ -48,17 +43,17 @@ TEST(Paste, IntoAnotherKindTakesTheTimingRecordAlone) {
 
 TEST(Paste, CalculatesWithTheLimitsOfTheTarget) {
     DisplayId2DetailedResolution target;
-    EXPECT_TRUE(target.Paste(Copied(Calculated<EdidDetailedResolution>(Timing::AutomaticPc, 1920, 1080, "59.94"))));
+    EXPECT_TRUE(target.Paste(Holding(Calculated<EdidDetailedResolution>(Timing::AutomaticPc, 1920, 1080, "59.94"))));
     EXPECT_EQ(target.actualpixelclock, Rate("148.352"));
     // 1280x720 at 24 Hz has a front porch that EDID cannot hold: the same mode gives another timing there.
     EdidDetailedResolution edid;
-    EXPECT_TRUE(edid.Paste(Copied(Calculated<DisplayId1DetailedResolution>(Timing::AutomaticPc, 1280, 720, 24))));
+    EXPECT_TRUE(edid.Paste(Holding(Calculated<DisplayId1DetailedResolution>(Timing::AutomaticPc, 1280, 720, 24))));
     EXPECT_EQ(edid.hfront, 48);
 }
 
 TEST(Paste, ShowsWhatTheTargetCannotHoldAndClampsNothing) {
     EdidDetailedResolution target;
-    EXPECT_TRUE(target.Paste(Copied(Calculated<DisplayId2DetailedResolution>(Timing::CvtRb, 7680, 4320, 60))));
+    EXPECT_TRUE(target.Paste(Holding(Calculated<DisplayId2DetailedResolution>(Timing::CvtRb, 7680, 4320, 60))));
     EXPECT_EQ(target.hactive, 7680);
     EXPECT_EQ(target.vactive, 4320);
     EXPECT_FALSE(target.GetStatus().IsProper("hactive"));
@@ -69,9 +64,9 @@ TEST(Paste, ShowsWhatTheTargetCannotHoldAndClampsNothing) {
 TEST(Paste, OfAModeForcesSeparateSync) {
     EdidDetailedResolution target;
     target.syncType = SyncType::AnalogComposite;
-    EXPECT_TRUE(target.Paste(Copied(DisplayId1DetailedResolution())));
+    EXPECT_TRUE(target.Paste(Holding(DisplayId1DetailedResolution())));
     EXPECT_EQ(target.syncType, SyncType::AnalogComposite);
-    EXPECT_TRUE(target.Paste(Copied(Calculated<DisplayId1DetailedResolution>(Timing::Gtf, 800, 600, 60))));
+    EXPECT_TRUE(target.Paste(Holding(Calculated<DisplayId1DetailedResolution>(Timing::Gtf, 800, 600, 60))));
     EXPECT_EQ(target.syncType, SyncType::DigitalSeparate);
 }
 

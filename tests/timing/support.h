@@ -36,6 +36,11 @@ X Calculated(Timing::Enum mode, int width, int height, R rate, bool interlaced =
     return X(fields);
 }
 
+template <class X>
+DetailedResolution Holding(const X& item) {
+    return DetailedResolution(std::make_unique<X>(item));
+}
+
 inline std::string Counts(const DetailedResolutionFields& f) {
     const auto text = [](int count) { return count == Undefined ? std::string("-") : std::to_string(count); };
     std::string all;
