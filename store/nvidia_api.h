@@ -44,8 +44,8 @@ struct I2cInfo {
 inline constexpr std::uint32_t I2cInfoVersion = Version(2, sizeof(I2cInfo));
 static_assert(I2cInfoVersion == (sizeof(void*) == 8 ? 0x20038 : 0x20024));
 
-using GpuHandle = void*;
-using DisplayHandle = void*;
+using GpuHandle = std::uintptr_t;  // small numbers in the guise of pointers
+using DisplayHandle = std::uintptr_t;
 inline constexpr int MostGpus = 64;         // entries that EnumPhysicalGpus may fill
 inline constexpr int DisplayNameSize = 64;  // characters that GetDisplayName may fill
 

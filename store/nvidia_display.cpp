@@ -12,14 +12,6 @@ namespace {
 constexpr std::uint32_t SpeedIsInKhz = 65535;  // i2cSpeed, of old; the other field holds
 constexpr std::uint32_t SpeedKhz = 2;          // the driver's number for 10 kHz
 
-// The driver's handles are small numbers in the guise of pointers.
-std::uint32_t ToNumber(Nvapi::GpuHandle gpu) {
-    return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(gpu));
-}
-Nvapi::GpuHandle ToHandle(std::uint32_t number) {
-    return reinterpret_cast<Nvapi::GpuHandle>(static_cast<std::uintptr_t>(number));
-}
-
 template <class Function>
 bool FindCall(Nvapi::QueryInterface* query, Nvapi::Id id, Function*& out) {
     out = reinterpret_cast<Function*>(query(id));
@@ -47,7 +39,7 @@ NvidiaDriver::~NvidiaDriver() { Call().Unload(); }
 
 std::map<std::uint32_t, std::wstring> NvidiaDriver::GetDisplayNames() const {
     std::map<std::uint32_t, std::wstring> names;
-    Nvapi::DisplayHandle display = nullptr;
+    Nvapi::DisplayHandle display = 0;
     for (std::uint32_t index = 0; index < Source::MostRecords && Call().EnumDisplayHandle(index, &display) == 0;
          ++index) {
         char name[Nvapi::DisplayNameSize + 1] = {};  // one more than the driver fills: it may leave out the end
@@ -61,7 +53,7 @@ std::map<std::uint32_t, std::wstring> NvidiaDriver::GetDisplayNames() const {
 }
 
 bool NvidiaDriver::GetGpus(std::vector<Nvapi::GpuHandle>& out) const {
-    out.assign(Nvapi::MostGpus, nullptr);
+    out.assign(Nvapi::MostGpus, 0);
     std::uint32_t count = 0;
     if (Call().EnumPhysicalGpus(out.data(), &count) != 0) return false;
     out.resize(std::min<std::size_t>(count, out.size()));
@@ -77,6 +69,7 @@ std::vector<std::uint32_t> NvidiaDriver::GetConnectedDisplays(Nvapi::GpuHandle g
     if (Call().GetConnectedDisplayIds(gpu, entries.data(), &count, 0) != 0) return {};
     entries.resize(std::min<std::size_t>(count, entries.size()));
     std::vector<std::uint32_t> ids;
+    ids.reserve(entries.size());
     for (const Nvapi::DisplayIds& entry : entries) ids.push_back(entry.displayId);
     return ids;
 }
@@ -85,14 +78,14 @@ bool WindowsNvidiaGpuDisplay::ReadEdidPart(std::uint32_t offset, Nvapi::Edid& ou
     out = {};
     out.version = Nvapi::EdidVersion;
     out.offset = offset;
-    return driver_->Call().GetEdid(ToHandle(record_.Handle1), record_.Handle2, &out) == 0;
+    return driver_->Call().GetEdid(record_.Handle1, record_.Handle2, &out) == 0;
 }
 
 bool WindowsNvidiaGpuDisplay::FindOutput() {
-    Nvapi::GpuHandle gpu = nullptr;
+    Nvapi::GpuHandle gpu = 0;
     std::uint32_t output = 0;
     if (driver_->Call().GetGpuAndOutputId(record_.Handle2, &gpu, &output) != 0) return false;
-    record_.Handle1 = ToNumber(gpu);
+    record_.Handle1 = static_cast<std::uint32_t>(gpu);
     record_.Handle2 = output;
     return true;
 }
@@ -129,7 +122,7 @@ Nvapi::I2cInfo WindowsNvidiaGpuDisplay::MakeI2cInfo(std::uint8_t address, ByteRa
 
 bool WindowsNvidiaGpuDisplay::ReadI2c(std::uint8_t address, ByteRange out) const {
     Nvapi::I2cInfo info = MakeI2cInfo(address, out);
-    return driver_->Call().I2cRead(ToHandle(record_.Handle1), &info) == 0;
+    return driver_->Call().I2cRead(record_.Handle1, &info) == 0;
 }
 
 bool WindowsNvidiaGpuDisplay::WriteI2c(ByteRange data) const {
@@ -137,7 +130,7 @@ bool WindowsNvidiaGpuDisplay::WriteI2c(ByteRange data) const {
     const std::uint8_t address = data.ByteAt(0);
     data.Drop(1);
     Nvapi::I2cInfo info = MakeI2cInfo(address, data);
-    return driver_->Call().I2cWrite(ToHandle(record_.Handle1), &info) == 0;
+    return driver_->Call().I2cWrite(record_.Handle1, &info) == 0;
 }
 
 bool ReadNvidia(const LibraryLoader& load, std::vector<WindowsGpuDisplay>& out) {
@@ -149,7 +142,7 @@ bool ReadNvidia(const LibraryLoader& load, std::vector<WindowsGpuDisplay>& out) 
     for (const Nvapi::GpuHandle gpu : gpus) {
         for (const std::uint32_t id : driver->GetConnectedDisplays(gpu)) {
             GpuDisplayRecord record;
-            record.Handle1 = ToNumber(gpu);
+            record.Handle1 = static_cast<std::uint32_t>(gpu);
             record.Handle2 = id;
             const auto name = names.find(id);
             if (name != names.end()) record.DisplayName = name->second;

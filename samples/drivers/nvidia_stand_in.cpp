@@ -11,9 +11,6 @@ namespace Nvapi = VNT::Nvapi;
 
 constexpr int Refused = -1;
 
-void* ToPointer(long long number) { return reinterpret_cast<void*>(static_cast<std::uintptr_t>(number)); }
-long long ToNumber(const void* pointer) { return static_cast<long long>(reinterpret_cast<std::uintptr_t>(pointer)); }
-
 // The displays that the driver has a name for; a display handle is the number of its line.
 std::vector<int> NamedDisplays() {
     std::vector<int> named;
@@ -23,20 +20,20 @@ std::vector<int> NamedDisplays() {
     return named;
 }
 
-int FindGpu(const void* gpu) {
+int FindGpu(Nvapi::GpuHandle gpu) {
     for (const int line : Nvidia().Below(-1, "gpu")) {
-        if (Nvidia().At(line).Number(0) == ToNumber(gpu)) return line;
+        if (Nvidia().At(line).Number(0) == static_cast<long long>(gpu)) return line;
     }
     return -1;
 }
 
 // The line of the display that has this EDID to give, or -1.
-int FindOutput(const void* gpu, std::uint32_t output) {
+int FindOutput(Nvapi::GpuHandle gpu, std::uint32_t output) {
     for (const int line : Nvidia().Below(-1, "display")) {
         const std::vector<int> by = Nvidia().Below(line, "by");
         if (!by.empty()) {
             const Line& place = Nvidia().At(by[0]);
-            if (place.Number(0) == ToNumber(gpu) && place.Number(1) == output) return line;
+            if (place.Number(0) == static_cast<long long>(gpu) && place.Number(1) == output) return line;
         } else if (Nvidia().At(line).Number(0) == output && FindGpu(gpu) >= 0 && FindGpu(gpu) < line) {
             return line;
         }
@@ -58,7 +55,7 @@ int Unload() {
 int EnumPhysicalGpus(Nvapi::GpuHandle* out, std::uint32_t* count) {
     std::vector<int> lines = Nvidia().Below(-1, "gpu");
     lines.resize(std::min<std::size_t>(lines.size(), Nvapi::MostGpus));
-    for (const int line : lines) *out++ = ToPointer(Nvidia().At(line).Number(0));
+    for (const int line : lines) *out++ = static_cast<Nvapi::GpuHandle>(Nvidia().At(line).Number(0));
     *count = static_cast<std::uint32_t>(Nvidia().Claim("EnumPhysicalGpus", static_cast<long long>(lines.size())));
     return Nvidia().Enter("EnumPhysicalGpus");
 }
@@ -69,7 +66,7 @@ int EnumDisplayHandle(std::uint32_t index, Nvapi::DisplayHandle* out) {
     const std::vector<int> named = NamedDisplays();
     if (named.empty()) return Refused;
     if (index >= named.size() && Nvidia().Below(-1, "endless").empty()) return Refused;
-    *out = ToPointer(named[std::min<std::size_t>(index, named.size() - 1)]);
+    *out = static_cast<Nvapi::DisplayHandle>(named[std::min<std::size_t>(index, named.size() - 1)]);
     return 0;
 }
 
@@ -77,9 +74,9 @@ int GetDisplayName(Nvapi::DisplayHandle display, char* out) {
     const int result = Nvidia().Enter("GetDisplayName");
     if (result != 0) return result;
     // Without a terminator if the name is too long for it.
-    const std::string name = Nvidia().At(static_cast<int>(ToNumber(display))).Text(1);
+    const std::string name = Nvidia().At(static_cast<int>(display)).Text(1);
     std::memset(out, 0, Nvapi::DisplayNameSize);
-    std::memcpy(out, name.data(), std::min<std::size_t>(name.size(), Nvapi::DisplayNameSize));
+    std::copy_n(name.begin(), std::min<std::size_t>(name.size(), Nvapi::DisplayNameSize), out);
     return 0;
 }
 
@@ -119,7 +116,7 @@ int GetGpuAndOutputId(std::uint32_t displayId, Nvapi::GpuHandle* gpu, std::uint3
     for (const int line : Nvidia().Below(-1, "display")) {
         const std::vector<int> by = Nvidia().Below(line, "by");
         if (Nvidia().At(line).Number(0) != displayId || by.empty()) continue;
-        *gpu = ToPointer(Nvidia().At(by[0]).Number(0));
+        *gpu = static_cast<Nvapi::GpuHandle>(Nvidia().At(by[0]).Number(0));
         *outputId = static_cast<std::uint32_t>(Nvidia().At(by[0]).Number(1));
         return 0;
     }
