@@ -100,12 +100,8 @@ bool WindowsAmdGpuDisplay::ReadEdidBlocks(int index, Adl::DisplayEdidData& out) 
     out = {};
     out.iSize = sizeof(out);
     out.iBlockIndex = index;
-    if (driver_->Call().ADL_Display_EdidData_Get(static_cast<int>(record_.Handle1), static_cast<int>(record_.Handle2),
-                                                 &out) != 0) {
-        return false;
-    }
-    out.iEDIDSize = std::clamp(out.iEDIDSize, 0, static_cast<int>(sizeof(out.cEDIDData)));
-    return true;
+    return driver_->Call().ADL_Display_EdidData_Get(static_cast<int>(record_.Handle1),
+                                                    static_cast<int>(record_.Handle2), &out) == 0;
 }
 
 bool WindowsAmdGpuDisplay::ReadEdid() {

@@ -62,7 +62,7 @@ bool MatchesExactly(const Bytes& display, const Bytes& driver) {
     const int promised = PromisedSize(display);
     if (std::min(display.Size(), driver.Size()) < promised) return false;
     for (int offset = EdidBlockSize; offset < promised; offset += EdidBlockSize) {
-        if (display.At(offset) == 0 || driver.At(offset) == 0 || !EqualBlocks(display, driver, offset)) return false;
+        if (display.At(offset) == 0 || !EqualBlocks(display, driver, offset)) return false;
     }
     return true;
 }

@@ -45,7 +45,6 @@ std::map<std::uint32_t, std::wstring> NvidiaDriver::GetDisplayNames() const {
         char name[Nvapi::DisplayNameSize + 1] = {};  // one more than the driver fills: it may leave out the end
         std::uint32_t id = 0;
         if (Call().GetDisplayName(display, name) != 0) continue;
-        name[Nvapi::DisplayNameSize] = '\0';
         if (Call().GetDisplayId(name, &id) != 0) continue;
         names[id] = String(name).ToWide();
     }

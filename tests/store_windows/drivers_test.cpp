@@ -119,8 +119,7 @@ TEST_F(Drivers, DriversThatMisbehaveDoNoHarm) {
     const std::string name(300, 'N');
     Install(L"atiadlxx", L"atiadlxx",
             "adapter 0 " + name + " P\ndisplay 0 0\n" + EdidLine(LongEdid(256)) +
-                "endless\nclaim ADL_Display_EdidData_Get 2000000000\n"
-                "claim ADL_Display_DisplayInfo_Get 2000000000\n");
+                "endless\nclaim ADL_Display_DisplayInfo_Get 2000000000\n");
     Install(L"nvapi64", L"nvapi64",
             "gpu 1\ndisplay 2 " + name + "\n" + EdidLine(LongEdid(256)) +
                 "endless\nclaim GetEdid 4294967295\nclaim EnumPhysicalGpus 4294967295\n"
@@ -130,6 +129,10 @@ TEST_F(Drivers, DriversThatMisbehaveDoNoHarm) {
     Install(L"atiadlxx", L"atiadlxx", AmdText + "null ADL_Display_DisplayInfo_Get\n");
     Install(L"nvapi64", L"nvapi64", NvidiaText + "claim GetConnectedDisplayIdsCount 4294967295\n");
     EXPECT_EQ(Read(), L"");
+    Install(L"atiadlxx", L"atiadlxx",
+            "adapter 0 A P\ndisplay 0 0\nfirst 256\n" + EdidLine(LongEdid(256)) +
+                "claim ADL_Display_EdidData_Get 2000000000\n");
+    EXPECT_EQ(Read(), L"26 A 0 0 256\n");
 }
 
 TEST_F(Drivers, I2cGoesThroughAndTheLibraryStaysLoadedMeanwhile) {
