@@ -130,10 +130,7 @@ public:
             if (found < 0) *isOther = true;
             box.SetSelection(*isOther ? other : found);
         };
-        number.Show = [show = number.Show, isOther, &number](const Forms::FieldState& state) {
-            show(state);
-            if (number.IsVisible && number.Control.IsVisible() != *isOther) number.Control.SetVisible(*isOther);
-        };
+        number.ShownIf = [isOther] { return *isOther; };
         return *this;
     }
 

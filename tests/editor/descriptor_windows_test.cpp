@@ -11,23 +11,51 @@ using namespace UI;
 using namespace UI::Controls;
 using UI::Headless::Driver;
 
-TEST(TextDescriptorForm, ShowsWhatIsLeft) {
+template <class Form>
+void ExpectTextForm(const wchar_t* title, const std::wstring& caption) {
     Driver driver;
-    EdidNameDescriptor item;
+    typename Form::Item item;
     item.text = U"ABC";
     driver.Then([&] {
-        EXPECT_EQ(driver.GetWindow().GetTitle(), L"Name");
-        auto& box = driver.Find<TextBox>(L"Name (10 bytes left)");
+        EXPECT_EQ(driver.GetWindow().GetTitle(), title);
+        auto& box = driver.Find<TextBox>(caption + L" (10 bytes left)");
         EXPECT_EQ(box.GetText(), L"ABC");
-        driver.Enter(box, L"ABCDEFGHIJKLMN");
-        driver.Find<GroupBox>(L"Name (no space left)");
+        driver.Enter(box, L"1234567890123");
+        driver.Find<GroupBox>(caption + L" (0 bytes left)");
+        EXPECT_TRUE(driver.Find<Button>(L"OK").IsEnabled());
+        driver.Type(L"4");
+        driver.Find<GroupBox>(caption + L" (no space left)");
         EXPECT_FALSE(driver.Find<Button>(L"OK").IsEnabled());
+        driver.Enter(box, L"");
+        EXPECT_FALSE(box.HasValidStyle());
         driver.Enter(box, L"XYZ");
         driver.Press(Key::Return);
     });
-    EdidNameDescriptorWindow window(nullptr);
+    Form window(nullptr);
     EXPECT_EQ(window.Run(item), 1);
     EXPECT_EQ(item.text, U"XYZ");
+    EXPECT_TRUE(item.IsValid());
+}
+
+TEST(TextDescriptorForm, OfAName) { ExpectTextForm<EdidNameDescriptorWindow>(L"Name", L"Name"); }
+TEST(TextDescriptorForm, OfASerialNumber) {
+    ExpectTextForm<EdidSerialNumberDescriptorWindow>(L"Serial Number", L"Serial number");
+}
+TEST(TextDescriptorForm, OfAText) { ExpectTextForm<EdidTextDescriptorWindow>(L"Text", L"Text"); }
+
+TEST(TextDescriptorForm, ACharacterThatNoSoundNameHasIsRed) {
+    Driver driver;
+    EdidNameDescriptor item;
+    item.text = U"\u00E9";
+    driver.Then([&] {
+        auto& box = driver.Find<TextBox>(L"Name (12 bytes left)");
+        EXPECT_EQ(box.GetText(), L"\u00E9");
+        EXPECT_FALSE(box.HasValidStyle());
+        driver.Press(Key::Return);
+        driver.Press(Key::Escape);
+    });
+    EdidNameDescriptorWindow window(nullptr);
+    EXPECT_EQ(window.Run(item), 2);
 }
 
 }  // namespace
