@@ -17,6 +17,8 @@ inline constexpr ListCaptions DescriptorCaptions{U"Detailed resolutions and desc
                                                  U"No detailed resolutions or descriptors"};
 inline constexpr ListCaptions StandardResolutionCaptions{
     U"Standard resolutions ({countlefttext})", U"Standard resolutions (no space left)", U"No standard resolutions"};
+inline constexpr ListCaptions CvtResolutionCaptions{U"CVT resolutions ({countlefttext})",
+                                                    U"CVT resolutions (no space left)", U"No CVT resolutions"};
 inline constexpr ListCaptions ExtensionBlockCaptions{U"Extension blocks ({countlefttext})", U"",
                                                      U"No extension blocks"};
 

@@ -7,12 +7,12 @@
 
 namespace VNT {
 
-struct EdidTextDescriptorFields : EdidDescriptorFrame {
+struct EdidTextDescriptorFields {
     String text;  // up to 13 characters of code page 437
     bool operator==(const EdidTextDescriptorFields&) const = default;
 };
 
-struct EdidTextDescriptorAllFields : EdidTextDescriptorFields {
+struct EdidTextDescriptorAllFields : EdidTextDescriptorFields, EdidDescriptorFrame {
     Bytes padding = Bytes(12, 0x20);  // what follows the line feed
     bool operator==(const EdidTextDescriptorAllFields&) const = default;
 };

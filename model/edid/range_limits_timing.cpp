@@ -1,0 +1,39 @@
+#include "model/edid/range_limits_timing.h"
+
+namespace VNT {
+
+namespace {
+
+using Any = AnyEdidRangeLimitsTiming;
+
+constexpr TKind<Any> Rows[] = {
+    Kind<EdidRangeLimitsDefaultGtfTiming, Any>("Default GTF", Any::FrameSize),
+    Kind<EdidRangeLimitsOnlyTiming, Any>("Range limits only", Any::FrameSize),
+    Kind<EdidRangeLimitsSecondaryGtfTiming, Any>("Secondary GTF", Any::FrameSize),
+    Kind<EdidRangeLimitsCvtTiming, Any>("CVT", Any::FrameSize),
+};
+
+}  // namespace
+
+std::span<const TKind<AnyEdidRangeLimitsTiming>> EdidRangeLimitsTimingKinds::All() { return Rows; }
+
+std::unique_ptr<AnyEdidRangeLimitsTiming> EdidRangeLimitsTimingKinds::Read(ByteRange range) {
+    return ReadKind<EdidRangeLimitsOtherTiming>(All(), range);
+}
+
+int AnyEdidRangeLimitsTiming::PeekType(ByteRange range) {
+    return range.Limit(FrameSize) ? static_cast<int>(range.ByteAt(0)) : NoType;
+}
+
+EnumLimits EdidRangeLimitsCvtTiming::PreferredLimits() const {
+    using Ratio = EdidRangeLimitsCvtTimingAspectRatioEnum;
+    EnumLimits supported;
+    while (supported.count < Ratio::Count && aspectRatios.Test(static_cast<Ratio::Enum>(supported.count)))
+        ++supported.count;
+    for (int ratio = supported.count; ratio < Ratio::Count; ++ratio) {
+        if (aspectRatios.Test(static_cast<Ratio::Enum>(ratio))) supported.extra.Add(ratio);
+    }
+    return aspectRatios.GetBits() == 0 ? EnumLimits{Ratio::Count, {}} : supported;
+}
+
+}  // namespace VNT
