@@ -11,11 +11,11 @@ AnyHotControl::AnyHotControl(Window& window, ControlKind kind, const std::wstrin
         if (hot) return;
         Native::TrackMouseLeave(GetHandle());
         hot = true;
-        Redraw();
+        RedrawHot();
     });
     AddMessageHandler(Message::MouseLeave, [this](WParam, LParam) {
         hot = false;
-        if (RedrawsOnLeave()) Redraw();
+        if (RedrawsOnLeave()) RedrawHot();
     });
 }
 

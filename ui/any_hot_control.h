@@ -18,6 +18,8 @@ protected:
     virtual bool LooksFocused() const { return HasFocus(); }
     // Whether the look changes at once when the pointer leaves.
     virtual bool RedrawsOnLeave() const { return true; }
+    // What the coming and going of the pointer changes.
+    virtual void RedrawHot() { Redraw(); }
     // Redraws whenever the focus comes or goes.
     void RedrawWithFocus();
     // A second fast press of the mouse button counts as a press of its own.

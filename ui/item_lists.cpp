@@ -73,6 +73,8 @@ void ListBox::ApplyStyle(const StyleTable& table) {
     ApplyLook(style.Font);
 }
 
+void ListBox::RedrawHot() { Native::RedrawFrame(GetHandle()); }
+
 ComboBox::ComboBox(Window& window) : AnyItemList(window, ControlKind::ComboBox, CreationStyle) {
     Native::Attach(*this);
     ComboBox::ApplyStyle(window.GetStyle());

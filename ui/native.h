@@ -74,7 +74,8 @@ std::optional<Rect> GetWorkArea();
 // Sends `Message::SetText`; true when it answered 1. Lines end with "\n" here and in `GetText`.
 bool SetText(Handle handle, const std::wstring& text);
 std::wstring GetText(Handle handle);
-void Redraw(Handle handle);  // at once, with all children
+void Redraw(Handle handle);       // at once, with all children
+void RedrawFrame(Handle handle);  // what a text box or list box has around its client area
 void SetDrawing(Handle handle, bool on);
 bool IsEnabled(Handle handle);
 void SetEnabled(Handle handle, bool enabled);

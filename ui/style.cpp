@@ -156,14 +156,14 @@ private:
 
     void BuildLists() {
         const LayoutMetrics& metrics = table.Metrics;
-        const int border = metrics.BorderWidth;
+        const int edge = metrics.BorderWidth + metrics.FocusInset;
         const Padding textPadding{metrics.SmallSpacing, 0, metrics.SmallSpacing, 0};
         table.ListBox = {GetStates(TextNormal, TextFocused, TextHot, TextFocused, TextNormal, TextDisabled),
                          Get(SelectedText),
                          Get(SelectedBackground),
                          table.WindowBackground,
                          table.NormalFont,
-                         {border, border, border, border},
+                         {edge, edge, edge, edge},
                          textPadding,
                          table.NormalFont.GetMetrics().Height,
                          metrics.ScrollBarWidth};

@@ -76,4 +76,6 @@ void TextBox::ApplyStyle(const StyleTable& table) {
     ApplyLook(GetStyle().Font);
 }
 
+void TextBox::RedrawHot() { Native::RedrawFrame(GetHandle()); }
+
 }  // namespace UI::Controls

@@ -39,6 +39,9 @@ public:
     Size Measure(std::wstring_view text) const override;
     void ApplyStyle(const StyleTable& table) override;
 
+protected:
+    void RedrawHot() override;
+
 private:
     Face face;
     TextBoxStyle normalStyle;

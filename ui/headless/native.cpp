@@ -174,6 +174,8 @@ void Redraw(Handle handle) {
     if (NativeWindow* window = GetDesktop().Find(handle)) Headless::DrawAll(*window);
 }
 
+void RedrawFrame(Handle handle) { Redraw(handle); }
+
 void SetDrawing(Handle handle, bool on) { handle->IsDrawing = on; }
 
 bool IsEnabled(Handle handle) { return handle->IsEnabled; }

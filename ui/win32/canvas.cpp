@@ -5,6 +5,7 @@
 
 #include "ui/session.h"
 #include "ui/win32/drawing.h"
+#include "ui/win32/smooth.h"
 
 namespace UI {
 
@@ -61,6 +62,13 @@ private:
     Gdiplus::GpPath* path = nullptr;
 };
 
+// A fill of the library reaches one sample too far to the right and down.
+Canvas::Spot GetSample(Gdiplus::GpGraphics* graphics) {
+    Gdiplus::SmoothingMode mode{};
+    GdipGetSmoothingMode(graphics, &mode);
+    return {1.0F / 8, mode == Gdiplus::SmoothingModeAntiAlias8x8 ? 1.0F / 8 : 1.0F / 4};
+}
+
 Canvas::Spot GetStart(const RECT& rectangle) {
     return {static_cast<float>(rectangle.left), static_cast<float>(rectangle.top)};
 }
@@ -78,13 +86,8 @@ Canvas::Canvas(HDC target, const RECT& area, Color background)
     if (GdipCreateFromHDC(memory, &graphics) != Gdiplus::Ok) throw L"GdipCreateFromHDC failed.";
     GdipSetCompositingQuality(graphics, Gdiplus::CompositingQualityGammaCorrected);
     GdipSetPixelOffsetMode(graphics, Gdiplus::PixelOffsetModeHalf);
-    // Eight by eight samples a pixel where the library can, else eight by four.
-    if (GdipSetSmoothingMode(graphics, Gdiplus::SmoothingModeAntiAlias8x8) == Gdiplus::Ok) {
-        sample = {1.0F / 8, 1.0F / 8};
-    } else {
-        GdipSetSmoothingMode(graphics, Gdiplus::SmoothingModeAntiAlias8x4);
-        sample = {1.0F / 8, 1.0F / 4};
-    }
+    SetSmoothing(graphics);
+    sample = LibrarySmooths() ? GetSample(graphics) : Spot{0, 0};
     GdipGraphicsClear(graphics, ToArgb(background));
 }
 
@@ -100,12 +103,19 @@ void Canvas::FillRectangle(const RECT& rectangle, Color color) {
                        Win32::GetHeight(rectangle));
 }
 
+void Canvas::FillPath(Gdiplus::GpPath* path, Color color) {
+    if (!LibrarySmooths()) {
+        return FillSmooth(GetTextDC(), {0, 0, Win32::GetWidth(area), Win32::GetHeight(area)}, path, color);
+    }
+    const Brush brush(color);
+    GdipFillPath(graphics, brush, path);
+}
+
 void Canvas::FillRounded(const RECT& rectangle, int radius, Color color) {
     if (radius <= 0) return FillRectangle(rectangle, color);
-    const Brush brush(color);
     Path path;
     path.AddRounded(GetStart(rectangle), GetFillEnd(rectangle), static_cast<float>(radius));
-    GdipFillPath(graphics, brush, path);
+    FillPath(path, color);
 }
 
 void Canvas::DrawRounded(const RECT& rectangle, Color fill, Color border, int borderWidth, int radius) {
@@ -116,17 +126,19 @@ void Canvas::DrawRounded(const RECT& rectangle, Color fill, Color border, int bo
 }
 
 void Canvas::FillEllipse(const RECT& around, Color color) {
-    const Brush brush(color);
     const Spot start = GetStart(around);
     const Spot end = GetFillEnd(around);
-    GdipFillEllipse(graphics, brush, start.X, start.Y, end.X - start.X, end.Y - start.Y);
+    const Path path;
+    GdipAddPathEllipse(path, start.X, start.Y, end.X - start.X, end.Y - start.Y);
+    FillPath(path, color);
 }
 
 void Canvas::FillPolygon(std::span<const Spot> corners, Color color) {
-    const Brush brush(color);
     std::vector<Gdiplus::PointF> points;
     for (const Spot& corner : corners) points.emplace_back(corner.X, corner.Y);
-    GdipFillPolygon(graphics, brush, points.data(), static_cast<INT>(points.size()), Gdiplus::FillModeAlternate);
+    const Path path;
+    GdipAddPathPolygon(path, points.data(), static_cast<INT>(points.size()));
+    FillPath(path, color);
 }
 
 HDC Canvas::GetTextDC() {

@@ -8,7 +8,8 @@
 
 namespace Gdiplus {
 class GpGraphics;
-}
+class GpPath;
+}  // namespace Gdiplus
 
 namespace UI::Win32 {
 
@@ -60,6 +61,7 @@ public:
     static int CountShown();
 
 private:
+    void FillPath(Gdiplus::GpPath* path, Color color);
     void FillRounded(const RECT& rectangle, int radius, Color color);
     // Right and bottom edges for a fill whose smoothing shall reach no pixel beyond them.
     Spot GetFillEnd(const RECT& rectangle) const;

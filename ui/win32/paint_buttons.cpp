@@ -51,12 +51,11 @@ void DrawCircle(Canvas& canvas, const RECT& box, const StateStyle& style, int, b
         InflateRect(&around, -inset, -inset);
         canvas.FillEllipse(around, color);
     };
-    const int unit = GetWidth(box) / 13;
     fill(0, style.Border);
     if (style.BorderWidth > 0) fill(style.BorderWidth, style.Background);
     if (!checked) return;
-    fill(3 * unit, style.Text);
-    fill(4 * unit, style.Text);
+    fill(3 * Win32::GetWidth(box) / 13, style.Text);
+    fill(4 * Win32::GetWidth(box) / 13, style.Text);
 }
 
 using DrawBox = void (*)(Canvas&, const RECT& box, const StateStyle&, int thickness, bool checked);

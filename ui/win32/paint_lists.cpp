@@ -66,6 +66,9 @@ void DrawArrow(Canvas& canvas, const RECT& area, Color color) {
 void DrawClosed(const Controls::ComboBox& box, HDC dc) {
     const ComboBoxStyle& style = box.GetStyle();
     const StateStyle& state = style.States[box.GetState()];
+    const StateStyle& normal = style.States[ControlState::Normal];
+    // High contrast keeps the normal face in the hot states, where their text could not be read.
+    const bool isPlain = box.IsEnabled() && state.Background == normal.Background;
     const RECT area = GetClientArea(ToWindow(box.GetHandle()));
     Canvas canvas(dc, area, style.WindowBackground);
     canvas.DrawRounded(area, state);
@@ -81,7 +84,7 @@ void DrawClosed(const Controls::ComboBox& box, HDC dc) {
     text.left = style.TextPadding.Left;
     const int selected = box.GetSelection();
     canvas.DrawString(box.GetItemText(selected), text, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS,
-                      box.GetItemFont(selected), state.Text, state.Background);
+                      box.GetItemFont(selected), isPlain ? normal.Text : state.Text, state.Background);
     if (box.HasFocus() && box.ShowsFocus()) canvas.DrawFocusMark(inside);
     canvas.Show();
 }

@@ -39,14 +39,22 @@ void DrawCaption(const Controls::GroupBox& box, Canvas& canvas, RECT area) {
     if (box.GetText().empty()) return;
     const GroupBoxStyle& style = box.GetStyle();
     area.left += style.CaptionInset;
+    // A gap in the frame, a little wider than the text.
+    const int gap = 2 * style.BorderWidth;
+    const int width = MeasureText(style.Caption.Font, box.GetText()).Width;
+    canvas.FillRectangle({area.left - gap, area.top, area.left + width + gap, area.bottom}, style.Caption.Background);
     canvas.DrawString(box.GetText(), area, DT_SINGLELINE, style.Caption.Font, box.GetTextColor(),
                       style.Caption.Background);
 }
 
-// A window that comes to the front again has the focus where it was.
+// Focus marks, and the focus itself: a window that comes to the front again has it where it was.
 void AttachActivation(Window& window) {
     const auto last = std::make_shared<HWND>(nullptr);
-    window.AddMessageHandler(WM_SHOWWINDOW, [last](WParam, LParam) { *last = nullptr; });
+    window.AddMessageHandler(WM_SHOWWINDOW, [&window, last](WParam shown, LParam) {
+        *last = nullptr;
+        // Focus marks come with the first key, unless the user wants them always or opened the window by key.
+        if (shown) Tell(window.GetHandle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0));
+    });
     window.AddResultHandler(WM_ACTIVATE, [&window, last](WParam wParam, LParam lParam) -> MessageResult {
         HWND self = ToWindow(window.GetHandle());
         const bool active = LOWORD(wParam) != WA_INACTIVE;

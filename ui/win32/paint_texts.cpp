@@ -10,20 +10,28 @@ namespace {
 
 const StateStyle& GetColors(const Controls::TextBox& box) { return box.GetStyle().States[box.GetState()]; }
 
-// The system writes a disabled text in a colour of its own, so we write it.
+// The system writes a disabled text in a colour of its own, so we write it, line by line where the system has it.
 void PaintDisabled(const Controls::TextBox& box) {
-    HWND window = ToWindow(box.GetHandle());
-    const PaintDC dc(window);
-    const RECT area = GetClientArea(window);
+    const Handle handle = box.GetHandle();
+    const PaintDC dc(ToWindow(handle));
+    const RECT area = GetClientArea(ToWindow(handle));
     const StateStyle& style = GetColors(box);
     Canvas canvas(dc, area, style.Background);
-    RECT text = area;
-    unsigned format = DT_EDITCONTROL;
-    if (box.IsMultiLine()) {
-        format |= DT_WORDBREAK;
-        text.top -= Tell(box.GetHandle(), EM_GETFIRSTVISIBLELINE) * box.GetFont().GetMetrics().Height;
+    const std::wstring text = ReadSystemText(handle);
+    const auto count = static_cast<WPARAM>(Tell(handle, EM_GETLINECOUNT));
+    for (WPARAM line = 0; line < count; ++line) {
+        const auto begin = static_cast<std::size_t>(Tell(handle, EM_LINEINDEX, line));
+        const auto length = static_cast<std::size_t>(Tell(handle, EM_LINELENGTH, begin));
+        if (length == 0 || begin + length > text.size()) continue;
+        const LRESULT place = Tell(handle, EM_POSFROMCHAR, begin);
+        RECT at = area;
+        at.left = static_cast<short>(LOWORD(place));
+        at.top = static_cast<short>(HIWORD(place));
+        // Like the system, no line that is not whole, save when there is but one.
+        if (count > 1 && at.top + box.GetFont().GetMetrics().Height > area.bottom) break;
+        canvas.DrawString(std::wstring_view(text).substr(begin, length), at, DT_EDITCONTROL, box.GetFont(), style.Text,
+                          style.Background);
     }
-    canvas.DrawString(box.GetText(), text, format, box.GetFont(), style.Text, style.Background);
     canvas.Show();
 }
 

@@ -31,6 +31,9 @@ inline LRESULT Tell(Handle handle, UINT message, WPARAM wParam = 0, LPARAM lPara
     return SendMessageW(ToWindow(handle), message, wParam, lParam);
 }
 
+// The text of a window as the system has it: "\r\n" at the ends of lines.
+std::wstring ReadSystemText(Handle handle);
+
 // No C++ exception may pass through the system's frames, so a procedure keeps what its handlers threw, and the loop
 // that called the system throws it on.
 void KeepException() noexcept;

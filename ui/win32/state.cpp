@@ -58,6 +58,11 @@ void Redraw(Handle handle) {
     RedrawWindow(ToWindow(handle), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
 }
 
+void RedrawFrame(Handle handle) {
+    constexpr WPARAM wholeFrame = 1;
+    Tell(handle, WM_NCPAINT, wholeFrame);
+}
+
 void SetDrawing(Handle handle, bool on) { Tell(handle, WM_SETREDRAW, on); }
 
 bool IsEnabled(Handle handle) { return IsWindowEnabled(ToWindow(handle)) != 0; }

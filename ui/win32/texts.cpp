@@ -4,7 +4,16 @@
 #include "ui/message.h"
 #include "ui/win32/platform.h"
 
-namespace UI::Native {
+namespace UI {
+
+std::wstring Win32::ReadSystemText(Handle handle) {
+    std::wstring text(static_cast<std::size_t>(Tell(handle, WM_GETTEXTLENGTH)), L'\0');
+    const auto length = Tell(handle, WM_GETTEXT, text.size() + 1, reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+namespace Native {
 
 using namespace Win32;
 
@@ -13,13 +22,6 @@ namespace {
 bool HasLines(Handle handle) {
     const auto* box = dynamic_cast<Controls::TextBox*>(FindControl(handle));
     return box && box->IsMultiLine();
-}
-
-std::wstring ReadText(Handle handle) {
-    std::wstring text(static_cast<std::size_t>(Tell(handle, WM_GETTEXTLENGTH)), L'\0');
-    const auto length = Tell(handle, WM_GETTEXT, text.size() + 1, reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
 }
 
 std::wstring ToSystemLines(const std::wstring& text) {
@@ -39,14 +41,14 @@ std::wstring FromSystemLines(std::wstring text) {
 // From a position in the interface's text to the same one in the system's, and back.
 int ToSystemPosition(Handle handle, int position) {
     if (position <= 0 || !HasLines(handle)) return position;
-    const std::wstring text = FromSystemLines(ReadText(handle));
+    const std::wstring text = FromSystemLines(ReadSystemText(handle));
     const auto end = text.begin() + std::min<std::ptrdiff_t>(position, std::ssize(text));
     return position + static_cast<int>(std::count(text.begin(), end, L'\n'));
 }
 
 int FromSystemPosition(Handle handle, int position) {
     if (!HasLines(handle)) return position;
-    const std::wstring text = ReadText(handle);
+    const std::wstring text = ReadSystemText(handle);
     const auto end = text.begin() + std::min<std::ptrdiff_t>(position, std::ssize(text));
     return position - static_cast<int>(std::count(text.begin(), end, L'\r'));
 }
@@ -60,7 +62,9 @@ bool SetText(Handle handle, const std::wstring& text) {
     return HasLines(handle) ? set(ToSystemLines(text)) : set(text);
 }
 
-std::wstring GetText(Handle handle) { return HasLines(handle) ? FromSystemLines(ReadText(handle)) : ReadText(handle); }
+std::wstring GetText(Handle handle) {
+    return HasLines(handle) ? FromSystemLines(ReadSystemText(handle)) : ReadSystemText(handle);
+}
 
 void SetLimit(Handle handle, int characters) { Tell(handle, EM_SETLIMITTEXT, static_cast<WPARAM>(characters)); }
 
@@ -81,4 +85,6 @@ void ResetTextMargins(Handle handle) {
     Tell(handle, EM_SETRECTNP, 0, 0);
 }
 
-}  // namespace UI::Native
+}  // namespace Native
+
+}  // namespace UI
