@@ -59,7 +59,7 @@ constexpr PropertyRow PropertyRows[] = {
      [](const P& p) { return p.IsVersion14() && p.modelYear ? String("Model year") : Number(p.week); }},
     {"Year", nullptr, [](const P& p) { return Number(p.year); }},
     {"Version", nullptr, [](const P& p) { return Number(p.version) + "." + Number(p.revision); }},
-    {"Signal type", nullptr, [](const P& p) { return String(p.digital ? "Digital" : "Analog"); }},
+    {"Signal type", nullptr, [](const P& p) { return RowText(p.digital, EdidSignalTypeTexts); }},
     {"Analog signal level", "analogSignalLevel",
      [](const P& p) { return RowText(p.analogSignalLevel, EdidAnalogSignalLevelEnum::Texts); }},
     {"Analog flags", "analogFlags", [](const P& p) { return FlagTexts(p.analogFlags, EdidAnalogFlagEnum::Texts); }},

@@ -1,11 +1,14 @@
 #include "editor/descriptor_windows.h"
 
+#include "editor/resolution_windows.h"
+
 namespace {
 
 using namespace VNT;
 using Forms::FormOf;
 
 constexpr Forms::TFormRow<EdidDescriptor> DescriptorForms[] = {
+    FormOf<EdidDetailedResolutionWindow, EdidDescriptor>(),
     FormOf<EdidNameDescriptorWindow, EdidDescriptor>(),
     FormOf<EdidSerialNumberDescriptorWindow, EdidDescriptor>(),
     FormOf<EdidTextDescriptorWindow, EdidDescriptor>(),

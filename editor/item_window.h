@@ -52,6 +52,8 @@ protected:
     Forms::FieldState GetFieldState(std::string_view field) const override {
         if constexpr (HasOwnSize) {
             return {status.IsProper(field), available.IsPresent(field) && available.IsProper(field)};
+        } else if constexpr (SaysAvailable) {
+            return {status.IsProper(field), available.IsProper(field)};
         } else {
             return {status.IsProper(field), status.IsPresent(field)};
         }
@@ -69,6 +71,7 @@ protected:
 
 private:
     static constexpr bool HasOwnSize = requires(const X& x) { x.GetAvailable(0); };
+    static constexpr bool SaysAvailable = requires(const X& x) { x.GetAvailable(); };
 
     int RunOn(const Record& target, int newBytes) {
         fields = target;
@@ -81,10 +84,11 @@ private:
             available = item.GetAvailable(bytes);
         } else {
             status = item.GetStatus();
+            if constexpr (SaysAvailable) available = item.GetAvailable();
         }
     }
 
     int bytes = 0;
     VNT::ItemStatus status;
-    VNT::ItemStatus available;  // of an item with a size of its own: what there is room for
+    VNT::ItemStatus available;  // of an item that tells this apart: what is open for input, or there is room for
 };

@@ -6,6 +6,8 @@
 
 namespace VNT {
 
+inline constexpr ValueText<bool> EdidSignalTypeTexts[] = {{false, "Analog"}, {true, "Digital"}};
+
 struct EdidAnalogSignalLevelEnum {
     enum Enum : int { Level0700_0300, Level0714_0286, Level1000_0400, Level0700_0000 };
     static constexpr ValueText<Enum> Texts[] = {{Level0700_0300, "0.700 : 0.300 : 1.000 Vpp"},

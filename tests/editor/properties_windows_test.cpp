@@ -1,0 +1,123 @@
+#include "editor/properties_windows.h"
+
+#include <gtest/gtest.h>
+
+#include "ui/headless/driver.h"
+
+namespace {
+
+using namespace VNT;
+using namespace UI;
+using namespace UI::Controls;
+using UI::Headless::Driver;
+
+int RunColors(Driver& driver, EdidColorCoordinates& colors, const std::function<void()>& steps) {
+    driver.Then(steps);
+    EdidColorCoordinatesWindow window(nullptr);
+    return window.Run(colors);
+}
+
+int RunProperties(Driver& driver, EdidPropertiesFields& fields, const std::function<void()>& steps) {
+    driver.Then(steps);
+    EdidPropertiesWindow window(nullptr);
+    return window.Run(fields);
+}
+
+TEST(ColorCoordinatesForm, TypingOneLeavesTheRawBoxEmptyAndNoWayToConfirm) {
+    Driver driver;
+    EdidColorCoordinates colors;
+    EXPECT_EQ(RunColors(driver, colors,
+                        [&] {
+                            driver.Enter(driver.Find<TextBox>({L"Red", L"x:"}), L"1.0000");
+                            EXPECT_EQ(driver.Find<TextBox>({L"Red", L"Raw:"}).GetText(), L"");
+                            EXPECT_FALSE(driver.Find<Button>(L"OK").IsEnabled());
+                            driver.Press(Key::Return);
+                            driver.Press(Key::Escape);
+                        }),
+              IdCancel);
+    EXPECT_EQ(colors, EdidColorCoordinates());
+}
+
+TEST(ColorCoordinatesForm, TheTypedOneOfThePairLeads) {
+    Driver driver;
+    EdidColorCoordinates colors;
+    EXPECT_EQ(RunColors(driver, colors,
+                        [&] {
+                            driver.Enter(driver.Find<TextBox>({L"White", L"x:"}), L"0.5");
+                            EXPECT_EQ(driver.Find<TextBox>({L"White", L"Raw:"}).GetText(), L"512");
+                            driver.Enter(driver.Find<TextBox>({L"White", L"Raw:"}), L"256");
+                            EXPECT_EQ(driver.Find<TextBox>({L"White", L"x:"}).GetText(), L"0.2500");
+                            driver.Press(Key::Return);
+                        }),
+              IdOk);
+    EXPECT_EQ(colors.raw[EdidColorCoordinates::WhiteX], 256);
+    EXPECT_TRUE(colors.useRaw);
+}
+
+TEST(PropertiesForm, TheVersionChoosesTheDigitalInterfaceControl) {
+    Driver driver;
+    EdidPropertiesFields fields = EdidProperties();
+    RunProperties(driver, fields, [&] {
+        auto& older = driver.Find<CheckBox>(L"DFP compatible");
+        EXPECT_TRUE(older.IsVisible());
+        driver.Enter(driver.Find<TextBox>(L"Version:", 1), L"4");
+        EXPECT_FALSE(older.IsVisible());
+        EXPECT_TRUE(driver.Find<ComboBox>(L"Digital interface:").IsVisible());
+        EXPECT_TRUE(driver.Find<CheckBox>(L"Continuous frequency").IsVisible());
+        EXPECT_TRUE(driver.Find<ComboBox>(L"Screen information:").IsEnabled());
+        driver.Enter(driver.Find<TextBox>(L"Version:", 1), L"3");
+        EXPECT_TRUE(older.IsVisible());
+        EXPECT_TRUE(driver.Find<CheckBox>(L"Default GTF").IsVisible());
+        driver.Press(Key::Escape);
+    });
+}
+
+TEST(PropertiesForm, TheModelYearTakesTheWeek) {
+    Driver driver;
+    EdidPropertiesFields fields = EdidProperties();
+    fields.revision = 4;
+    fields.screenFieldsPresent = EdidScreenFieldsPresentEnum::None;
+    fields.week = 12;
+    EXPECT_EQ(RunProperties(driver, fields,
+                            [&] {
+                                driver.Click(driver.Find<CheckBox>(L"Model year"));
+                                EXPECT_FALSE(driver.Find<TextBox>(L"Week:").IsEnabled());
+                                EXPECT_EQ(driver.Find<TextBox>(L"Week:").GetText(), L"");
+                                driver.Press(Key::Return);
+                            }),
+              IdOk);
+    EXPECT_TRUE(fields.modelYear);
+    EXPECT_EQ(fields.week, Undefined);
+}
+
+TEST(PropertiesForm, ABadVendorIdIsRedAndKeepsOkClosed) {
+    Driver driver;
+    EdidPropertiesFields fields = EdidProperties();
+    EXPECT_EQ(RunProperties(driver, fields,
+                            [&] {
+                                driver.Enter(driver.Find<TextBox>(L"Vendor ID:"), L"abc");
+                                EXPECT_FALSE(driver.Find<Button>(L"OK").IsEnabled());
+                                driver.Enter(driver.Find<TextBox>(L"Vendor ID:"), L"ABC");
+                                driver.Enter(driver.Find<TextBox>(L"Product ID:"), L"00fe");
+                                driver.Press(Key::Return);
+                            }),
+              IdOk);
+    EXPECT_EQ(fields.vendorId, U"ABC");
+    EXPECT_EQ(fields.productId, 0xFE);
+}
+
+TEST(PropertiesForm, OpensTheColorCoordinates) {
+    Driver driver;
+    EdidPropertiesFields fields = EdidProperties();
+    driver.Then([&] { driver.Click(driver.Find<Button>(L"Edit...")); });
+    driver.Then([&] {
+        driver.Enter(driver.Find<TextBox>({L"Red", L"Raw:"}), L"700");
+        driver.Press(Key::Return);
+    });
+    driver.Then([&] { driver.Press(Key::Return); });
+    EdidPropertiesWindow window(nullptr);
+    EXPECT_EQ(window.Run(fields), IdOk);
+    EXPECT_EQ(fields.colors.raw[EdidColorCoordinates::RedX], 700);
+}
+
+}  // namespace
