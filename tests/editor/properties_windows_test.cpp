@@ -114,7 +114,7 @@ TEST(PropertiesForm, OpensTheColorCoordinates) {
         driver.Enter(driver.Find<TextBox>({L"Red", L"Raw:"}), L"700");
         driver.Press(Key::Return);
     });
-    driver.Then([&] { driver.Press(Key::Return); });
+    driver.Then([&] { driver.Click(driver.Find<Button>(L"OK")); });
     EdidPropertiesWindow window(nullptr);
     EXPECT_EQ(window.Run(fields), IdOk);
     EXPECT_EQ(fields.colors.raw[EdidColorCoordinates::RedX], 700);
