@@ -135,7 +135,7 @@ void FindUpwardIncludes(const SourceFile& file, Findings& findings) {
 }
 
 void FindFloatingPoint(const SourceFile& file, Findings& findings) {
-    static const std::regex type(R"(\b(double|float)\b)");
+    static const std::regex type(R"(\b(double|float|FromDouble|ToDouble)\b|\b\d+\.\d)");
     if (file.IsIn("model/timing/")) FindInCode(file, type, "has a number in floating point", findings);
 }
 

@@ -89,7 +89,10 @@ TEST(LintRules, BackendsAreIncludedByThemselvesByTestsAndWhereProgramsStart) {
 TEST(LintRules, TimingHasNoFloatingPoint) {
     EXPECT_TRUE(Breaks(FindFloatingPoint, "model/timing/a.cpp", "const double x = 1;"));
     EXPECT_TRUE(Breaks(FindFloatingPoint, "model/timing/a.cpp", "f(static_cast<float>(x));"));
-    EXPECT_FALSE(Breaks(FindFloatingPoint, "model/timing/a.cpp", "int doubled = 1;  // double"));
+    EXPECT_TRUE(Breaks(FindFloatingPoint, "model/timing/a.cpp", "f(rate.ToDouble());"));
+    EXPECT_TRUE(Breaks(FindFloatingPoint, "model/timing/a.cpp", "const auto x = 2 * 0.5;"));
+    EXPECT_FALSE(Breaks(FindFloatingPoint, "model/timing/a.cpp", "int doubled = 1;  // double, 0.5"));
+    EXPECT_FALSE(Breaks(FindFloatingPoint, "model/timing/a.cpp", "f(\"0.5\", Decimal(5, 1), x2.front);"));
     EXPECT_FALSE(Breaks(FindFloatingPoint, "model/cta/a.cpp", "const double x = 1;"));
 }
 
