@@ -151,8 +151,7 @@ TYPED_TEST_P(FamilySuite, EveryFieldHasANameOfItsOwn) {
         using X = typename decltype(kind)::type;
         const ItemStatus status = ReadAs<X>(bytes).GetStatus();
         std::set<std::string> names;
-        for (const FieldStatus& field : status.Fields())
-            EXPECT_TRUE(names.insert(field.name).second) << field.name;
+        for (const FieldStatus& field : status.Fields()) EXPECT_TRUE(names.insert(field.name).second) << field.name;
     });
 }
 
