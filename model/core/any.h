@@ -17,8 +17,8 @@ public:
     TAny(const TAny&) = default;
     TAny(TAny&&) noexcept = default;
     // The data is copied by the typed assignment of the derived class; these do nothing.
-    virtual TAny& operator=(const TAny&) { return *this; }
-    virtual TAny& operator=(TAny&&) noexcept { return *this; }
+    virtual TAny& operator=(const TAny&) = default;
+    virtual TAny& operator=(TAny&&) noexcept = default;
     virtual ~TAny() = default;
 
     // True if both are the same class with equal fields. A holder compares as the item that it holds; an empty holder

@@ -35,7 +35,7 @@ public:
     constexpr std::int64_t Millionths() const { return millionths_; }
     constexpr bool IsUndefined() const { return millionths_ == std::numeric_limits<std::int64_t>::min(); }
 
-    constexpr auto operator<=>(const Decimal&) const = default;
+    constexpr auto operator<=>(const Decimal&) const = default;  // NOLINT(modernize-use-nullptr): clang-tidy 14 errs
     Decimal operator+(Decimal other) const;
     Decimal operator-(Decimal other) const;
     Decimal operator*(Decimal other) const;

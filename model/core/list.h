@@ -86,8 +86,11 @@ public:
     // Reads slot after slot until one doesn't read; what cannot be written back is dropped. Always true.
     bool Read(ByteRange range) {
         this->Clear();
-        Item item;
-        for (; range.Size() >= slotBytes && item.Read(range); range.Drop(slotBytes)) this->Add(std::move(item));
+        for (; range.Size() >= slotBytes; range.Drop(slotBytes)) {
+            Item item;
+            if (!item.Read(range)) break;
+            this->Add(std::move(item));
+        }
         return true;
     }
     // False if the range is too short for all slots. What stays behind the last one is left as it is.

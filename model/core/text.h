@@ -32,7 +32,7 @@ private:
 // no more, from the start of the text each time. Values may hold placeholders of their own. It ends and stays small
 // whatever they hold: its own key is plain text in a value, and what grows beyond `MaxTextLength` is cut there.
 inline constexpr int MaxTextLength = 4096;
-String Replace(std::u32string_view text, const TextTable& table);
+String Replace(std::u32string_view source, const TextTable& table);
 
 // The format of an item's one line of text.
 struct TextFormat {

@@ -48,6 +48,8 @@ struct Sample {
     Inner inner;                             // byte 13
     Bytes rest;
 
+    void SetShadow(std::uint32_t raw) { shadow = static_cast<int>(raw / 2); }
+
     template <class IO>
     static void Map(IO& io, auto& item) {
         io.Number("number", 8, item.number, Within({1, 100}, {0, 200}));
@@ -65,7 +67,7 @@ struct Sample {
         io.Number("address", 16, item.address, Within(0, 0xFFFF));
         io.Order(BitOrder::Lsb);
         io.Through(
-            8, [&] { return item.shadow * 2; }, [&](auto raw) { item.shadow = static_cast<int>(raw) / 2; });
+            8, [&] { return item.shadow * 2; }, [&](auto raw) { item.SetShadow(raw); });
         io.Check("even", item.number % 2 == 0, true);
         io.Data("pair", 2, item.pair, Exactly(2));
         io.Part("inner", 1, item.inner, item.inner.value < 10, item.inner.value < 200);
