@@ -1,0 +1,98 @@
+#include <gtest/gtest.h>
+#include <sstream>
+
+#include "cli/check.h"
+#include "cli/show.h"
+#include "samples/sample_bytes.h"
+
+namespace VNT::Cli {
+namespace {
+
+Bytes BaseBlock(std::vector<Samples::Block> slots, std::vector<int> standard = {}) {
+    Samples::Base base{.vendor = "QOR"};
+    base.slots = std::move(slots);
+    base.standard = std::move(standard);
+    return Bytes(Samples::BaseBlock(base));
+}
+
+Edid EdidOf(const Bytes& bytes) {
+    Edid edid;
+    EXPECT_TRUE(edid.Read(bytes));
+    return edid;
+}
+
+// What `show` prints below the line that starts with `section`, up to the next section.
+std::string Section(const Bytes& bytes, const std::string& section) {
+    std::ostringstream out;
+    ShowEdid(EdidOf(bytes), out);
+    std::istringstream lines(out.str());
+    std::string found;
+    bool isInside = false;
+    for (std::string line; std::getline(lines, line);) {
+        if (line[0] != ' ') isInside = line.starts_with(section);
+        if (isInside) found += line + "\n";
+    }
+    return found;
+}
+
+std::vector<std::string> Check(const Bytes& bytes) { return CheckEdid(EdidOf(bytes), bytes); }
+
+const Samples::Block StandardList{0, 0, 0, 0xFA, 0, 0xD1, 0xC0, 1, 1, 0x81, 0x80, 1, 1, 1, 1, 1, 1, 0x0A};
+const Samples::Block CvtList{0, 0, 0, 0xF8, 0, 1, 0x1B, 0x24, 0x4E, 1, 0, 0, 0, 0, 0, 0, 0, 0};
+const Samples::Block Established3{0, 0, 0, 0xF7, 0, 10, 0x80, 0, 0, 0, 0, 0x10, 0, 0, 0, 0, 0, 0};
+const Samples::Block Cvt{0, 0, 0, 0xFD, 2, 50, 45, 30, 160, 60, 4, 0x11, 4, 240, 0xF8, 0x18, 0, 60};
+const Samples::Block WhitePoint{0, 0, 0, 0xFB, 0, 1, 5, 0x50, 0x54, 120, 0, 0, 0, 0, 0, 0x0A, 0x20, 0x20};
+const Samples::Block Empty{0, 0, 0, 0x10, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};
+
+TEST(ShowItems, PrintsTheItemsOfAListOneLevelDeeper) {
+    EXPECT_EQ(Section(BaseBlock({StandardList, CvtList, Established3, Cvt}), "Detailed resolutions"),
+              "Detailed resolutions and descriptors (no space left)\n"
+              "  Standard resolutions: 3 resolutions\n"
+              "    1920x1080 (16:9) @ 60 Hz\n"
+              "    Empty\n"
+              "    1280x1024 (5:4) @ 60 Hz\n"
+              "  CVT resolutions: 2 resolutions\n"
+              "    1920x1080 (16:9) @ 60/75/85 Hz\n"
+              "    0x4 (4:3)\n"
+              "  Established III resolutions: 2 resolutions\n"
+              "  Range limits: 50-300 Hz, 30-160 kHz, 599.75 MHz\n");
+}
+
+TEST(ShowItems, PrintsSlotsThatNoClassReads) {
+    EXPECT_EQ(Section(BaseBlock({WhitePoint, Empty, Samples::Text(0xFE, "")}), "Detailed resolutions"),
+              "Detailed resolutions and descriptors (1 slot left)\n"
+              "  Other (251)\n"
+              "  Empty\n"
+              "  Text is empty\n");
+}
+
+TEST(ShowItems, PrintsStandardResolutionsAndEmptyRows) {
+    EXPECT_EQ(Section(BaseBlock({}, {1, 1, 0xD1, 0xC0, 0, 0}), "Standard resolutions"),
+              "Standard resolutions (5 slots left)\n"
+              "  Empty\n"
+              "  1920x1080 (16:9) @ 60 Hz\n"
+              "  248x155 (16:10) @ 60 Hz\n");
+    EXPECT_EQ(Section(BaseBlock({}), "Standard resolutions"),
+              "Standard resolutions (8 slots left)\n  No standard resolutions\n");
+    EXPECT_EQ(Section(BaseBlock({}), "Detailed resolutions"),
+              "Detailed resolutions and descriptors (4 slots left)\n  No detailed resolutions or descriptors\n");
+}
+
+TEST(CheckItems, NamesExactlyTheItemsThatAreOutOfLimits) {
+    Samples::Block name = Samples::Text(0xFC, "NAME");
+    name[17] = 0;
+    EXPECT_EQ(Check(BaseBlock({Cvt, name, Empty, StandardList}, {0xD1, 0xC0, 0, 0})),
+              (std::vector<std::string>{"descriptors/1 out of limits", "descriptors/3/resolutions/1 out of limits",
+                                        "standard/1 out of limits"}));
+    EXPECT_EQ(Check(BaseBlock({Established3, Cvt, WhitePoint}, {0xD1, 0xC0})), std::vector<std::string>{});
+}
+
+TEST(CheckItems, NamesAHolderBeforeItsItems) {
+    Samples::Block list = CvtList;
+    list[5] = 0;
+    EXPECT_EQ(Check(BaseBlock({list})),
+              (std::vector<std::string>{"descriptors/0 out of limits", "descriptors/0/resolutions/1 out of limits"}));
+}
+
+}  // namespace
+}  // namespace VNT::Cli
