@@ -4,11 +4,15 @@
 
 namespace VNT {
 
+namespace Detail {
+inline void SetBytes(Bytes& bytes, ByteRange read) { bytes = Bytes(read); }
+}  // namespace Detail
+
 // Bytes that a sound EDID fills with `proper`; whatever they hold is kept.
 template <class IO>
 void MapPadding(IO& io, const char* name, auto& padding, const Bytes& proper) {
     io.ThroughData(
-        proper.Size(), [&] { return padding; }, [&](auto bytes) { padding = Bytes(bytes); });
+        proper.Size(), [&] { return padding; }, [&](auto read) { Detail::SetBytes(padding, read); });
     io.Check(name, padding == proper, padding.Size() == proper.Size());
 }
 
