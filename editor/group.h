@@ -134,6 +134,15 @@ public:
         return *this;
     }
 
+    // A combo box whose rows the form fills and follows itself.
+    UI::Controls::ComboBox& OpenCombo(Callback chosen) {
+        Begin();
+        auto& cell = AddCell<UI::Controls::ComboBox>(L"");
+        cell.Stretches = true;
+        cell.Control.AddNotificationHandler(UI::Controls::ComboBox::SelectionChanged, std::move(chosen));
+        return cell.Control;
+    }
+
     // Check boxes: of a bool, of one flag, of all flags of a vocabulary (which may be texts alone, in order).
     template <class F>
     TGroup& Check(F field, const std::wstring& text) {

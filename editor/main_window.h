@@ -1,0 +1,43 @@
+// The main window: the displays, and the parts of the chosen one's EDID.
+#pragma once
+
+#include "editor/item_window.h"
+#include "model/edid/edid.h"
+#include "store/display.h"
+
+// `fields` is the working copy. After every change it is normalised, stored in the display's record and read back: all
+// that is shown has been through a write and a read. Nothing of a display that was not edited changes.
+class MainWindow : public TFieldsWindow<VNT::EdidFields> {
+public:
+    explicit MainWindow(VNT::DisplayList displays);
+
+    // Runs the window: 1 when the displays are to be saved, 2 when all changes are dropped.
+    int Run() { return RunForm(); }
+    const VNT::DisplayList& GetDisplays() const { return displays; }
+
+    void Update() override;
+
+protected:
+    void Commit() override { Save(); }
+
+private:
+    void AddDisplayRow();
+    void AddLists();
+    // The record and the working copy of a display; what its bytes can't give comes from a new EDID.
+    void Load(int index);
+    // Stores the working copy in the display's record. One that can't be written leaves the record as it was.
+    void Save();
+    void RefreshRow(int index);
+    void ClearSelections();
+    void EditProperties();
+    void Import();
+    void Export();
+
+    VNT::DisplayList displays;
+    VNT::Display display;     // a copy of the chosen one's record
+    VNT::EdidFields loaded;   // the working copy as it was read
+    bool isImported = false;  // the working copy stands for another EDID than was read, even if it is equal
+    bool isOpen = false;
+    UI::Controls::ComboBox* choice = nullptr;
+    std::vector<std::function<void()>> clearSelections;
+};
