@@ -6,8 +6,6 @@
 #include <iostream>
 #include <optional>
 
-#include "model/edid/file_formats.h"
-
 namespace fs = std::filesystem;
 
 namespace VNT::Cli {
@@ -68,24 +66,10 @@ FileFormat ChooseFormat(const Arguments& arguments, const std::string& file) {
 }
 
 void ExportFile(const Edid& edid, FileFormat format, const std::string& file) {
-    const Bytes bytes = format == FileFormat::Txt   ? WriteTxt(edid)
-                        : format == FileFormat::Dat ? WriteDat(edid)
-                                                    : WriteBin(edid);
-    if (bytes.IsEmpty()) throw Failure(file, "the EDID can't be written");
-    const fs::path path = PathOf(file);
     std::error_code error;
-    if (fs::is_directory(path, error)) throw Failure(file, "is a folder");
-    fs::path fresh = path;
-    fresh += ".new";
-    std::ofstream out(fresh, std::ios::binary | std::ios::trunc);
-    out.write(reinterpret_cast<const char*>(bytes.Vector().data()), bytes.Size());
-    out.close();
-    if (out) fs::rename(fresh, path, error);
-    if (!out || error) {
-        std::error_code ignored;
-        fs::remove(fresh, ignored);
-        throw Failure(file, "can't be written");
-    }
+    if (edid.GetBytes().IsEmpty()) throw Failure(file, "the EDID can't be written");
+    if (fs::is_directory(PathOf(file), error)) throw Failure(file, "is a folder");
+    if (!Export(PathOf(file), edid, format)) throw Failure(file, "can't be written");
 }
 
 }  // namespace VNT::Cli

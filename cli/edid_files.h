@@ -3,7 +3,7 @@
 #include <string>
 
 #include "cli/command.h"
-#include "model/edid/edid.h"
+#include "store/edid_files.h"
 
 namespace VNT::Cli {
 
@@ -12,10 +12,9 @@ Bytes ReadFileBytes(const std::string& file, const Console& console);
 // FILE as the editor's import reads it. Fails if it is no EDID.
 Edid ImportFile(const std::string& file, const Console& console);
 
-enum class FileFormat { Bin, Dat, Txt };
 // The format of `--format`, else of the file's ending, else BIN. Fails on an unknown format.
 FileFormat ChooseFormat(const Arguments& arguments, const std::string& file);
-// Writes the EDID in that format to a file beside `file`, which is then renamed over it.
+// Writes the EDID in that format; fails with an older file of that name as it was.
 void ExportFile(const Edid& edid, FileFormat format, const std::string& file);
 
 }  // namespace VNT::Cli

@@ -1,5 +1,8 @@
 #include "model/edid/file_formats.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "model/core/text.h"
 
 namespace VNT {
@@ -33,12 +36,12 @@ public:
         }
         return true;
     }
-    // A hexadecimal number of at most `digits` digits, blanks before it skipped.
+    // A hexadecimal number of at most `digits` digits, blanks before it skipped. What no offset can be is held.
     bool ReadHex(int digits, int& number) {
         SkipBlanks();
         int count = 0;
         for (number = 0; count < digits && HexDigit(Peek()) >= 0; ++count)
-            number = number * 16 + HexDigit(file_.At(at_++));
+            number = std::min(number * 16 + HexDigit(file_.At(at_++)), MaxBinaryFileBytes);
         return count > 0;
     }
     // The next character that is no blank; -1 at the end.
@@ -62,8 +65,14 @@ Bytes FromText(const String& text) {
     return Bytes(std::vector<std::uint8_t>(utf8.begin(), utf8.end()));
 }
 
-Bytes WithoutByteOrderMark(const Bytes& file) {
-    return file.Slice(0, 3) == Bytes{0xEF, 0xBB, 0xBF} ? file.Slice(3, file.Size()) : file;
+// The characters of a text: without the mark of UTF-8, its lines ending in "\n" alone.
+Bytes GetText(const Bytes& file) {
+    std::vector<std::uint8_t> text;
+    for (int i = file.Slice(0, 3) == Bytes{0xEF, 0xBB, 0xBF} ? 3 : 0; i < file.Size(); ++i) {
+        const bool isLineEnd = file.At(i) == '\r' && i + 1 < file.Size() && file.At(i + 1) == '\n';
+        if (!isLineEnd) text.push_back(file.At(i));
+    }
+    return Bytes(std::move(text));
 }
 
 }  // namespace
@@ -71,8 +80,9 @@ Bytes WithoutByteOrderMark(const Bytes& file) {
 bool ReadBin(const Bytes& file, Edid& edid) { return edid.Read(file.Slice(0, MaxBinaryFileBytes)); }
 
 bool ReadDat(const Bytes& file, Edid& edid) {
-    constexpr int offsetDigits = 6;  // more than the largest offset has
-    TextFile text(file);
+    constexpr int anyDigits = std::numeric_limits<int>::max();
+    const Bytes plain = GetText(file);
+    TextFile text(plain);
     for (int line = 0; line < DatHeadingLines; ++line) {
         if (!text.SkipLine()) return false;
     }
@@ -80,7 +90,7 @@ bool ReadDat(const Bytes& file, Edid& edid) {
     for (int i = 0; i < MaxBinaryFileBytes; ++i) {
         if (i % BytesPerRow == 0) {
             int offset = 0;
-            if (!text.ReadHex(offsetDigits, offset)) break;
+            if (!text.ReadHex(anyDigits, offset)) break;
             if (offset != i) return false;
             const int bar = text.ReadCharacter();
             if (bar < 0) break;
@@ -94,7 +104,7 @@ bool ReadDat(const Bytes& file, Edid& edid) {
 }
 
 bool ReadTxt(const Bytes& file, Edid& edid) {
-    const Bytes plain = WithoutByteOrderMark(file);
+    const Bytes plain = GetText(file);
     TextFile text(plain);
     // A heading makes the hex fail to parse: each further attempt drops one more line.
     for (int attempt = 0; attempt < TxtAttempts; ++attempt) {

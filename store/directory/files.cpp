@@ -5,6 +5,7 @@
 
 #include "model/core/text_string.h"
 #include "store/display.h"
+#include "store/edid_files.h"
 
 namespace fs = std::filesystem;
 
@@ -73,19 +74,7 @@ SystemError Read(const fs::path& file, Bytes& out) {
 }
 
 SystemError Write(const fs::path& file, ByteRange bytes) {
-    fs::path fresh = file;
-    fresh += ".new";
-    std::error_code error;
-    fs::remove(fresh, error);
-    std::ofstream out(fresh, std::ios::binary);
-    out.write(reinterpret_cast<const char*>(bytes.data), bytes.size);
-    out.close();
-    if (out) {
-        fs::rename(fresh, file, error);
-        if (!error) return None;
-    }
-    fs::remove(fresh, error);
-    return SystemErrors::AccessDenied;
+    return ReplaceFile(file, FileKind::Binary, bytes) ? None : SystemErrors::AccessDenied;
 }
 
 }  // namespace VNT::Files

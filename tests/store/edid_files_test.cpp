@@ -1,0 +1,117 @@
+#include "store/edid_files.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+
+#include "tests/edid/support.h"
+
+namespace fs = std::filesystem;
+
+namespace VNT {
+namespace {
+
+class EdidFiles : public testing::Test {
+protected:
+    void SetUp() override {
+        folder = fs::path(testing::TempDir()) /
+                 ("vantelle_files_" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+        Bytes bytes = Testing::BaseBlock();
+        bytes.At(12) = 0x5A;
+        bytes.At(127) = static_cast<std::uint8_t>(ComputeChecksum(bytes));
+        ASSERT_TRUE(edid.Read(bytes));
+    }
+    void TearDown() override { fs::remove_all(folder); }
+
+    fs::path Put(const std::string& content, const std::string& name = "file") const {
+        std::ofstream(folder / name, std::ios::binary) << content;
+        return folder / name;
+    }
+    static std::string Get(const fs::path& path) {
+        std::ifstream in(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+    // The names in the folder, one behind the other.
+    std::string List() const {
+        std::string names;
+        for (const auto& entry : fs::directory_iterator(folder)) names += entry.path().filename().string() + " ";
+        return names;
+    }
+
+    fs::path folder;
+    Edid edid;
+};
+
+TEST_F(EdidFiles, ComeBackInEachFormat) {
+    const fs::path path = folder / "edid";
+    Edid read;
+    ASSERT_TRUE(ExportBin(path, edid));
+    EXPECT_TRUE(ImportBin(path, read) && read == edid);
+    ASSERT_TRUE(ExportDat(path, edid));
+    read = Edid();
+    EXPECT_TRUE(!ImportBin(path, read) && ImportDat(path, read) && read == edid);
+    ASSERT_TRUE(ExportTxt(path, edid));
+    read = Edid();
+    EXPECT_TRUE(!ImportBin(path, read) && !ImportDat(path, read) && ImportTxt(path, read) && read == edid);
+    for (const FileFormat format : {FileFormat::Bin, FileFormat::Dat, FileFormat::Txt}) {
+        ASSERT_TRUE(Export(path, edid, format));
+        read = Edid();
+        EXPECT_TRUE(ImportAny(path, read) && read == edid);
+    }
+    EXPECT_EQ(List(), "edid ");
+}
+
+TEST_F(EdidFiles, TheFormatIsNotThatOfTheName) {
+    ASSERT_TRUE(ExportTxt(folder / "a.bin", edid));
+    EXPECT_TRUE(Get(folder / "a.bin").starts_with("00 FF FF"));
+}
+
+TEST_F(EdidFiles, AFileThatIsNotThereOrNoFileIsNotImported) {
+    Edid read;
+    for (const fs::path& path : {folder / "none", folder, fs::path()}) {
+        EXPECT_FALSE(ImportBin(path, read) || ImportDat(path, read) || ImportTxt(path, read)) << path;
+    }
+    EXPECT_FALSE(ImportAny(Put(""), read));
+    EXPECT_EQ(read, Edid());
+}
+
+TEST_F(EdidFiles, AnEdidThatCantBeWrittenLeavesTheOldFile) {
+    const fs::path path = Put("old");
+    edid.extensionBlockCount = 9;
+    EXPECT_FALSE(ExportBin(path, edid) || ExportDat(path, edid) || ExportTxt(path, edid));
+    EXPECT_EQ(Get(path), "old");
+    EXPECT_EQ(List(), "file ");
+}
+
+TEST_F(EdidFiles, AWriteThatFailsHalfWayLeavesTheOldFile) {
+    const fs::path path = Put("old");
+    EXPECT_FALSE(ReplaceFile(path, FileKind::Text, [](std::ostream& out) {
+        out << "half of the";
+        out.setstate(std::ios::badbit);
+    }));
+    EXPECT_EQ(Get(path), "old");
+    EXPECT_EQ(List(), "file ");
+}
+
+TEST_F(EdidFiles, AFolderInTheWayIsLeftAsItIs) {
+    fs::create_directories(folder / "taken" / "inner");
+    EXPECT_FALSE(ExportBin(folder / "taken", edid));
+    EXPECT_TRUE(fs::is_directory(folder / "taken" / "inner"));
+    EXPECT_EQ(List(), "taken ");
+}
+
+TEST_F(EdidFiles, AFolderThatIsNotThereIsNotMade) {
+    EXPECT_FALSE(ExportBin(folder / "none" / "file", edid));
+    EXPECT_EQ(List(), "");
+}
+
+TEST_F(EdidFiles, TheNewFileTakesNoNameOfAnother) {
+    Put("mine", "file.new");
+    ASSERT_TRUE(ExportBin(folder / "file", edid));
+    EXPECT_EQ(Get(folder / "file.new"), "mine");
+    EXPECT_EQ(Get(folder / "file").size(), 128u);
+}
+
+}  // namespace
+}  // namespace VNT
