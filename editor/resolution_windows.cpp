@@ -76,7 +76,7 @@ void AnyDetailedResolutionWindow<X>::AddTop() {
 template <class X>
 void AnyDetailedResolutionWindow<X>::AddParameters() {
     auto group = this->Group(L"Parameters").Aligned();
-    group.Row(L" ").Label(L"Horizontal").Label(L"").Label(L"Vertical");
+    group.Row(L" ").Label(L"Horizontal").Label(L" ").Label(L"Vertical");
     const auto pair = [&group](auto horizontal, auto vertical, AnyWindow::Callback onChange = {}) {
         group.Number(horizontal, CountPattern, L"pixels").OnChange(onChange);
         group.Number(vertical, CountPattern, L"lines").OnChange(onChange);
