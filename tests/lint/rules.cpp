@@ -29,7 +29,8 @@ const std::vector<Room>& Rooms() {
         {"ui/", {}},
         {"editor/", {"model/", "store/", "ui/"}},
         {"cli/", {"model/", "store/"}},
-        {"samples/", {"model/", "store/"}},
+        {"samples/drivers/", {"store/"}},  // stand-ins speak what the store's doors to drivers speak
+        {"samples/", {}},                  // bytes by hand, so that no fault of the model hides in them
     };
     return rooms;
 }

@@ -69,7 +69,9 @@ TEST(LintRules, ArrowsPointDown) {
     EXPECT_TRUE(Breaks(FindUpwardIncludes, "store/a.h", "#include \"ui/window.h\""));
     EXPECT_TRUE(Breaks(FindUpwardIncludes, "ui/a.h", "#include \"model/core/bytes.h\""));
     EXPECT_TRUE(Breaks(FindUpwardIncludes, "cli/a.h", "#include \"editor/any_window.h\""));
+    EXPECT_TRUE(Breaks(FindUpwardIncludes, "samples/displays.cpp", "#include \"model/core/bytes.h\""));
     EXPECT_TRUE(Breaks(FindUpwardIncludes, "model/edid/a.h", "#include \"edid.h\""));
+    EXPECT_FALSE(Breaks(FindUpwardIncludes, "samples/drivers/a.cpp", "#include \"store/amd_api.h\""));
     EXPECT_FALSE(Breaks(FindUpwardIncludes, "model/edid/a.h", "#include \"model/displayid/section.h\""));
     EXPECT_FALSE(Breaks(FindUpwardIncludes, "model/timing/a.h", "#include \"model/core/bytes.h\""));
     EXPECT_FALSE(Breaks(FindUpwardIncludes, "editor/a.h", "#include \"ui/window.h\""));
