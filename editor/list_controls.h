@@ -148,8 +148,8 @@ public:
     // Exchanges the selected item with a neighbour.
     void MoveItem(int step) {
         const int selected = controls_.ListBox.GetSelection();
-        const bool moved = list_.Swap(selected, selected + step);
-        Refresh(moved ? selected + step : selected);
+        list_.Swap(selected, selected + step);
+        Refresh(selected + step);
         update_();
     }
 

@@ -11,13 +11,6 @@ namespace {
 
 void ShowError(const wchar_t* text) { UI::ShowMessage(nullptr, text, L"Error"); }
 
-int Edit(VNT::DisplayList& displays) {
-    MainWindow window(displays);
-    const int result = window.Run();
-    if (result == UI::IdOk) displays = window.GetDisplays();
-    return result;
-}
-
 }  // namespace
 
 // The program's start, in the types that stand for the platform's here, where none of its headers is.
@@ -28,5 +21,5 @@ extern "C" int __stdcall wWinMain(void*, void*, wchar_t*, int) {
         session.emplace();
         return 0;
     };
-    return VNT::RunEntry(platform, {startDrawing, Edit, ShowError});
+    return VNT::RunEntry(platform, {startDrawing, EditDisplays, ShowError});
 }

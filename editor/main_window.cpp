@@ -147,3 +147,10 @@ void MainWindow::Export() {
     const FileFormat format = isKnown ? formats[file->TypeIndex - 1] : FileFormat::Bin;
     if (!VNT::Export(file->Path, Edid(fields), format)) throw L"Failed to export file.";
 }
+
+int EditDisplays(DisplayList& displays) {
+    MainWindow window(displays);
+    const int result = window.Run();
+    if (result == UI::IdOk) displays = window.GetDisplays();
+    return result;
+}

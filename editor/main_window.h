@@ -41,3 +41,7 @@ private:
     UI::Controls::ComboBox* choice = nullptr;
     std::vector<std::function<void()>> clearSelections;
 };
+
+// Runs the main window on the displays; its modal result. The displays are those as edited if that is OK, else as they
+// were.
+int EditDisplays(VNT::DisplayList& displays);

@@ -1,0 +1,121 @@
+// Where a form's controls stand.
+#include <gtest/gtest.h>
+
+#include "tests/editor/sample_form.h"
+#include "ui/headless/driver.h"
+
+namespace {
+
+using namespace VNT;
+using namespace UI;
+using namespace UI::Controls;
+using UI::Headless::Driver;
+
+class FormLayout : public testing::TestWithParam<int> {
+protected:
+    void SetUp() override { driver.GetSystem().Dpi = GetParam(); }
+    // Opens the form, does the steps, and cancels it.
+    template <class Form, class Item>
+    void Open(Item item, const std::function<void()>& steps) {
+        Form form(nullptr);
+        metrics = &form.GetStyle().Metrics;
+        driver.Then([&] {
+            steps();
+            driver.Press(Key::Escape);
+        });
+        form.Run(item);
+    }
+    Button& Get(const wchar_t* text) { return driver.Find<Button>(text); }
+
+    Driver driver;
+    const LayoutMetrics* metrics = nullptr;
+};
+
+TEST_P(FormLayout, ANarrowFormIsAsWideAsItsTwoButtons) {
+    Open<Sample::EntryWindow>(Sample::Entry(), [&] {
+        const auto& group = driver.Find<GroupBox>(L"Number");
+        EXPECT_EQ(group.GetX(), metrics->WindowPadding.Left);
+        EXPECT_EQ(group.GetWidth(), metrics->FormWidth);
+        EXPECT_EQ(metrics->FormWidth, 2 * metrics->OkButtonWidth + metrics->Spacing);
+    });
+}
+
+TEST_P(FormLayout, AFormWithAListIsThreeTimesAsWide) {
+    Open<Sample::ItemForm>(Sample::Item(), [&] {
+        EXPECT_EQ(driver.Find<GroupBox>(L"Numbers").GetWidth(), 3 * metrics->FormWidth + 2 * metrics->Spacing);
+    });
+}
+
+TEST_P(FormLayout, OkAndCancelStandBelowTheLastGroupAtItsRightEdge) {
+    Open<Sample::EntryWindow>(Sample::Entry(), [&] {
+        const auto& group = driver.Find<GroupBox>(L"Number");
+        const Button& ok = Get(L"OK");
+        const Button& cancel = Get(L"Cancel");
+        EXPECT_EQ(cancel.GetRight(), group.GetRight());
+        EXPECT_EQ(ok.GetX(), group.GetRight() - 2 * metrics->OkButtonWidth - metrics->Spacing);
+        for (const Button* button : {&ok, &cancel}) {
+            EXPECT_EQ(button->GetY(), group.GetBottom() + metrics->Spacing);
+            EXPECT_EQ(button->GetWidth(), metrics->OkButtonWidth);
+            EXPECT_EQ(button->GetHeight(), metrics->OkButtonHeight);
+        }
+        EXPECT_EQ(driver.GetWindow().GetClientWidth(), cancel.GetRight() + metrics->WindowPadding.Right);
+        EXPECT_EQ(driver.GetWindow().GetClientHeight(), cancel.GetBottom() + metrics->WindowPadding.Bottom);
+    });
+}
+
+TEST_P(FormLayout, AListStandsAboveItsButtons) {
+    Open<Sample::ItemForm>(Sample::Item(), [&] {
+        const auto& list = driver.Find<ListBox>(L"Entries (3 slots left)");
+        const int top = list.GetBottom() + metrics->Spacing;
+        int left = list.GetX();
+        for (const wchar_t* text : {L"Add...", L"Edit...", L"Delete", L"Delete all"}) {
+            const Button& button = Get(text);
+            EXPECT_EQ(button.GetX(), left);
+            EXPECT_EQ(button.GetY(), top);
+            EXPECT_EQ(button.GetWidth(), button.Measure(text).Width);
+            EXPECT_EQ(button.GetHeight(), metrics->ControlHeight);
+            left = button.GetRight() + button.GetStyle().Gap;
+        }
+        const Button& up = Get(L"\u25B2");
+        const Button& down = Get(L"\u25BC");
+        EXPECT_EQ(down.GetRight(), list.GetRight());
+        EXPECT_EQ(up.GetRight(), down.GetX() - up.GetStyle().Gap);
+        for (const Button* button : {&up, &down}) {
+            EXPECT_EQ(button->GetY(), top);
+            EXPECT_EQ(button->GetWidth(), metrics->ControlHeight);
+            EXPECT_EQ(button->GetHeight(), metrics->ControlHeight);
+        }
+    });
+}
+
+TEST_P(FormLayout, GroupsStandOneBelowTheOther) {
+    Open<Sample::ItemForm>(Sample::Item(), [&] {
+        int bottom = 0;
+        for (const wchar_t* caption : {L"Numbers", L"Rates", L"Name (2 bytes left)", L"Kind", L"Radio", L"Flags"}) {
+            const auto& group = driver.Find<GroupBox>(caption);
+            EXPECT_EQ(group.GetX(), metrics->WindowPadding.Left);
+            EXPECT_GT(group.GetY(), bottom);
+            bottom = group.GetBottom();
+        }
+    });
+}
+
+TEST_P(FormLayout, AFormStandsInTheMiddleOfItsParentAndNeverAboveTheScreen) {
+    Window parent(nullptr, L"ParentWindow", L"Parent");
+    parent.SetClientSize(900, 900);
+    for (const int y : {100, -2000}) {
+        parent.SetPosition(-300, y);
+        Sample::EntryWindow form(&parent);
+        driver.Then([&] {
+            EXPECT_EQ(form.GetX(), -300 + (parent.GetWidth() - form.GetWidth()) / 2);
+            EXPECT_EQ(form.GetY(), std::max(0, y + (parent.GetHeight() - form.GetHeight()) / 2));
+            driver.Press(Key::Escape);
+        });
+        Sample::Entry entry;
+        form.Run(entry);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(AtEachScale, FormLayout, testing::Values(96, 120, 144, 192));
+
+}  // namespace

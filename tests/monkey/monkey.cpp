@@ -1,0 +1,244 @@
+#include "tests/monkey/monkey.h"
+
+#include <fstream>
+
+#include "model/edid/file_formats.h"
+#include "samples/displays.h"
+#include "store/entry.h"
+#include "store/load.h"
+
+namespace fs = std::filesystem;
+
+namespace Testing {
+
+using namespace VNT;
+using namespace UI;
+using namespace UI::Controls;
+
+namespace {
+
+constexpr std::size_t MostNotes = 24;
+constexpr int FileCount = 8;
+
+std::wstring FromAscii(const std::string& text) { return {text.begin(), text.end()}; }
+
+fs::path GetFile(const fs::path& folder, int index) { return folder / ("file" + std::to_string(index)); }
+
+void WriteFile(const fs::path& path, const Bytes& bytes) {
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.Vector().data()), static_cast<std::streamsize>(bytes.Size()));
+}
+
+// All that changes the store.
+int CountWrites(const MemoryPlatform& platform) {
+    return platform.Count("SetValue") + platform.Count("CreateKey") + platform.Count("DeleteKey") +
+           platform.Count("DeleteValue");
+}
+
+// Ends a form; the main window must not end too often.
+bool EndsForm(const Control& control) { return control.GetText() == L"OK" || control.GetText() == L"Cancel"; }
+
+}  // namespace
+
+Monkey::Monkey(Dice& dice, int displays, fs::path folder) : dice(dice), folder(std::move(folder)) {
+    for (const Samples::Display& sample : Samples::MakeDisplays()) {
+        if (static_cast<int>(platform.devices.size()) == displays) break;
+        MemoryDevice& device = platform.devices.emplace_back();
+        device.instanceId = UpperAscii(FromAscii(sample.instanceId));
+        device.present = true;
+        device.description = FromAscii(sample.description);
+        device.hardwareKey->values.Put(L"EDID", Bytes(sample.edid));
+    }
+}
+
+void Monkey::PutFiles() {
+    fs::create_directories(folder);
+    Edid edid;
+    edid.Read(Bytes(Samples::MakeDisplays()[2].edid));
+    const Bytes files[] = {WriteBin(edid), WriteDat(edid), WriteTxt(edid), {}, Bytes(127, 0), WriteBin(Edid())};
+    for (int i = 0; i < FileCount; ++i) {
+        const fs::path path = GetFile(folder, i);
+        fs::remove(path);
+        if (i < static_cast<int>(std::size(files))) WriteFile(path, files[i]);
+    }
+}
+
+void Monkey::Work() {
+    PutFiles();
+    while (dice.HasMore()) RunProgram();
+    fs::remove_all(folder);
+}
+
+void Monkey::RunProgram() {
+    ++sessions;
+    constexpr int scales[] = {96, 120, 144, 192};
+    driver.GetSystem().Dpi = scales[dice.Roll(4)];
+    writes = CountWrites(platform);
+    int result = 0;
+    DisplayList edited;
+    const auto edit = [&](DisplayList& displays) {
+        result = Edit(displays);
+        edited = displays;
+        return result;
+    };
+    const auto fail = [this](const wchar_t* text) { Report(std::wstring(L"the program fails: ") + text); };
+    if (RunEntry(platform, {[] { return 0; }, edit, fail}) != 0) Report(L"the program does not end well");
+    CheckSaved(result, edited);
+    if (platform.OpenHandles() != 0) Report(L"a key stays open");
+}
+
+int Monkey::Edit(DisplayList& displays) {
+    MainWindow window(displays);
+    view = std::make_unique<MainWindowView>(window);
+    driver.Then([this] { Step(); });
+    const int result = window.Run();
+    view.reset();
+    front = nullptr;
+    UI::Headless::GetDesktop().Script.clear();
+    if (result == IdOk) displays = window.GetDisplays();
+    return result;
+}
+
+void Monkey::CheckSaved(int result, const DisplayList& edited) {
+    if (result != IdOk && CountWrites(platform) != writes) Report(L"a cancelled session wrote to the store");
+    if (result != IdOk) return;
+    DisplayList loaded;
+    LoadDisplays(platform, loaded, false);
+    if (loaded.size() != edited.size()) Report(L"the store has other displays than were saved");
+    for (std::size_t i = 0; i < loaded.size(); ++i) {
+        // Blocks of zeros are left out of an override: what it shows is what counts.
+        Edid before;
+        Edid after;
+        before.Read(edited[i].CurrentData);
+        after.Read(loaded[i].CurrentData);
+        if (!(before == after)) Report(L"\"" + loaded[i].InstanceId + L"\" comes back otherwise than it was saved");
+    }
+}
+
+void Monkey::Step() {
+    driver.Then([this] { Step(); });
+    const Window& window = driver.GetWindow();
+    if (front != &window && view) ++opened[window.GetName()];
+    front = &window;
+    if (dice.HasMore()) {
+        Act();
+    } else {
+        driver.ClickCloseBox();
+    }
+    Check();
+}
+
+bool Monkey::IsLeaving() const { return UI::Headless::GetDesktop().Quit.has_value(); }
+
+void Monkey::Act() {
+    AnswerDialogs();
+    if (IsOneIn(5)) return PressAnyKey();
+    const std::vector<Control*>& controls = driver.GetWindow().GetControls();
+    if (controls.empty()) return;
+    // A few tries for something that can be used, so that most actions do something.
+    Control* control = nullptr;
+    for (int tries = 0; tries < 6; ++tries) {
+        control = controls[static_cast<std::size_t>(dice.Roll(static_cast<int>(controls.size())))];
+        const bool isStill = control->GetKind() == ControlKind::Static || !control->IsVisible();
+        if (!isStill && control->IsEnabled()) break;
+    }
+    const bool isMain = driver.GetWindow().GetParent() == nullptr;
+    if (EndsForm(*control) && !IsOneIn(isMain ? 8 : 2)) return;
+    ActOn(*control);
+}
+
+void Monkey::ActOn(Control& control) {
+    if (auto* box = dynamic_cast<TextBox*>(&control)) return ActOnText(*box);
+    if (auto* list = dynamic_cast<ListBox*>(&control)) return ActOnList(*list);
+    auto* combo = dynamic_cast<ComboBox*>(&control);
+    if (combo && combo->GetCount() > 0 && combo->IsVisible() && !IsOneIn(4)) {
+        Note(L"choose", combo->GetText());
+        return driver.Choose(*combo, dice.Roll(combo->GetCount()));
+    }
+    if (IsOneIn(16)) {
+        Note(L"double click", control.GetText());
+        driver.DoubleClick(control);
+    } else {
+        Note(L"click", control.GetText());
+        driver.Click(control);
+    }
+}
+
+void Monkey::ActOnText(TextBox& box) {
+    const std::wstring text = MakeText();
+    Note(L"type", text);
+    driver.Click(box);
+    if (IsOneIn(3)) {
+        driver.Type(text.substr(0, 1));
+    } else {
+        driver.Enter(box, text);
+    }
+}
+
+void Monkey::ActOnList(ListBox& list) {
+    const int row = dice.Roll(list.GetCount() + 2);
+    Note(L"list row", std::to_wstring(row));
+    if (IsOneIn(4)) {
+        driver.DoubleClick(list, row);
+    } else {
+        driver.Click(list, row);
+    }
+}
+
+void Monkey::PressAnyKey() {
+    constexpr Key keys[] = {Key::Tab,  Key::Tab, Key::Tab, Key::Space,  Key::Up,     Key::Down,     Key::Left, Key::Right,
+                            Key::Home, Key::End, Key::F4,  Key::Return, Key::Escape, Key::PageDown, Key::Back, Key::Delete};
+    const Key key = keys[dice.Roll(static_cast<int>(std::size(keys)))];
+    const bool isMain = driver.GetWindow().GetParent() == nullptr;
+    if (isMain && (key == Key::Return || key == Key::Escape) && !IsOneIn(8)) return;
+    Note(L"press", std::to_wstring(static_cast<int>(key)));
+    driver.Press(key, IsOneIn(4) ? UI::Headless::Modifier::Shift : UI::Headless::Modifier::None);
+}
+
+std::wstring Monkey::MakeText() {
+    static const wchar_t* const texts[] = {L"",      L"0",          L"1",          L"60",     L"007",  L"-1",
+                                           L"59.94", L"1920",       L"1080",       L"640",    L"480",  L"255",
+                                           L"x",     L"1.2.3.4",    L"00 FF 1",    L" 42 ",   L".5",   L"4294967295",
+                                           L"\u00E9", L"2147483648", L"-2147483647", L"{text}", L"ABC", L"99999999999999999999"};
+    constexpr int count = static_cast<int>(std::size(texts));
+    const int choice = dice.Roll(2 * count);
+    if (choice < count) return texts[choice];
+    std::wstring digits;
+    for (int length = choice % 4 + 1; length > 0; --length) digits += static_cast<wchar_t>(L'0' + dice.Roll(10));
+    return digits;
+}
+
+// A file dialog finds an answer: a file, Cancel, or a failure of the system. A double click may ask twice.
+void Monkey::AnswerDialogs() {
+    while (UI::Headless::GetDesktop().FileAnswers.size() < 2) {
+        const int choice = dice.Roll(2 * FileCount);
+        if (choice < FileCount) {
+            driver.AnswerFileDialog({ChosenFile{GetFile(folder, choice), dice.Roll(4)}, nullptr});
+        } else {
+            driver.AnswerFileDialog({{}, choice == FileCount ? L"CoInitializeEx failed." : nullptr});
+        }
+    }
+}
+
+void Monkey::Check() {
+    if (!view) return;
+    Expect(view->FindDifference());
+    if (IsLeaving()) return;
+    Window& window = driver.GetWindow();
+    if (auto* form = dynamic_cast<AnyWindow*>(&window)) Expect(FindRestless(*form));
+    Expect(FindUnseen(window));
+}
+
+void Monkey::Note(const wchar_t* what, const std::wstring& where) {
+    dice.Pass();
+    notes.push_back(driver.GetWindow().GetName() + L": " + what + L" \"" + where + L"\"");
+    if (notes.size() > MostNotes) notes.pop_front();
+}
+
+void Monkey::Report(const std::wstring& what) const {
+    std::string text = String(what).ToUtf8() + "\nafter\n";
+    for (const std::wstring& note : notes) text += "    " + String(note).ToUtf8() + "\n";
+    throw Finding(text);
+}
+
+}  // namespace Testing

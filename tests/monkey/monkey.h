@@ -1,0 +1,85 @@
+// A user who does anything at all: random keys, clicks and texts on whatever window is in front.
+#pragma once
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "store/memory/memory_platform.h"
+#include "tests/monkey/shown.h"
+#include "ui/headless/driver.h"
+
+namespace Testing {
+
+// Where the monkey's decisions come from.
+class Dice {
+public:
+    virtual ~Dice() = default;
+    // 0 to `sides` - 1.
+    virtual int Roll(int sides) = 0;
+    // The monkey tells each action; it goes home when there are none left.
+    virtual void Pass() = 0;
+    virtual bool HasMore() const = 0;
+};
+
+// Something is wrong; the text tells the last actions too.
+class Finding : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// Runs the whole program over a machine in memory, again and again until the dice end, and looks at what is shown after
+// each action. It knows the main window; every form behind it is driven by the kinds of its controls alone, so a form
+// that comes later is driven too.
+class Monkey {
+public:
+    // `displays` of the samples; imported and exported files stand in `folder`.
+    Monkey(Dice& dice, int displays, std::filesystem::path folder);
+
+    // Throws what it finds.
+    void Work();
+
+    // How often each window was opened, by the name of its class.
+    const std::map<std::wstring, int>& GetOpened() const { return opened; }
+    int CountSessions() const { return sessions; }
+
+private:
+    void PutFiles();
+    void RunProgram();
+    int Edit(VNT::DisplayList& displays);
+    void CheckSaved(int result, const VNT::DisplayList& edited);
+    // One step of the script: an action, and the next step behind it.
+    void Step();
+    void Act();
+    void ActOn(UI::Control& control);
+    void ActOnText(UI::Controls::TextBox& box);
+    void ActOnList(UI::Controls::ListBox& list);
+    void PressAnyKey();
+    void AnswerDialogs();
+    void Check();
+    void Note(const wchar_t* what, const std::wstring& where = {});
+    [[noreturn]] void Report(const std::wstring& what) const;
+    void Expect(const std::wstring& difference) const {
+        if (!difference.empty()) Report(difference);
+    }
+    bool IsOneIn(int sides) { return dice.Roll(sides) == 0; }
+    bool IsLeaving() const;
+    std::wstring MakeText();
+
+    Dice& dice;
+    std::filesystem::path folder;
+    UI::Headless::Driver driver;
+    VNT::MemoryPlatform platform;
+    std::unique_ptr<MainWindowView> view;  // of the main window while it runs
+    std::deque<std::wstring> notes;        // the last actions
+    const UI::Window* front = nullptr;
+    std::map<std::wstring, int> opened;
+    int sessions = 0;
+    int writes = 0;
+};
+
+}  // namespace Testing
