@@ -119,8 +119,9 @@ const bool formsAdded = [] {
     AddForm<DisplayId1DetailedResolutionWindow, DisplayId1DetailedResolution>("Update/DisplayID 1 resolution");
     AddForm<DisplayId2DetailedResolutionWindow, DisplayId2DetailedResolution>("Update/DisplayID 2 resolution");
     for (const auto& mode : DetailedResolutionTimingEnum::Texts) {
-        benchmark::RegisterBenchmark((std::string("Key/") + mode.text).c_str(),
-                                     [text = std::string(mode.text)](benchmark::State& state) { TypeDigit(state, text); });
+        benchmark::RegisterBenchmark(
+            (std::string("Key/") + mode.text).c_str(),
+            [text = std::string(mode.text)](benchmark::State& state) { TypeDigit(state, text); });
     }
     return true;
 }();

@@ -93,7 +93,9 @@ struct EditorTest : testing::Test {
         controls,
         list,
         Sample::EntryCaptions,
-        [] { return SlotListLimits{5, 1}; },
+        [] {
+            return SlotListLimits{5, 1};
+        },
         [this](Window*, Sample::Entry& entry, int) { return Edit(entry); },
         [this] { ++updates; }};
 };

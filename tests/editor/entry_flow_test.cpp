@@ -25,8 +25,8 @@ protected:
     // Runs the program; its exit code.
     int Run(const std::function<void()>& steps) {
         driver.Then(steps);
-        return RunEntry(platform, {[] { return 0; }, EditDisplays,
-                                   [this](const wchar_t* text) { errors.emplace_back(text); }});
+        return RunEntry(platform,
+                        {[] { return 0; }, EditDisplays, [this](const wchar_t* text) { errors.emplace_back(text); }});
     }
     void Toggle(const wchar_t* text) { driver.Click(driver.Find<CheckBox>(text)); }
     void Show(int row) { driver.Choose(driver.Find<ComboBox>(L"Display:"), row); }
@@ -115,8 +115,8 @@ TEST_F(EntryFlow, AStoreThatRefusesIsReportedAndEndsWithOne) {
 
 TEST_F(EntryFlow, AWindowThatCantBeMadeIsReportedAndSavesNothing) {
     const MainWindow other(DisplayList{Testing::MakeDisplay(L"X", MakeEdid("XXX", ""))});
-    EXPECT_EQ(RunEntry(platform, {[] { return 0; }, EditDisplays,
-                                  [this](const wchar_t* text) { errors.emplace_back(text); }}),
+    EXPECT_EQ(RunEntry(platform,
+                       {[] { return 0; }, EditDisplays, [this](const wchar_t* text) { errors.emplace_back(text); }}),
               1);
     ASSERT_EQ(errors.size(), 1u);
     EXPECT_EQ(errors[0], L"RegisterClassExW failed.");

@@ -23,8 +23,8 @@ constexpr int TxtIndex = 3;
 class MainWindowFiles : public MainWindowForm {
 protected:
     void SetUp() override {
-        folder = fs::path(testing::TempDir()) / ("vantelle_main_window_" +
-                                                 std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+        folder = fs::path(testing::TempDir()) /
+                 ("vantelle_main_window_" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
         fs::remove_all(folder);
         fs::create_directories(folder);
     }
@@ -253,7 +253,8 @@ TEST_F(MainWindowFiles, ATextIsImportedBehindUpToThreeTitleLines) {
         for (const char* lineEnd : {"\n", "\r\n"}) {
             std::string text = hex;
             if (*lineEnd == '\r') {
-                for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos; at += 2) text.insert(at, "\r");
+                for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos; at += 2)
+                    text.insert(at, "\r");
             }
             std::string titles;
             for (int lines = 0; lines < 4; ++lines, titles += std::string("A title") + lineEnd)
@@ -282,8 +283,8 @@ TEST_F(MainWindowFiles, TheTypeThatWasChosenSaysWhatIsExported) {
     const std::string dat = GetText(displays[0].CurrentData, FileFormat::Dat);
     const std::string txt = GetText(displays[0].CurrentData, FileFormat::Txt);
     Look([&] {
-        for (const auto& [index, expected] : {std::pair{BinIndex, bin}, std::pair{DatIndex, dat}, std::pair{TxtIndex, txt},
-                                              std::pair{0, bin}, std::pair{4, bin}}) {
+        for (const auto& [index, expected] : {std::pair{BinIndex, bin}, std::pair{DatIndex, dat},
+                                              std::pair{TxtIndex, txt}, std::pair{0, bin}, std::pair{4, bin}}) {
             for (const char* name : {"file.bin", "file.dat", "file.txt", "file"}) {
                 ExportFile(folder / name, index);
                 EXPECT_EQ(Get(folder / name), expected) << index << " " << name;

@@ -39,7 +39,7 @@ const std::vector<Room>& Rooms() {
 const std::vector<Room>& Backends() {
     static const std::vector<Room> backends = {
         {"ui/win32/", {}},
-        {"ui/headless/", {"fuzz/"}},
+        {"ui/headless/", {"fuzz/", "bench/"}},
         {"store/windows/", {}},
         {"store/memory/", {"fuzz/", "bench/"}},
         {"store/directory/", {"cli/"}},

@@ -118,7 +118,7 @@ void Monkey::CheckSaved(int result, const DisplayList& edited) {
 void Monkey::Step() {
     driver.Then([this] { Step(); });
     const Window& window = driver.GetWindow();
-    if (front != &window && view) ++opened[window.GetName()];
+    if (front != &window) ++seen[window.GetName()];
     front = &window;
     if (dice.HasMore()) {
         Act();
@@ -135,12 +135,15 @@ void Monkey::Act() {
     if (IsOneIn(5)) return PressAnyKey();
     const std::vector<Control*>& controls = driver.GetWindow().GetControls();
     if (controls.empty()) return;
-    // A few tries for something that can be used, so that most actions do something.
+    // A few tries for something that can be used, so that most actions do something; often for a button, for behind
+    // those are the other forms.
+    const bool wantsButton = IsOneIn(4);
     Control* control = nullptr;
-    for (int tries = 0; tries < 6; ++tries) {
+    for (int tries = 0; tries < 8; ++tries) {
         control = controls[static_cast<std::size_t>(dice.Roll(static_cast<int>(controls.size())))];
         const bool isStill = control->GetKind() == ControlKind::Static || !control->IsVisible();
-        if (!isStill && control->IsEnabled()) break;
+        if (isStill || !control->IsEnabled()) continue;
+        if (!wantsButton || dynamic_cast<Button*>(control)) break;
     }
     const bool isMain = driver.GetWindow().GetParent() == nullptr;
     if (EndsForm(*control) && !IsOneIn(isMain ? 8 : 2)) return;
@@ -186,8 +189,9 @@ void Monkey::ActOnList(ListBox& list) {
 }
 
 void Monkey::PressAnyKey() {
-    constexpr Key keys[] = {Key::Tab,  Key::Tab, Key::Tab, Key::Space,  Key::Up,     Key::Down,     Key::Left, Key::Right,
-                            Key::Home, Key::End, Key::F4,  Key::Return, Key::Escape, Key::PageDown, Key::Back, Key::Delete};
+    constexpr Key keys[] = {Key::Tab,    Key::Tab,      Key::Tab,  Key::Space, Key::Up, Key::Down,
+                            Key::Left,   Key::Right,    Key::Home, Key::End,   Key::F4, Key::Return,
+                            Key::Escape, Key::PageDown, Key::Back, Key::Delete};
     const Key key = keys[dice.Roll(static_cast<int>(std::size(keys)))];
     const bool isMain = driver.GetWindow().GetParent() == nullptr;
     if (isMain && (key == Key::Return || key == Key::Escape) && !IsOneIn(8)) return;
@@ -196,10 +200,11 @@ void Monkey::PressAnyKey() {
 }
 
 std::wstring Monkey::MakeText() {
-    static const wchar_t* const texts[] = {L"",      L"0",          L"1",          L"60",     L"007",  L"-1",
-                                           L"59.94", L"1920",       L"1080",       L"640",    L"480",  L"255",
-                                           L"x",     L"1.2.3.4",    L"00 FF 1",    L" 42 ",   L".5",   L"4294967295",
-                                           L"\u00E9", L"2147483648", L"-2147483647", L"{text}", L"ABC", L"99999999999999999999"};
+    static const wchar_t* const texts[] = {
+        L"",       L"0",          L"1",           L"60",     L"007", L"-1",
+        L"59.94",  L"1920",       L"1080",        L"640",    L"480", L"255",
+        L"x",      L"1.2.3.4",    L"00 FF 1",     L" 42 ",   L".5",  L"4294967295",
+        L"\u00E9", L"2147483648", L"-2147483647", L"{text}", L"ABC", L"99999999999999999999"};
     constexpr int count = static_cast<int>(std::size(texts));
     const int choice = dice.Roll(2 * count);
     if (choice < count) return texts[choice];
@@ -231,13 +236,14 @@ void Monkey::Check() {
 
 void Monkey::Note(const wchar_t* what, const std::wstring& where) {
     dice.Pass();
-    notes.push_back(driver.GetWindow().GetName() + L": " + what + L" \"" + where + L"\"");
+    notes.push_back({front->GetName(), what, where});
     if (notes.size() > MostNotes) notes.pop_front();
 }
 
 void Monkey::Report(const std::wstring& what) const {
     std::string text = String(what).ToUtf8() + "\nafter\n";
-    for (const std::wstring& note : notes) text += "    " + String(note).ToUtf8() + "\n";
+    for (const Action& note : notes)
+        text += "    " + String(note.window + L": " + note.what + L" \"" + note.where + L"\"\n").ToUtf8();
     throw Finding(text);
 }
 

@@ -43,11 +43,17 @@ public:
     // Throws what it finds.
     void Work();
 
-    // How often each window was opened, by the name of its class.
-    const std::map<std::wstring, int>& GetOpened() const { return opened; }
+    // How often each window came to the front, by the name of its class.
+    const std::map<std::wstring, int>& GetSeen() const { return seen; }
     int CountSessions() const { return sessions; }
 
 private:
+    struct Action {
+        std::wstring window;
+        const wchar_t* what;
+        std::wstring where;
+    };
+
     void PutFiles();
     void RunProgram();
     int Edit(VNT::DisplayList& displays);
@@ -75,9 +81,9 @@ private:
     UI::Headless::Driver driver;
     VNT::MemoryPlatform platform;
     std::unique_ptr<MainWindowView> view;  // of the main window while it runs
-    std::deque<std::wstring> notes;        // the last actions
+    std::deque<Action> notes;              // the last actions
     const UI::Window* front = nullptr;
-    std::map<std::wstring, int> opened;
+    std::map<std::wstring, int> seen;
     int sessions = 0;
     int writes = 0;
 };

@@ -1,5 +1,8 @@
 #include "tests/monkey/shown.h"
 
+#include <functional>
+#include <string_view>
+
 #include "model/edid/edid.h"
 #include "store/display_row.h"
 #include "ui/headless/desktop.h"
@@ -17,41 +20,69 @@ const T* As(const Control* control) {
     return dynamic_cast<const T*>(control);
 }
 
-// All that the user sees of a control.
-std::wstring Describe(const Control& control) {
-    std::wstring text = control.GetText() + L"\n";
-    for (const bool state : {control.IsEnabled(), control.IsVisible(), control.IsTabStop()}) text += state ? L'1' : L'0';
-    if (const auto* box = As<AnyCheckControl>(&control)) text += box->IsChecked() ? L'1' : L'0';
-    if (const auto* box = As<TextBox>(&control)) text += box->HasValidStyle() ? L'1' : L'0';
-    if (const auto* box = As<GroupBox>(&control)) text += box->HasValidStyle() ? L'1' : L'0';
-    if (const auto* list = As<AnyItemList>(&control)) {
-        text += std::to_wstring(list->GetSelection());
-        for (int i = 0; i < list->GetCount(); ++i) text += L"\n" + list->GetItemText(i);
+// A number that stands for all that the user sees of a control.
+class Digest {
+public:
+    explicit Digest(const Control& control) {
+        Add(control.GetText());
+        for (const int part : {control.GetX(), control.GetY(), control.GetWidth(), control.GetHeight()}) Add(part);
+        for (const bool state : {control.IsEnabled(), control.IsVisible(), control.IsTabStop()}) Add(state);
+        AddOwn(control);
     }
-    for (const int length : {control.GetX(), control.GetY(), control.GetWidth(), control.GetHeight()})
-        text += L" " + std::to_wstring(length);
-    return text;
-}
+    std::size_t Get() const { return sum; }
 
-std::vector<std::wstring> DescribeAll(const Window& window) {
-    std::vector<std::wstring> all;
-    for (const Control* control : window.GetControls()) all.push_back(Describe(*control));
+private:
+    void Add(int number) { sum = sum * 31 + static_cast<std::size_t>(number); }
+    void Add(std::wstring_view text) { sum = sum * 31 + std::hash<std::wstring_view>()(text); }
+    void AddOwn(const Control& control) {
+        switch (control.GetKind()) {
+            case ControlKind::Edit:
+                return Add(static_cast<const TextBox&>(control).HasValidStyle());
+            case ControlKind::ListBox:
+            case ControlKind::ComboBox:
+                return AddItems(static_cast<const AnyItemList&>(control));
+            case ControlKind::Button:
+                if (const auto* box = As<AnyCheckControl>(&control)) Add(box->IsChecked());
+                return;
+            case ControlKind::Static:
+                if (const auto* box = As<GroupBox>(&control)) Add(box->HasValidStyle());
+        }
+    }
+    void AddItems(const AnyItemList& list) {
+        Add(list.GetSelection());
+        for (int i = 0; i < list.GetCount(); ++i) Add(list.GetItemText(i));
+    }
+
+    std::size_t sum = 0;
+};
+
+std::vector<std::size_t> DigestAll(const Window& window) {
+    std::vector<std::size_t> all;
+    all.reserve(window.GetControls().size());
+    for (const Control* control : window.GetControls()) all.push_back(Digest(*control).Get());
     return all;
 }
 
 std::wstring Differ(const std::wstring& what, const std::wstring& shown, const std::wstring& read) {
-    return shown == read ? std::wstring() : what + L" shows \"" + shown + L"\", not \"" + read + L"\"";
+    return what + L" shows \"" + shown + L"\", not \"" + read + L"\"";
 }
 
-std::wstring ToUsable(std::initializer_list<bool> usable) {
-    std::wstring text;
-    for (const bool each : usable) text += each ? L'1' : L'0';
-    return text;
+std::wstring FindRowDifference(const AnyItemList& list, const std::vector<std::wstring>& rows) {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const std::wstring& shown = list.GetItemText(static_cast<int>(i));
+        if (shown != rows[i]) return Differ(L"row " + std::to_wstring(i), shown, rows[i]);
+    }
+    return list.GetCount() == static_cast<int>(rows.size()) ? std::wstring() : L"a list has rows too many";
 }
 
 // Whether the control's own text is what the user reads on it, whole.
 bool IsReadWhole(const Control& control) {
     return As<Button>(&control) || As<Label>(&control) || As<AnyCheckControl>(&control) || As<GroupBox>(&control);
+}
+
+bool IsInside(const Control& control, const Window& window) {
+    return control.GetX() >= 0 && control.GetY() >= 0 && control.GetRight() <= window.GetClientWidth() &&
+           control.GetBottom() <= window.GetClientHeight();
 }
 
 }  // namespace
@@ -62,100 +93,101 @@ MainWindowView::MainWindowView(const MainWindow& window) : window(window) {
         if (const auto* box = As<GroupBox>(control)) caption = box;
         if (!choice) choice = As<ComboBox>(control);
         if (const auto* box = As<CheckBox>(control)) established.push_back(box);
-        if (const auto* list = As<ListBox>(control)) lists.push_back({caption, list, {}});
+        if (const auto* list = As<ListBox>(control)) {
+            lists.emplace_back();
+            lists.back().caption = caption;
+            lists.back().list = list;
+        }
         const auto* button = As<Button>(control);
         if (button && !lists.empty() && lists.back().buttons.size() < 6) lists.back().buttons.push_back(button);
     }
+    for (const Display& display : window.GetDisplays()) displayRows.push_back(GetDisplayRow(display).ToWide());
 }
 
 template <class List>
-std::wstring MainWindowView::FindListDifference(const ListView& view, const List& list, const SlotListLimits& limits,
-                                                const ListCaptions& captions) const {
-    const std::wstring caption = Forms::GetListCaption(list, limits, captions).ToWide();
-    std::wstring rows;
+void MainWindowView::ReadList(ListView& view, const List& list, const SlotListLimits& limits,
+                              const ListCaptions& captions) {
+    view.count = list.GetCount();
+    view.hasRoom = view.count < limits.slots;
+    view.captionText = Forms::GetListCaption(list, limits, captions).ToWide();
+    view.rows.clear();
     for (const auto& item : list) {
         String text;
         item.GetText(text);
-        rows += text.ToWide() + L"\n";
+        view.rows.push_back(text.ToWide());
     }
-    if (list.IsEmpty()) rows = String(captions.emptyRow).ToWide() + L"\n";
-    std::wstring shown;
-    for (int i = 0; i < view.list->GetCount(); ++i) shown += view.list->GetItemText(i) + L"\n";
-    const int count = list.GetCount();
-    const int selected = view.list->GetSelection();
-    const bool isItem = selected >= 0 && selected < count;
-    const std::wstring usable = ToUsable({count < limits.slots, isItem, isItem, count > 0, isItem && selected > 0,
-                                          isItem && selected < count - 1});
-    std::wstring used;
-    for (const Button* button : view.buttons) used += ToUsable({button->IsEnabled()});
-    std::wstring found = Differ(L"a caption", view.caption->GetText(), caption);
-    if (found.empty()) found = Differ(L"the list \"" + caption + L"\"", shown, rows);
-    if (found.empty()) found = Differ(L"the buttons of the list \"" + caption + L"\"", used, usable);
-    return found;
+    if (list.IsEmpty()) view.rows.push_back(String(captions.emptyRow).ToWide());
 }
 
-std::wstring MainWindowView::FindDisplayDifference() {
-    const DisplayList& displays = window.GetDisplays();
-    const auto chosen = static_cast<std::size_t>(choice->GetSelection());
-    const bool isFirst = displayRows.empty();
-    displayRows.resize(displays.size());
-    std::wstring shown;
-    std::wstring read;
-    for (std::size_t i = 0; i < displays.size(); ++i) {
-        if (isFirst || i == chosen) displayRows[i] = GetDisplayRow(displays[i]).ToWide();
-        read += displayRows[i] + L"\n";
+void MainWindowView::Read(std::size_t chosen) {
+    const Display& display = window.GetDisplays()[chosen];
+    if (chosen == lastChosen && display.CurrentData == lastBytes) return;
+    lastChosen = chosen;
+    lastBytes = display.CurrentData;
+    displayRows[chosen] = GetDisplayRow(display).ToWide();
+    Edid edid;
+    edid.Read(lastBytes);
+    lastEstablished = edid.established;
+    const EdidLimits limits = edid.GetAllLimits();
+    ReadList(lists[0], edid.descriptors, limits.descriptors, DescriptorCaptions);
+    ReadList(lists[1], edid.standardResolutions, limits.standardResolutions, StandardResolutionCaptions);
+    ReadList(lists[2], edid.extensionBlocks, limits.extensionBlocks, ExtensionBlockCaptions);
+}
+
+std::wstring MainWindowView::FindDifference(const ListView& view) {
+    if (view.caption->GetText() != view.captionText)
+        return Differ(L"a caption", view.caption->GetText(), view.captionText);
+    if (const std::wstring found = FindRowDifference(*view.list, view.rows); !found.empty()) return found;
+    const int selected = view.list->GetSelection();
+    const bool isItem = selected >= 0 && selected < view.count;
+    const bool usable[] = {
+        view.hasRoom, isItem, isItem, view.count > 0, isItem && selected > 0, isItem && selected < view.count - 1};
+    for (std::size_t i = 0; i < view.buttons.size(); ++i) {
+        if (view.buttons[i]->IsEnabled() != usable[i])
+            return L"\"" + view.buttons[i]->GetText() + L"\" of \"" + view.captionText +
+                   L"\" is wrongly enabled or not";
     }
-    for (int i = 0; i < choice->GetCount(); ++i) shown += choice->GetItemText(i) + L"\n";
-    return Differ(L"the displays' list", shown, read);
+    return {};
 }
 
 std::wstring MainWindowView::FindDifference() {
-    const DisplayList& displays = window.GetDisplays();
     const auto chosen = static_cast<std::size_t>(choice->GetSelection());
-    if (chosen >= displays.size()) return L"no display is chosen";
-    Edid edid;
-    edid.Read(displays[chosen].CurrentData);
-    const EdidLimits limits = edid.GetAllLimits();
-    std::wstring found = FindDisplayDifference();
+    if (chosen >= window.GetDisplays().size()) return L"no display is chosen";
+    Read(chosen);
+    if (const std::wstring found = FindRowDifference(*choice, displayRows); !found.empty()) return found;
     for (std::size_t i = 0; i < established.size(); ++i) {
         const auto flag = static_cast<EdidEstablishedResolutionFlagEnum::Enum>(i);
-        if (established[i]->IsChecked() != edid.established.Test(flag) && found.empty())
-            found = L"the established resolution \"" + established[i]->GetText() + L"\" is not that of the bytes";
+        if (established[i]->IsChecked() != lastEstablished.Test(flag))
+            return L"\"" + established[i]->GetText() + L"\" is not that of the bytes";
     }
-    if (found.empty())
-        found = FindListDifference(lists[0], edid.descriptors, limits.descriptors, DescriptorCaptions);
-    if (found.empty()) {
-        found = FindListDifference(lists[1], edid.standardResolutions, limits.standardResolutions,
-                                   StandardResolutionCaptions);
+    for (const ListView& view : lists) {
+        if (const std::wstring found = FindDifference(view); !found.empty()) return found;
     }
-    if (found.empty())
-        found = FindListDifference(lists[2], edid.extensionBlocks, limits.extensionBlocks, ExtensionBlockCaptions);
-    return found;
+    return {};
 }
 
 std::wstring FindRestless(AnyWindow& window) {
-    const std::vector<std::wstring> before = DescribeAll(window);
+    const std::vector<std::size_t> before = DigestAll(window);
     window.Update();
-    const std::vector<std::wstring> after = DescribeAll(window);
+    const std::vector<Control*>& controls = window.GetControls();
     for (std::size_t i = 0; i < before.size(); ++i) {
-        if (before[i] != after[i]) return L"a refresh turns \"" + before[i] + L"\" into \"" + after[i] + L"\"";
+        if (before[i] != Digest(*controls[i]).Get())
+            return L"a refresh changes control " + std::to_wstring(i) + L", now \"" + controls[i]->GetText() + L"\"";
     }
     return {};
 }
 
 std::wstring FindUnseen(const Window& window) {
+    const auto say = [](const Control& control, const wchar_t* what) {
+        return L"\"" + control.GetText() + L"\"" + what;
+    };
     for (const Control* control : window.GetControls()) {
         if (!control->IsVisible()) continue;
-        const std::wstring name = L"\"" + control->GetText() + L"\"";
-        const bool isInside = control->GetX() >= 0 && control->GetY() >= 0 &&
-                              control->GetRight() <= window.GetClientWidth() &&
-                              control->GetBottom() <= window.GetClientHeight();
-        if (!isInside) return name + L" stands outside its window";
+        if (!IsInside(*control, window)) return say(*control, L" stands outside its window");
         if (!IsReadWhole(*control)) continue;
-        if (control->Measure(control->GetText()).Width > control->GetWidth()) return name + L" is cut off";
+        if (control->Measure(control->GetText()).Width > control->GetWidth()) return say(*control, L" is cut off");
         const auto& drawn = control->GetHandle()->Drawn;
-        if (!drawn) return name + L" was never drawn";
-        if (drawn->Caption != control->GetText()) return name + L" is drawn as \"" + drawn->Caption + L"\"";
+        if (!drawn || drawn->Caption != control->GetText()) return say(*control, L" is drawn otherwise");
     }
     return {};
 }

@@ -1,4 +1,5 @@
-// What windows show, against what they stand for.
+// What windows show, against what they stand for. Nothing is built where nothing is wrong: the monkey looks after each
+// of very many actions.
 #pragma once
 
 #include <string>
@@ -13,7 +14,7 @@ class MainWindowView {
 public:
     explicit MainWindowView(const MainWindow& window);
 
-    // What differs first, or nothing. Rows of displays that are not chosen are compared with those of the last time.
+    // What differs first, or nothing.
     std::wstring FindDifference();
 
 private:
@@ -21,17 +22,27 @@ private:
         const UI::Controls::GroupBox* caption = nullptr;
         const UI::Controls::ListBox* list = nullptr;
         std::vector<const UI::Controls::Button*> buttons;  // Add, Edit, Delete, Delete all, up, down
+        // What the bytes say.
+        std::wstring captionText;
+        std::vector<std::wstring> rows;
+        int count = 0;
+        bool hasRoom = false;
     };
     template <class List>
-    std::wstring FindListDifference(const ListView& view, const List& list, const VNT::SlotListLimits& limits,
-                                    const VNT::ListCaptions& captions) const;
-    std::wstring FindDisplayDifference();
+    static void ReadList(ListView& view, const List& list, const VNT::SlotListLimits& limits,
+                         const VNT::ListCaptions& captions);
+    static std::wstring FindDifference(const ListView& view);
+    // Reads the bytes of the chosen display, unless they are those that were read last.
+    void Read(std::size_t chosen);
 
     const MainWindow& window;
     const UI::Controls::ComboBox* choice = nullptr;
     std::vector<const UI::Controls::CheckBox*> established;
     std::vector<ListView> lists;
     std::vector<std::wstring> displayRows;
+    std::size_t lastChosen = std::string::npos;  // none yet
+    VNT::Bytes lastBytes;
+    decltype(VNT::EdidFields::established) lastEstablished;
 };
 
 // What a refresh changes on a window that has just been refreshed, or nothing.
