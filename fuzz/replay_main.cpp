@@ -16,7 +16,10 @@ namespace {
 
 using Input = std::vector<std::uint8_t>;
 
-constexpr int MutationsPerInput = 64;
+#ifndef REPLAY_MUTATIONS  // less of a program that takes its time
+#define REPLAY_MUTATIONS 64
+#endif
+constexpr int MutationsPerInput = REPLAY_MUTATIONS;
 
 Input ReadInput(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);

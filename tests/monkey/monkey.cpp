@@ -230,8 +230,11 @@ void Monkey::Check() {
     Expect(view->FindDifference());
     if (IsLeaving()) return;
     Window& window = driver.GetWindow();
-    if (auto* form = dynamic_cast<AnyWindow*>(&window)) Expect(FindRestless(*form));
-    Expect(FindUnseen(window));
+    auto* form = dynamic_cast<AnyWindow*>(&window);
+    constexpr int often = 4;
+    if (form && ++checks % often == 0) Expect(FindRestless(*form));
+    Expect(FindUndrawn(window));
+    if (layouts.insert(GetLayoutDigest(window)).second) Expect(FindMisplaced(window));
 }
 
 void Monkey::Note(const wchar_t* what, const std::wstring& where) {

@@ -8,6 +8,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <unordered_set>
 
 #include "store/memory/memory_platform.h"
 #include "tests/monkey/shown.h"
@@ -84,6 +85,8 @@ private:
     std::deque<Action> notes;              // the last actions
     const UI::Window* front = nullptr;
     std::map<std::wstring, int> seen;
+    std::unordered_set<std::size_t> layouts;  // that were looked at
+    int checks = 0;
     int sessions = 0;
     int writes = 0;
 };

@@ -20,20 +20,24 @@ const T* As(const Control* control) {
     return dynamic_cast<const T*>(control);
 }
 
-// A number that stands for all that the user sees of a control.
+// A number that stands for all that the user sees of a control, or for part of it.
 class Digest {
 public:
+    Digest() = default;
     explicit Digest(const Control& control) {
         Add(control.GetText());
-        for (const int part : {control.GetX(), control.GetY(), control.GetWidth(), control.GetHeight()}) Add(part);
+        AddPlace(control);
         for (const bool state : {control.IsEnabled(), control.IsVisible(), control.IsTabStop()}) Add(state);
         AddOwn(control);
+    }
+    void Add(int number) { sum = sum * 31 + static_cast<std::size_t>(number); }
+    void Add(std::wstring_view text) { sum = sum * 31 + std::hash<std::wstring_view>()(text); }
+    void AddPlace(const Control& control) {
+        for (const int part : {control.GetX(), control.GetY(), control.GetWidth(), control.GetHeight()}) Add(part);
     }
     std::size_t Get() const { return sum; }
 
 private:
-    void Add(int number) { sum = sum * 31 + static_cast<std::size_t>(number); }
-    void Add(std::wstring_view text) { sum = sum * 31 + std::hash<std::wstring_view>()(text); }
     void AddOwn(const Control& control) {
         switch (control.GetKind()) {
             case ControlKind::Edit:
@@ -77,8 +81,18 @@ std::wstring FindRowDifference(const AnyItemList& list, const std::vector<std::w
 
 // Whether the control's own text is what the user reads on it, whole.
 bool IsReadWhole(const Control& control) {
-    return As<Button>(&control) || As<Label>(&control) || As<AnyCheckControl>(&control) || As<GroupBox>(&control);
+    const ControlKind kind = control.GetKind();
+    return kind == ControlKind::Button || (kind == ControlKind::Static && !control.GetText().empty());
 }
+
+// Of a group box, in which others stand.
+bool IsFrame(const Control& control) { return control.GetKind() == ControlKind::Static && !As<Label>(&control); }
+
+bool Overlap(const Control& a, const Control& b) {
+    return a.GetX() < b.GetRight() && b.GetX() < a.GetRight() && a.GetY() < b.GetBottom() && b.GetY() < a.GetBottom();
+}
+
+std::wstring Quote(const Control& control) { return L"\"" + control.GetText() + L"\""; }
 
 bool IsInside(const Control& control, const Window& window) {
     return control.GetX() >= 0 && control.GetY() >= 0 && control.GetRight() <= window.GetClientWidth() &&
@@ -177,17 +191,43 @@ std::wstring FindRestless(AnyWindow& window) {
     return {};
 }
 
-std::wstring FindUnseen(const Window& window) {
-    const auto say = [](const Control& control, const wchar_t* what) {
-        return L"\"" + control.GetText() + L"\"" + what;
-    };
+std::wstring FindUndrawn(const Window& window) {
+    for (const Control* control : window.GetControls()) {
+        if (!control->IsVisible() || !IsReadWhole(*control)) continue;
+        const auto& drawn = control->GetHandle()->Drawn;
+        if (!drawn || drawn->Caption != control->GetText()) return Quote(*control) + L" is drawn otherwise";
+    }
+    return {};
+}
+
+std::size_t GetLayoutDigest(const Window& window) {
+    Digest digest;
+    for (const Control* control : window.GetControls()) {
+        digest.AddPlace(*control);
+        digest.Add(control->IsVisible());
+        // What has been seen whole in this place once need not be measured again.
+        if (IsReadWhole(*control)) digest.Add(control->GetText());
+    }
+    return digest.Get();
+}
+
+std::wstring FindMisplaced(const Window& window) {
+    std::vector<const Control*> seen;
+    const Control* last = nullptr;
     for (const Control* control : window.GetControls()) {
         if (!control->IsVisible()) continue;
-        if (!IsInside(*control, window)) return say(*control, L" stands outside its window");
-        if (!IsReadWhole(*control)) continue;
-        if (control->Measure(control->GetText()).Width > control->GetWidth()) return say(*control, L" is cut off");
-        const auto& drawn = control->GetHandle()->Drawn;
-        if (!drawn || drawn->Caption != control->GetText()) return say(*control, L" is drawn otherwise");
+        if (!IsInside(*control, window)) return Quote(*control) + L" stands outside its window";
+        if (IsReadWhole(*control) && control->Measure(control->GetText()).Width > control->GetWidth())
+            return Quote(*control) + L" is cut off";
+        if (IsFrame(*control)) continue;
+        for (const Control* other : seen) {
+            if (Overlap(*control, *other)) return Quote(*control) + L" covers " + Quote(*other);
+        }
+        seen.push_back(control);
+        if (!control->IsTabStop()) continue;
+        if (last && control->GetBottom() <= last->GetY() && control->GetX() <= last->GetX())
+            return L"Tab goes up from " + Quote(*last) + L" to " + Quote(*control);
+        last = control;
     }
     return {};
 }

@@ -48,7 +48,13 @@ private:
 // What a refresh changes on a window that has just been refreshed, or nothing.
 std::wstring FindRestless(AnyWindow& window);
 
-// A visible control that is cut off, or drawn otherwise than it is, or nothing.
-std::wstring FindUnseen(const UI::Window& window);
+// A visible control whose text is drawn otherwise than it is, or nothing.
+std::wstring FindUndrawn(const UI::Window& window);
+
+// A number that stands for where everything on the window is, and is seen.
+std::size_t GetLayoutDigest(const UI::Window& window);
+// A visible control that stands outside the window, is cut off or covers another, or that Tab comes to from below. It
+// takes longer than the others: once for each layout is enough.
+std::wstring FindMisplaced(const UI::Window& window);
 
 }  // namespace Testing
