@@ -110,6 +110,8 @@ MessageResult Control::CallPrevious(int message, WParam wParam, LParam lParam) {
     return Native::CallPrevious(previous, handle, message, wParam, lParam);
 }
 
+void Control::TakeFocusByKeyboard() { SetFocus(); }
+
 Size Control::Measure(std::wstring_view sample) const { return MeasureText(font, sample); }
 
 void Control::ApplyStyle(const StyleTable& table) { ApplyLook(table.NormalFont); }

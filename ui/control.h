@@ -68,6 +68,8 @@ public:
     // What the control's standard class does with the message.
     virtual MessageResult CallPrevious(int message, WParam wParam, LParam lParam);
 
+    // As when Tab comes here: a text is selected, so that typing replaces it.
+    virtual void TakeFocusByKeyboard();
     // The size that shows `text` whole, in this control's font and with its paddings.
     virtual Size Measure(std::wstring_view text) const;
     // Takes this control's part of the table.

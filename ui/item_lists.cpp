@@ -80,6 +80,11 @@ ComboBox::ComboBox(Window& window) : AnyItemList(window, ControlKind::ComboBox, 
     ComboBox::ApplyStyle(window.GetStyle());
 }
 
+bool ComboBox::DispatchNotification(int code) {
+    if (code == Closed) Redraw();
+    return AnyItemList::DispatchNotification(code);
+}
+
 bool ComboBox::SetSize(int width, int height) {
     if (!Native::ResizeComboBox(*this, width, height)) return false;
     StoreSize(width, height);

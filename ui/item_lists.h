@@ -67,8 +67,12 @@ class ComboBox : public AnyItemList {
 public:
     static constexpr unsigned CreationStyle = 0x210013;
 
+    static constexpr int Closed = 8;  // notification: the list is no longer dropped down
+
     explicit ComboBox(Window& window);
 
+    // The system draws only the inside of a box that closed.
+    bool DispatchNotification(int code) override;
     // Height of the closed box; the list that drops down takes what its items need.
     bool SetSize(int width, int height) override;
     bool IsDroppedDown() const;

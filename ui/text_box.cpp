@@ -38,6 +38,11 @@ bool TextBox::DispatchNotification(int code) {
     return AnyHotControl::DispatchNotification(code);
 }
 
+void TextBox::TakeFocusByKeyboard() {
+    AnyHotControl::TakeFocusByKeyboard();
+    Select(0, -1);
+}
+
 bool TextBox::IsMultiLine() const {
     constexpr unsigned multiLine = 4;
     return HasFlag(GetStyleFlags(), multiLine);

@@ -22,6 +22,8 @@ public:
     // Takes over what was typed before the handler of `Changed` runs.
     bool DispatchNotification(int code) override;
 
+    void TakeFocusByKeyboard() override;
+
     bool IsMultiLine() const;
     // Most characters that can be typed; 0 for no limit.
     void SetLimit(int characters);

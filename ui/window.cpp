@@ -89,6 +89,7 @@ int Window::Run() {
                 Native::SetEnabled(window.parent->handle, false);
             }
             Native::SetVisible(window.handle, true);
+            window.FocusFirst();
         }
         ~Shown() {
             if (window.parent) {
@@ -102,6 +103,13 @@ int Window::Run() {
     };
     const Shown shown(*this);
     return Native::RunLoop(handle);
+}
+
+void Window::FocusFirst() {
+    const auto first = std::find_if(controls.begin(), controls.end(), [](const Control* control) {
+        return control->IsTabStop() && control->IsEnabled() && control->IsVisible();
+    });
+    if (first != controls.end()) (*first)->TakeFocusByKeyboard();
 }
 
 bool Window::SetClientSize(int newWidth, int newHeight) {

@@ -30,8 +30,9 @@ public:
     Window& operator=(const Window&) = delete;
     virtual ~Window();
 
-    // Shows the window with its parent disabled until `EndRun` ends this innermost loop, then hides it. The result is
-    // the one that was given to `EndRun`, or -1 when the loop failed.
+    // Shows the window, with the focus on the first control where Tab stops and with its parent disabled, until
+    // `EndRun` ends this innermost loop, then hides it. The result is the one that was given to `EndRun`, or -1 when
+    // the loop failed.
     int Run();
     // Size of the client area in pixels; the frame comes on top.
     bool SetClientSize(int width, int height);
@@ -104,6 +105,7 @@ private:
     void AddStandardHandlers();
     MessageResult HandleCommand(WParam wParam, LParam lParam);
     void StorePlace();
+    void FocusFirst();
 
     Window* parent;
     int x = 0;

@@ -169,7 +169,6 @@ TEST_F(DriverActions, FindControlsByTheirTextOrTheirLabel) {
 
 TEST_F(DriverActions, TypeIntoWhatHasTheFocus) {
     Do([&] {
-        driver.Press(Key::Tab);
         EXPECT_EQ(driver.GetFocused(), &form.Width);
         driver.Type(L"19 20\t10");
         EXPECT_EQ(form.Width.GetText(), L"19 20");

@@ -37,7 +37,17 @@ void DoubleClick(UI::Controls::ListBox& list, int row) { GetDriver().DoubleClick
 void Choose(UI::Controls::ComboBox& box, int row) { GetDriver().Choose(box, row); }
 void Hover(UI::Control& control) { GetDriver().Hover(control); }
 void MovePointerAway() { GetDriver().MovePointerAway(); }
+void Hold(UI::Control& control) { UI::Native::Send(control.GetHandle(), UI::Message::LeftButtonDown, 0, 0); }
+void Release(UI::Control& control) { UI::Native::Send(control.GetHandle(), UI::Message::LeftButtonUp, 0, 0); }
 void ClickCloseBox(UI::Window&) { GetDriver().ClickCloseBox(); }
+
+bool Shows(const UI::Control& control, UI::Color color) {
+    const auto& look = GetDriver().GetLook(control);
+    const bool hasMark = look.Checked && look.Frame.Text == color;
+    return hasMark || color == look.Frame.Border || color == look.Frame.Background || color == look.Text ||
+           color == look.Background;
+}
+
 void Break(UI::Handle handle) { UI::Headless::Break(*handle); }
 
 }  // namespace Conformance

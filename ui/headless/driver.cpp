@@ -146,9 +146,7 @@ void Driver::PressTab() {
     auto next = std::find(stops.begin(), stops.end(), desktop.Focus);
     next = next == stops.end() || next + 1 == stops.end() ? stops.begin() : next + 1;
     if (next == stops.end()) return;
-    // Text that Tab comes to is selected, so that typing replaces it.
-    if ((*next)->Kind == ControlKind::Edit) Native::Select(*next, 0, -1);
-    Native::SetFocus(*next);
+    (*next)->Control->TakeFocusByKeyboard();
 }
 
 bool Driver::ReachesPointer(Control& control) {

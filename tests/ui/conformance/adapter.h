@@ -30,7 +30,13 @@ void DoubleClick(UI::Controls::ListBox& list, int row);
 void Choose(UI::Controls::ComboBox& box, int row);
 void Hover(UI::Control& control);
 void MovePointerAway();
+// The two halves of a click.
+void Hold(UI::Control& control);
+void Release(UI::Control& control);
 void ClickCloseBox(UI::Window& window);
+
+// Whether the control, as it was drawn last, has that colour anywhere.
+bool Shows(const UI::Control& control, UI::Color color);
 
 // Destroys a window behind the back of the object that owns it.
 void Break(UI::Handle handle);

@@ -28,10 +28,12 @@ struct Form : TestWindow {
         All.Box.AddNotificationHandler(TextBox::FocusLost, [this] { Log += "left "; });
     }
 
-    // Does the steps with the form open, and answers with what happened meanwhile.
+    // Does the steps with the form open and the focus on none of its controls, and answers with what happened
+    // meanwhile.
     std::string Do(const std::function<void()>& actions) {
-        Log.clear();
         RunWith(*this, {[&] {
+            SetFocus();
+            Log.clear();
             actions();
             EndRun(IdOk);
         }});
@@ -57,6 +59,19 @@ TEST(Keyboard, TabGoesThroughTheControlsInTheOrderOfTheirMaking) {
             PressShiftTab();
             EXPECT_TRUE(expected->HasFocus());
         }
+    });
+}
+
+TEST(Keyboard, TabSelectsTheTextItComesTo) {
+    Form form;
+    AllControls& all = form.All;
+    all.Box.SetText(L"2560");
+    form.Do([&] {
+        all.Ok.SetFocus();
+        Press(Key::Tab);
+        ASSERT_TRUE(all.Box.HasFocus());
+        Type(L"7");
+        EXPECT_EQ(all.Box.GetText(), L"7");
     });
 }
 

@@ -141,12 +141,33 @@ TEST(Windows, DisableTheirParentAndGiveItTheFocusBack) {
             }});
 }
 
-TEST(Windows, HaveTheFocusThemselvesWhenTheyOpen) {
+TEST(Windows, OpenWithTheFocusWhereTheFirstTabWouldPutIt) {
     TestWindow window;
     AllControls all(window);
+    all.Box.SetText(L"2560");
+    RunWith(window, {[&] {
+                EXPECT_TRUE(all.Box.HasFocus());
+                Type(L"7");
+                EndRun(IdOk);
+            }});
+    EXPECT_EQ(all.Box.GetText(), L"7") << "the text was selected";
+    // Each run begins anew, past what takes no input now.
+    all.Box.SetEnabled(false);
+    all.Lines.SetVisible(false);
+    all.Check.SetTabStop(false);
+    all.Radio.SetTabStop(true);
+    RunWith(window, {[&] {
+                EXPECT_TRUE(all.Radio.HasFocus());
+                EndRun(IdOk);
+            }});
+    EXPECT_FALSE(all.Radio.IsChecked());
+}
+
+TEST(Windows, WithNothingToTabToHaveTheFocusThemselves) {
+    TestWindow window;
+    Label label(window, L"Label");
     RunWith(window, {[&] {
                 EXPECT_TRUE(window.HasFocus());
-                for (Control* control : all.All()) EXPECT_FALSE(control->HasFocus());
                 EndRun(IdOk);
             }});
 }

@@ -28,17 +28,14 @@ public:
     }
 
 private:
-    static void CALLBACK Look(HWND, UINT, UINT_PTR, DWORD) {
-        EnumThreadWindows(
-            GetCurrentThreadId(),
-            [](HWND window, LPARAM) -> BOOL {
-                wchar_t name[16] = {};
-                GetClassNameW(window, name, static_cast<int>(std::size(name)));
-                if (!current || !IsWindowVisible(window) || std::wstring(name) != L"#32770") return TRUE;
-                if (current(window)) current = nullptr;
-                return FALSE;
-            },
-            0);
+    static void CALLBACK Look(HWND, UINT, UINT_PTR, DWORD) { EnumThreadWindows(GetCurrentThreadId(), Try, 0); }
+
+    static BOOL CALLBACK Try(HWND window, LPARAM) {
+        wchar_t name[16] = {};
+        GetClassNameW(window, name, static_cast<int>(std::size(name)));
+        if (!current || !IsWindowVisible(window) || std::wstring(name) != L"#32770") return TRUE;
+        if (current(window)) current = nullptr;
+        return FALSE;
     }
 
     static inline std::function<bool(HWND)> current;
@@ -49,22 +46,23 @@ std::wstring GetTextOf(HWND window) { return Native::GetText(Win32::ToHandle(win
 
 const FileDialog Import{L"Import", L"Import", L"bin", {{L"BIN/DAT Files", L"*.bin;*.dat"}, {L"TXT Files", L"*.txt"}}};
 
-// The first window inside `dialog` that `isWanted`.
+// Looks through a dialog for the first window inside it that `isWanted`.
+struct Search {
+    std::function<bool(HWND, const std::wstring& className)> IsWanted;
+    HWND Found = nullptr;
+
+    static BOOL CALLBACK Try(HWND window, LPARAM data) {
+        auto& search = *reinterpret_cast<Search*>(data);
+        wchar_t name[32] = {};
+        GetClassNameW(window, name, static_cast<int>(std::size(name)));
+        if (search.IsWanted(window, name)) search.Found = window;
+        return search.Found == nullptr;
+    }
+};
+
 HWND FindInside(HWND dialog, std::function<bool(HWND, const std::wstring& className)> isWanted) {
-    struct Search {
-        std::function<bool(HWND, const std::wstring&)> IsWanted;
-        HWND Found = nullptr;
-    } search{std::move(isWanted)};
-    EnumChildWindows(
-        dialog,
-        [](HWND window, LPARAM data) -> BOOL {
-            auto& search = *reinterpret_cast<Search*>(data);
-            wchar_t name[32] = {};
-            GetClassNameW(window, name, static_cast<int>(std::size(name)));
-            if (search.IsWanted(window, name)) search.Found = window;
-            return search.Found == nullptr;
-        },
-        reinterpret_cast<LPARAM>(&search));
+    Search search{std::move(isWanted)};
+    EnumChildWindows(dialog, Search::Try, reinterpret_cast<LPARAM>(&search));
     return search.Found;
 }
 

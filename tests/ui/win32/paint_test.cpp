@@ -25,6 +25,7 @@ void WithOpenWindow(const std::function<void(TestWindow&, AllControls&)>& action
     TestWindow window;
     AllControls all(window);
     RunWith(window, {[&] {
+                window.SetFocus();
                 action(window, all);
                 EndRun(IdOk);
             }});
@@ -57,8 +58,6 @@ std::set<Color> GetColors(const Control& control) {
     }
     return colors;
 }
-
-bool Uses(const Control& control, Color color) { return GetColors(control).count(color) == 1; }
 
 }  // namespace
 
@@ -149,16 +148,16 @@ TEST(Painting, ShowsThePalette) {
         const int middle = all.Ok.GetHeight() / 2;
         EXPECT_EQ(GetPixelOf(all.Ok, 0, middle), table.Button.States[ControlState::Normal].Border);
         EXPECT_EQ(GetPixelOf(all.Ok, 4, middle), table.Button.States[ControlState::Normal].Background);
-        EXPECT_TRUE(Uses(all.Ok, table.Button.States[ControlState::Normal].Text));
-        EXPECT_TRUE(Uses(all.Label, table.Label.Text));
+        EXPECT_TRUE(Shows(all.Ok, table.Button.States[ControlState::Normal].Text));
+        EXPECT_TRUE(Shows(all.Label, table.Label.Text));
         EXPECT_EQ(GetPixelOf(all.Box, 0, middle), table.TextBox.States[ControlState::Normal].Border);
         EXPECT_EQ(GetPixelOf(all.Box, 2, middle), table.TextBox.States[ControlState::Normal].Background);
         EXPECT_EQ(GetPixelOf(all.Combo, 0, middle), table.ComboBox.States[ControlState::Normal].Border);
-        EXPECT_TRUE(Uses(all.Combo, table.ComboBox.Arrow));
-        EXPECT_TRUE(Uses(all.Group, table.GroupBox.Border));
-        EXPECT_TRUE(Uses(all.Group.GetBottomEdge(), table.GroupBox.Border));
+        EXPECT_TRUE(Shows(all.Combo, table.ComboBox.Arrow));
+        EXPECT_TRUE(Shows(all.Group, table.GroupBox.Border));
+        EXPECT_TRUE(Shows(all.Group.GetBottomEdge(), table.GroupBox.Border));
         all.List.SetSelection(0);
-        EXPECT_TRUE(Uses(all.List, table.ListBox.SelectedBackground));
+        EXPECT_TRUE(Shows(all.List, table.ListBox.SelectedBackground));
     });
 }
 
@@ -170,22 +169,22 @@ TEST(Painting, ShowsDisabledControlsInTheirColours) {
         for (TextBox* box : {&all.Box, &all.Lines}) {
             box->SetText(L"HHHH");
             const StateStyle& style = table.TextBox.States[ControlState::Disabled];
-            EXPECT_TRUE(Uses(*box, style.Text));
-            EXPECT_TRUE(Uses(*box, style.Border));
+            EXPECT_TRUE(Shows(*box, style.Text));
+            EXPECT_TRUE(Shows(*box, style.Border));
             EXPECT_EQ(GetPixelOf(*box, 2, box->GetHeight() / 2), style.Background);
         }
-        EXPECT_TRUE(Uses(all.Ok, table.Button.States[ControlState::Disabled].Text));
-        EXPECT_TRUE(Uses(all.Label, table.Label.DisabledText));
-        EXPECT_TRUE(Uses(all.Check, table.Label.DisabledText));
-        EXPECT_TRUE(Uses(all.Combo, table.ComboBox.DisabledArrow));
-        EXPECT_TRUE(Uses(all.Group, table.GroupBox.DisabledBorder));
+        EXPECT_TRUE(Shows(all.Ok, table.Button.States[ControlState::Disabled].Text));
+        EXPECT_TRUE(Shows(all.Label, table.Label.DisabledText));
+        EXPECT_TRUE(Shows(all.Check, table.Label.DisabledText));
+        EXPECT_TRUE(Shows(all.Combo, table.ComboBox.DisabledArrow));
+        EXPECT_TRUE(Shows(all.Group, table.GroupBox.DisabledBorder));
     });
 }
 
 TEST(Painting, ShowsInvalidControlsInRed) {
     WithEachTheme([](TestWindow&, AllControls& all) {
         all.Box.SetText(L"HHHH");
-        EXPECT_FALSE(Uses(all.Box, Red));
+        EXPECT_FALSE(Shows(all.Box, Red));
         all.Box.SetValidStyle(false);
         all.Group.SetValidStyle(false);
         EXPECT_EQ(GetPixelOf(all.Box, 0, all.Box.GetHeight() / 2), Red);
@@ -195,7 +194,7 @@ TEST(Painting, ShowsInvalidControlsInRed) {
         for (int i = 0; i < 40 * area.bottom; ++i) text = text || GetPixel(inside, i % 40, i / 40) == Red;
         EXPECT_TRUE(text);
         for (Control* part : std::vector<Control*>{&all.Group, &all.Group.GetLeftEdge(), &all.Group.GetRightEdge()}) {
-            EXPECT_TRUE(Uses(*part, Red));
+            EXPECT_TRUE(Shows(*part, Red));
         }
     });
 }

@@ -1,6 +1,8 @@
 // What the program carries, and what it leaves behind.
 #include "ui/win32/resource.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -58,6 +60,16 @@ private:
     std::vector<void*> handles;
 };
 
+// The greatest of many new handles of the kernel. Its table gives the lowest that is free, so whatever stays behind
+// pushes the next ones up.
+std::uintptr_t ProbeKernelHandles() {
+    std::vector<HANDLE> handles(500);
+    for (HANDLE& handle : handles) handle = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    const auto greatest = reinterpret_cast<std::uintptr_t>(*std::max_element(handles.begin(), handles.end()));
+    for (HANDLE handle : handles) CloseHandle(handle);
+    return greatest;
+}
+
 void OpenAndClose() {
     TestWindow window;
     AllControls all(window);
@@ -107,7 +119,10 @@ TEST(Resources, AreAllReleasedByEachWindowWithHardlyAHandleLeft) {
                       [](void* handle) { DeleteObject(handle); }, left);
     FullTable user([]() -> void* { return CreateMenu(); },
                    [](void* handle) { DestroyMenu(static_cast<HMENU>(handle)); }, left);
+    const std::uintptr_t kernel = ProbeKernelHandles();
     for (std::size_t i = 0; i < windows && !HasFatalFailure(); ++i) OpenAndClose();
+    constexpr std::uintptr_t step = 4;  // from one handle of the kernel to the next
+    EXPECT_LT(ProbeKernelHandles(), kernel + windows * step);
     EXPECT_EQ(CountLive(), live);
     EXPECT_GT(drawing.CountLeft(), left - windows);
     EXPECT_GT(user.CountLeft(), left - windows);

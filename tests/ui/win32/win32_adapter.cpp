@@ -5,7 +5,7 @@
 
 #include "tests/ui/conformance/adapter.h"
 #include "ui/session.h"
-#include "ui/win32/platform.h"
+#include "ui/win32/dc.h"
 
 namespace Conformance {
 
@@ -17,6 +17,9 @@ class DrawingLibrary : public testing::Environment {
 public:
     void SetUp() override {
         session = std::make_unique<UI::Session>();
+        // Wine looks for a pointer that left as often as for one that hovers; for this process alone.
+        constexpr UINT milliseconds = 20;
+        SystemParametersInfoW(SPI_SETMOUSEHOVERTIME, milliseconds, nullptr, 0);
         SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);
     }
     void TearDown() override { session.reset(); }
@@ -27,8 +30,8 @@ private:
 
 const auto* const environment = testing::AddGlobalTestEnvironment(new DrawingLibrary);
 
-std::vector<HWND> loops;  // their windows, the innermost last
-UI::Controls::AnyHotControl* hovered = nullptr;
+std::vector<HWND> loops;                         // their windows, the innermost last
+UI::Controls::AnyHotControl* hovered = nullptr;  // of the innermost
 
 bool HasQuit() {
     MSG message;
@@ -146,7 +149,10 @@ void AwaitLeave() {
 int RunWith(UI::Window& window, const Steps& steps) {
     struct Level {
         explicit Level(HWND window) { loops.push_back(window); }
-        ~Level() { loops.pop_back(); }
+        ~Level() {
+            loops.pop_back();
+            hovered = nullptr;
+        }
     };
     const Level level(ToWindow(window.GetHandle()));
     const Runner runner(steps);
@@ -192,6 +198,29 @@ void Hover(UI::Control& control) {
 void MovePointerAway() {
     SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);
     AwaitLeave();
+}
+
+void Hold(UI::Control& control) {
+    HWND window = ToWindow(control.GetHandle());
+    PostMouse(window, {WM_LBUTTONDOWN}, GetCentre(window));
+}
+
+void Release(UI::Control& control) {
+    HWND window = ToWindow(control.GetHandle());
+    PostMouse(window, {WM_LBUTTONUP}, GetCentre(window));
+}
+
+bool Shows(const UI::Control& control, UI::Color color) {
+    HWND window = ToWindow(control.GetHandle());
+    UpdateWindow(window);
+    const WindowDC dc(window);
+    const UI::Rect place = UI::Native::GetWindowPlace(control.GetHandle());
+    for (int y = 0; y < place.Bottom - place.Top; ++y) {
+        for (int x = 0; x < place.Right - place.Left; ++x) {
+            if (GetPixel(dc, x, y) == color) return true;
+        }
+    }
+    return false;
 }
 
 void ClickCloseBox(UI::Window& window) { Post(ToWindow(window.GetHandle()), WM_SYSCOMMAND, SC_CLOSE); }

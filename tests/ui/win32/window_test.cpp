@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/ui/conformance/adapter.h"
-#include "ui/win32/platform.h"
+#include "ui/win32/dc.h"
 #include "ui/win32/system.h"
 
 namespace Conformance {
@@ -110,6 +110,28 @@ TEST(Exceptions, PassThroughNestedLoopsAndEnableTheParents) {
     EXPECT_TRUE(outer.IsEnabled());
 }
 
+TEST(DeviceContexts, ThatTheSystemRefusesThrowTheirTexts) {
+    HWND gone = ToWindow(TestWindow().GetHandle());
+    EXPECT_EQ(GetThrown([&] { ClientDC dc(gone); }), std::wstring(L"GetDC failed."));
+    EXPECT_EQ(GetThrown([&] { WindowDC dc(gone); }), std::wstring(L"GetWindowDC failed."));
+    EXPECT_EQ(GetThrown([&] { PaintDC dc(gone); }), std::wstring(L"BeginPaint failed."));
+}
+
+TEST(DeviceContexts, AreLeftAsTheyWereFound) {
+    struct Borrowed : DC {
+        explicit Borrowed(HDC dc) : DC(dc, Failure) {}
+        ~Borrowed() { Restore(); }
+    };
+    const CompatibleDC memory;
+    const COLORREF before = GetTextColor(memory);
+    {
+        const Borrowed dc(memory);
+        SetTextColor(dc, RGB(1, 2, 3));
+        EXPECT_NE(GetTextColor(memory), before);
+    }
+    EXPECT_EQ(GetTextColor(memory), before);
+}
+
 TEST(Frame, IsWhatTheSystemAddsToTheClientArea) {
     TestWindow window;
     const auto frame = Native::GetFrameSize({300, 200}, window.GetStyleFlags(), window.GetExtendedStyle(), 96);
@@ -153,7 +175,7 @@ TEST(Activation, GivesTheFocusBackToTheControlThatHadIt) {
             }});
     // A new run begins anew.
     RunWith(window, {[&] {
-                EXPECT_TRUE(window.HasFocus());
+                EXPECT_TRUE(all.Box.HasFocus());
                 EndRun(IdOk);
             }});
 }
