@@ -1,6 +1,7 @@
 #include "tests/monkey/monkey.h"
 
 #include <fstream>
+#include <random>
 
 #include "model/edid/file_formats.h"
 #include "samples/displays.h"
@@ -19,6 +20,7 @@ namespace {
 
 constexpr std::size_t MostNotes = 24;
 constexpr int FileCount = 8;
+constexpr int WildFile = 6;  // and the next
 
 std::wstring FromAscii(const std::string& text) { return {text.begin(), text.end()}; }
 
@@ -33,6 +35,20 @@ void WriteFile(const fs::path& path, const Bytes& bytes) {
 int CountWrites(const MemoryPlatform& platform) {
     return platform.Count("SetValue") + platform.Count("CreateKey") + platform.Count("DeleteKey") +
            platform.Count("DeleteValue");
+}
+
+// A header, and behind it anything: of one block, or with extension blocks that say what they are.
+Bytes MakeWildEdid(unsigned seed) {
+    std::mt19937 random(seed);
+    constexpr int tags[] = {0x02, 0x02, 0x70, 0x10, 0xC0};
+    const int extensions = static_cast<int>(random() % 4);
+    Bytes bytes = Bytes{0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00};
+    while (bytes.Size() < (1 + extensions) * Edid::BlockSize) {
+        const bool isTag = bytes.Size() % Edid::BlockSize == 0;
+        bytes.Append(Bytes{isTag ? tags[random() % 5] : static_cast<int>(random() % 256)});
+    }
+    bytes.At(126) = static_cast<std::uint8_t>(extensions);
+    return bytes;
 }
 
 // Ends a form; the main window must not end too often.
@@ -55,12 +71,10 @@ void Monkey::PutFiles() {
     fs::create_directories(folder);
     Edid edid;
     edid.Read(Bytes(Samples::MakeDisplays()[2].edid));
-    const Bytes files[] = {WriteBin(edid), WriteDat(edid), WriteTxt(edid), {}, Bytes(127, 0), WriteBin(Edid())};
-    for (int i = 0; i < FileCount; ++i) {
-        const fs::path path = GetFile(folder, i);
-        fs::remove(path);
-        if (i < static_cast<int>(std::size(files))) WriteFile(path, files[i]);
-    }
+    const Bytes files[] = {WriteBin(edid), WriteDat(edid), WriteTxt(edid), {}, Bytes(127, 0)};
+    int index = 0;
+    for (const Bytes& file : files) WriteFile(GetFile(folder, index++), file);
+    while (index < FileCount) fs::remove(GetFile(folder, index++));
 }
 
 void Monkey::Work() {
@@ -74,6 +88,8 @@ void Monkey::RunProgram() {
     constexpr int scales[] = {96, 120, 144, 192};
     driver.GetSystem().Dpi = scales[dice.Roll(4)];
     writes = CountWrites(platform);
+    for (const int wild : {WildFile, WildFile + 1})
+        WriteFile(GetFile(folder, wild), MakeWildEdid(static_cast<unsigned>(dice.Roll(256))));
     int result = 0;
     DisplayList edited;
     const auto edit = [&](DisplayList& displays) {
