@@ -133,9 +133,7 @@ void Monkey::CheckSaved(int result, const DisplayList& edited) {
 
 void Monkey::Step() {
     driver.Then([this] { Step(); });
-    const Window& window = driver.GetWindow();
-    if (front != &window) ++seen[window.GetName()];
-    front = &window;
+    if (front != driver.GetWindow().GetHandle()) ComeTo(driver.GetWindow());
     if (dice.HasMore()) {
         Act();
     } else {
@@ -144,22 +142,36 @@ void Monkey::Step() {
     Check();
 }
 
+void Monkey::ComeTo(const Window& window) {
+    front = window.GetHandle();
+    ++seen[window.GetName()];
+    std::map<int, std::vector<Control*>> byKind;
+    for (Control* control : window.GetControls()) {
+        // Check boxes and buttons are one kind to the system.
+        const bool isButton = dynamic_cast<UI::Controls::Button*>(control) != nullptr;
+        if (control->GetKind() != ControlKind::Static)
+            byKind[isButton ? -1 : static_cast<int>(control->GetKind())].push_back(control);
+    }
+    // A kind of many controls is not that much likelier than one of few.
+    constexpr std::size_t mostChances = 6;
+    kinds.clear();
+    for (const auto& [kind, controls] : byKind) {
+        for (std::size_t chance = 0; chance < std::min(controls.size(), mostChances); ++chance)
+            kinds.push_back(controls);
+    }
+}
+
 bool Monkey::IsLeaving() const { return UI::Headless::GetDesktop().Quit.has_value(); }
 
 void Monkey::Act() {
     AnswerDialogs();
     if (IsOneIn(5)) return PressAnyKey();
-    const std::vector<Control*>& controls = driver.GetWindow().GetControls();
-    if (controls.empty()) return;
-    // A few tries for something that can be used, so that most actions do something; often for a button, for behind
-    // those are the other forms.
-    const bool wantsButton = IsOneIn(4);
+    // A few tries for a control that can be used, so that most actions do something.
     Control* control = nullptr;
     for (int tries = 0; tries < 8; ++tries) {
-        control = controls[static_cast<std::size_t>(dice.Roll(static_cast<int>(controls.size())))];
-        const bool isStill = control->GetKind() == ControlKind::Static || !control->IsVisible();
-        if (isStill || !control->IsEnabled()) continue;
-        if (!wantsButton || dynamic_cast<Button*>(control)) break;
+        const auto& kind = kinds[static_cast<std::size_t>(dice.Roll(static_cast<int>(kinds.size())))];
+        control = kind[static_cast<std::size_t>(dice.Roll(static_cast<int>(kind.size())))];
+        if (control->IsVisible() && control->IsEnabled()) break;
     }
     const bool isMain = driver.GetWindow().GetParent() == nullptr;
     if (EndsForm(*control) && !IsOneIn(isMain ? 8 : 2)) return;
@@ -255,7 +267,7 @@ void Monkey::Check() {
 
 void Monkey::Note(const wchar_t* what, const std::wstring& where) {
     dice.Pass();
-    notes.push_back({front->GetName(), what, where});
+    notes.push_back({driver.GetWindow().GetName(), what, where});
     if (notes.size() > MostNotes) notes.pop_front();
 }
 

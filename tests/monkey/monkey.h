@@ -61,6 +61,7 @@ private:
     void CheckSaved(int result, const VNT::DisplayList& edited);
     // One step of the script: an action, and the next step behind it.
     void Step();
+    void ComeTo(const UI::Window& window);
     void Act();
     void ActOn(UI::Control& control);
     void ActOnText(UI::Controls::TextBox& box);
@@ -81,9 +82,10 @@ private:
     std::filesystem::path folder;
     UI::Headless::Driver driver;
     VNT::MemoryPlatform platform;
-    std::unique_ptr<MainWindowView> view;  // of the main window while it runs
-    std::deque<Action> notes;              // the last actions
-    const UI::Window* front = nullptr;
+    std::unique_ptr<MainWindowView> view;          // of the main window while it runs
+    std::deque<Action> notes;                      // the last actions
+    UI::Handle front = nullptr;                    // the window that was acted on last
+    std::vector<std::vector<UI::Control*>> kinds;  // its controls by kind, but for those that only show
     std::map<std::wstring, int> seen;
     std::unordered_set<std::size_t> layouts;  // that were looked at
     int checks = 0;
