@@ -7,6 +7,7 @@
 #include "samples/displays.h"
 #include "store/entry.h"
 #include "store/load.h"
+#include "tests/support/window_layout.h"
 
 namespace fs = std::filesystem;
 
@@ -262,7 +263,7 @@ void Monkey::Check() {
     constexpr int often = 4;
     if (form && ++checks % often == 0) Expect(FindRestless(*form));
     Expect(FindUndrawn(window));
-    if (layouts.insert(GetLayoutDigest(window)).second) Expect(FindMisplaced(window));
+    if (layouts.insert(GetLayoutDigest(window)).second) Expect(VNT::Testing::FindMisplaced(window));
 }
 
 void Monkey::Note(const wchar_t* what, const std::wstring& where) {

@@ -5,11 +5,13 @@
 
 #include "model/edid/edid.h"
 #include "store/display_row.h"
+#include "tests/support/window_layout.h"
 #include "ui/headless/desktop.h"
 
 namespace Testing {
 
 using namespace VNT;
+using namespace VNT::Testing;
 using namespace UI;
 using namespace UI::Controls;
 
@@ -77,26 +79,6 @@ std::wstring FindRowDifference(const AnyItemList& list, const std::vector<std::w
         if (shown != rows[i]) return Differ(L"row " + std::to_wstring(i), shown, rows[i]);
     }
     return list.GetCount() == static_cast<int>(rows.size()) ? std::wstring() : L"a list has rows too many";
-}
-
-// Whether the control's own text is what the user reads on it, whole.
-bool IsReadWhole(const Control& control) {
-    const ControlKind kind = control.GetKind();
-    return kind == ControlKind::Button || (kind == ControlKind::Static && !control.GetText().empty());
-}
-
-// Of a group box, in which others stand.
-bool IsFrame(const Control& control) { return control.GetKind() == ControlKind::Static && !As<Label>(&control); }
-
-bool Overlap(const Control& a, const Control& b) {
-    return a.GetX() < b.GetRight() && b.GetX() < a.GetRight() && a.GetY() < b.GetBottom() && b.GetY() < a.GetBottom();
-}
-
-std::wstring Quote(const Control& control) { return L"\"" + control.GetText() + L"\""; }
-
-bool IsInside(const Control& control, const Window& window) {
-    return control.GetX() >= 0 && control.GetY() >= 0 && control.GetRight() <= window.GetClientWidth() &&
-           control.GetBottom() <= window.GetClientHeight();
 }
 
 }  // namespace
@@ -193,9 +175,9 @@ std::wstring FindRestless(AnyWindow& window) {
 
 std::wstring FindUndrawn(const Window& window) {
     for (const Control* control : window.GetControls()) {
-        if (!control->IsVisible() || !IsReadWhole(*control)) continue;
+        if (!control->IsVisible() || !IsRead(*control)) continue;
         const auto& drawn = control->GetHandle()->Drawn;
-        if (!drawn || drawn->Caption != control->GetText()) return Quote(*control) + L" is drawn otherwise";
+        if (!drawn || drawn->Caption != control->GetText()) return Named(*control) + L" is drawn otherwise";
     }
     return {};
 }
@@ -206,30 +188,9 @@ std::size_t GetLayoutDigest(const Window& window) {
         digest.AddPlace(*control);
         digest.Add(control->IsVisible());
         // What has been seen whole in this place once need not be measured again.
-        if (IsReadWhole(*control)) digest.Add(control->GetText());
+        if (IsRead(*control)) digest.Add(control->GetText());
     }
     return digest.Get();
-}
-
-std::wstring FindMisplaced(const Window& window) {
-    std::vector<const Control*> seen;
-    const Control* last = nullptr;
-    for (const Control* control : window.GetControls()) {
-        if (!control->IsVisible()) continue;
-        if (!IsInside(*control, window)) return Quote(*control) + L" stands outside its window";
-        if (IsReadWhole(*control) && control->Measure(control->GetText()).Width > control->GetWidth())
-            return Quote(*control) + L" is cut off";
-        if (IsFrame(*control)) continue;
-        for (const Control* other : seen) {
-            if (Overlap(*control, *other)) return Quote(*control) + L" covers " + Quote(*other);
-        }
-        seen.push_back(control);
-        if (!control->IsTabStop()) continue;
-        if (last && control->GetBottom() <= last->GetY() && control->GetX() <= last->GetX())
-            return L"Tab goes up from " + Quote(*last) + L" to " + Quote(*control);
-        last = control;
-    }
-    return {};
 }
 
 }  // namespace Testing

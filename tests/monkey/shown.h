@@ -53,8 +53,5 @@ std::wstring FindUndrawn(const UI::Window& window);
 
 // A number that stands for where everything on the window is, and is seen.
 std::size_t GetLayoutDigest(const UI::Window& window);
-// A visible control that stands outside the window, is cut off or covers another, or that Tab comes to from below. It
-// takes longer than the others: once for each layout is enough.
-std::wstring FindMisplaced(const UI::Window& window);
 
 }  // namespace Testing

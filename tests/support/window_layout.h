@@ -1,0 +1,64 @@
+// What the user of a window would find wrong with where its controls stand.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "ui/controls.h"
+#include "ui/window.h"
+
+namespace VNT::Testing {
+
+// Whether the control's own text is what the user reads on it.
+inline bool IsRead(const UI::Control& control) {
+    const UI::ControlKind kind = control.GetKind();
+    return kind == UI::ControlKind::Button || (kind == UI::ControlKind::Static && !control.GetText().empty());
+}
+
+// A group box and its edges stand around others.
+inline bool IsFrame(const UI::Control& control) {
+    return control.GetKind() == UI::ControlKind::Static && !dynamic_cast<const UI::Controls::Label*>(&control);
+}
+
+inline bool IsInside(const UI::Control& control, const UI::Window& window) {
+    return control.GetX() >= 0 && control.GetY() >= 0 && control.GetRight() <= window.GetClientWidth() &&
+           control.GetBottom() <= window.GetClientHeight();
+}
+
+inline bool IsCutOff(const UI::Control& control) {
+    if (const auto* combo = dynamic_cast<const UI::Controls::ComboBox*>(&control))
+        return combo->Measure(combo->GetItemText(combo->GetSelection())).Width > combo->GetWidth();
+    if (!IsRead(control)) return false;
+    const UI::Size size = control.Measure(control.GetText());
+    return size.Width > control.GetWidth() || (!IsFrame(control) && size.Height > control.GetHeight());
+}
+
+inline bool Overlap(const UI::Control& a, const UI::Control& b) {
+    return a.GetX() < b.GetRight() && b.GetX() < a.GetRight() && a.GetY() < b.GetBottom() && b.GetY() < a.GetBottom();
+}
+
+inline std::wstring Named(const UI::Control& control) { return L"\"" + control.GetText() + L"\""; }
+
+// A visible control that stands outside the window, is cut off or covers another, or that Tab comes to from below; or
+// nothing.
+inline std::wstring FindMisplaced(const UI::Window& window) {
+    std::vector<const UI::Control*> seen;
+    const UI::Control* last = nullptr;
+    for (const UI::Control* control : window.GetControls()) {
+        if (!control->IsVisible()) continue;
+        if (!IsInside(*control, window)) return Named(*control) + L" stands outside its window";
+        if (IsCutOff(*control)) return Named(*control) + L" is cut off";
+        if (IsFrame(*control)) continue;
+        for (const UI::Control* other : seen) {
+            if (Overlap(*control, *other)) return Named(*control) + L" covers " + Named(*other);
+        }
+        seen.push_back(control);
+        if (!control->IsTabStop()) continue;
+        if (last && control->GetBottom() <= last->GetY() && control->GetX() <= last->GetX())
+            return L"Tab goes up from " + Named(*last) + L" to " + Named(*control);
+        last = control;
+    }
+    return {};
+}
+
+}  // namespace VNT::Testing
