@@ -12,8 +12,14 @@ function(vantelle_test name folder)
     file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)
     add_executable(${name} ${sources})
     target_link_libraries(${name} PRIVATE vantelle_options gtest gtest_main ${ARGN})
-    target_compile_definitions(${name} PRIVATE
-        VANTELLE_SOURCE_DIR="${PROJECT_SOURCE_DIR}" VANTELLE_BINARY_DIR="${CMAKE_BINARY_DIR}")
+    # Only for the sources that use them: the others compile the same wherever the tree stands, and ccache knows them.
+    foreach(source ${sources})
+        file(STRINGS ${source} uses REGEX "VANTELLE_(SOURCE|BINARY)_DIR" LIMIT_COUNT 1)
+        if(uses)
+            set_property(SOURCE ${source} APPEND PROPERTY COMPILE_DEFINITIONS
+                VANTELLE_SOURCE_DIR="${PROJECT_SOURCE_DIR}" VANTELLE_BINARY_DIR="${CMAKE_BINARY_DIR}")
+        endif()
+    endforeach()
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 600)
 endfunction()

@@ -62,6 +62,28 @@ public:
     virtual std::vector<ItemPart> GetParts() const { return {}; }
 };
 
+// The operations of the families whose items have a size of their own, which a list of them adds up.
+template <class AnyX>
+class TAnySized : public TAny<AnyX> {
+public:
+    virtual bool Read(ByteRange range) = 0;
+    virtual bool Write(ByteRange range) const = 0;
+    virtual int GetType() const = 0;
+    // The bytes that the item writes; 0 for an empty holder.
+    virtual int GetSize() const = 0;
+    virtual void GetText(String& out, const String& format) const = 0;
+    virtual void GetText(String& out) const = 0;
+    // With `size` bytes for the item: it fits / every field lies in what a sound EDID holds / in what the bytes can
+    // carry. False on an empty holder. `size` counts as 0 to the most that the family's frame can say.
+    virtual bool IsAvailable(int size) const = 0;
+    virtual bool IsValid(int size) const = 0;
+    virtual bool IsValidAll(int size) const = 0;
+    // The same, given all the room there can be.
+    bool IsValid() const { return IsValid(AnyX::MaxSize); }
+    bool IsValidAll() const { return IsValidAll(AnyX::MaxSize); }
+    virtual std::vector<ItemPart> GetParts() const { return {}; }
+};
+
 // An item of a fixed type value. X supplies `EqualFields(const X&)`; its fields are copied by its assignment.
 template <class X, class TypeEnum, TypeEnum value, class AnyX, class AnyY>
 class TCommonType : public AnyY {
@@ -118,9 +140,9 @@ protected:
     std::unique_ptr<AnyX> item_;
 };
 
-// The holder of a framed family. `Kinds` is the family's table (kinds.h): it makes the item for the bytes.
+// What the holders of all families share. `Kinds` is the family's table (kinds.h): it makes the item for the bytes.
 template <class AnyX, class Kinds>
-class TFramedContainer : public TContainer<AnyX, AnyX> {
+class TReadingContainer : public TContainer<AnyX, AnyX> {
 public:
     using TContainer<AnyX, AnyX>::TContainer;
 
@@ -141,11 +163,33 @@ public:
         out = String();
         if (this->item_ != nullptr) this->item_->GetText(out);
     }
-    bool IsValid() const override { return this->item_ != nullptr && this->item_->IsValid(); }
-    bool IsValidAll() const override { return this->item_ != nullptr && this->item_->IsValidAll(); }
     std::vector<ItemPart> GetParts() const override {
         return this->item_ != nullptr ? this->item_->GetParts() : std::vector<ItemPart>();
     }
+};
+
+// The holder of a framed family.
+template <class AnyX, class Kinds>
+class TFramedContainer : public TReadingContainer<AnyX, Kinds> {
+public:
+    using TReadingContainer<AnyX, Kinds>::TReadingContainer;
+
+    bool IsValid() const override { return this->item_ != nullptr && this->item_->IsValid(); }
+    bool IsValidAll() const override { return this->item_ != nullptr && this->item_->IsValidAll(); }
+};
+
+// The holder of a family whose items have a size of their own.
+template <class AnyX, class Kinds>
+class TSizedContainer : public TReadingContainer<AnyX, Kinds> {
+public:
+    using TReadingContainer<AnyX, Kinds>::TReadingContainer;
+    using AnyX::IsValid;
+    using AnyX::IsValidAll;
+
+    int GetSize() const override { return this->item_ != nullptr ? this->item_->GetSize() : 0; }
+    bool IsAvailable(int size) const override { return this->item_ != nullptr && this->item_->IsAvailable(size); }
+    bool IsValid(int size) const override { return this->item_ != nullptr && this->item_->IsValid(size); }
+    bool IsValidAll(int size) const override { return this->item_ != nullptr && this->item_->IsValidAll(size); }
 };
 
 }  // namespace VNT

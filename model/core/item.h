@@ -25,9 +25,9 @@ void DescribeItem(const X& item, TextFormat format, const String& shape, String&
 }
 
 // Lists the items of the lists among an item's parts.
-class PartLister : public LayoutObserver {
+class PartLister : public TLayoutObserver<PartLister> {
 public:
-    using LayoutObserver::LayoutObserver;
+    using TLayoutObserver::TLayoutObserver;
 
     template <class T>
     void Kept(const char*, const BitPlace&, const T&) {}
@@ -40,18 +40,33 @@ public:
     void Check(const char*, bool, bool) {}
     template <class Item>
     void Part(const char* name, int, const Item& part, bool, bool) {
-        if constexpr (requires { part.begin(); }) {
-            int index = 0;
-            for (const auto& item : part) {
-                ItemPart row{name, index++, {}, item.IsValid(), {}};
-                item.GetText(row.text);
-                if constexpr (requires { item.GetParts(); }) row.parts = item.GetParts();
-                parts.push_back(std::move(row));
-            }
-        }
+        if constexpr (requires { part.begin(); }) Add(name, part);
+    }
+    template <class Items, class L>
+    void List(const char* name, const Items& list, const TLimitPair<L>&) {
+        Add(name, list);
+    }
+    // An item that is there lists its own.
+    template <class Item>
+    bool Optional(const char*, const Item& item, bool isThere, bool, bool) {
+        if (!isThere) return false;
+        for (ItemPart& part : item.GetParts()) parts.push_back(std::move(part));
+        return true;
     }
 
     std::vector<ItemPart> parts;
+
+private:
+    template <class Items>
+    void Add(const char* name, const Items& list) {
+        int index = 0;
+        for (const auto& item : list) {
+            ItemPart row{name, index++, {}, item.IsValid(), {}};
+            item.GetText(row.text);
+            if constexpr (requires { item.GetParts(); }) row.parts = item.GetParts();
+            parts.push_back(std::move(row));
+        }
+    }
 };
 
 // A concrete item of a framed family with all operations made from its layout. X gives

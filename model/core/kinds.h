@@ -44,4 +44,23 @@ std::unique_ptr<AnyX> ReadKind(std::span<const TKind<AnyX>> kinds, ByteRange ran
     return other;
 }
 
+// The same for a family whose items have a size of their own, and whose bytes may name a vendor: a kind of just this
+// vendor comes first, then one that takes any. What a kind reads but couldn't write back goes to `Other` as well, so
+// that no item of a list gets lost.
+template <class Other, class AnyX>
+std::unique_ptr<AnyX> ReadSizedKind(std::span<const TKind<AnyX>> kinds, ByteRange range) {
+    const auto peek = AnyX::Peek(range);
+    if (peek.type == AnyX::NoType) return nullptr;
+    for (const int type : {peek.type, peek.plainType}) {
+        for (const TKind<AnyX>& kind : kinds) {
+            if (kind.type != type || !kind.isRead) continue;
+            std::unique_ptr<AnyX> item = kind.make();
+            if (item->Read(range) && item->IsValidAll()) return item;
+        }
+    }
+    auto other = std::make_unique<Other>();
+    if (!other->Read(range)) return nullptr;
+    return other;
+}
+
 }  // namespace VNT

@@ -31,6 +31,13 @@ void BitPlace::Write(ByteRange& range, BitOrder order, std::uint32_t raw) const 
     }
 }
 
+int BitPlace::End(int position) const {
+    if (pieces_.begin() == pieces_.end()) return position + bits_;
+    int end = 0;
+    for (const BitPiece& piece : pieces_) end = std::max(end, piece.byte * 8 + piece.bit + piece.count);
+    return end;
+}
+
 void ItemStatus::Report(const char* name, bool proper, bool all) { fields_.push_back({name, proper, all}); }
 
 const FieldStatus* ItemStatus::Find(std::string_view name) const {

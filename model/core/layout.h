@@ -41,6 +41,7 @@ public:
     std::int64_t Most() const;  // the greatest number that fits
     std::uint32_t Read(ByteRange& range, BitOrder order) const;
     void Write(ByteRange& range, BitOrder order, std::uint32_t raw) const;
+    int End(int position) const;  // the bit behind it, of the frame, for a cursor at `position`
 
 private:
     int bits_ = 0;
@@ -137,6 +138,26 @@ public:
     void Part(const char*, int count, Item& item, bool, bool) {
         item.Read(range_.Take(count));
     }
+    // A list that takes as many of the next bytes as it can read.
+    template <class Items, class L>
+    void List(const char*, Items& list, const TLimitPair<L>&) {
+        list.Read(range_.Peek(range_.RemainingBytes()));
+        range_.Take(list.GetSize());
+    }
+    // An item with a size of its own that stands here or doesn't; whether it does. `isThere` tells that of an item
+    // that is not being read.
+    template <class Item>
+    bool Optional(const char*, Item& item, bool, bool, bool) {
+        if (!item.Read(range_.Peek(range_.RemainingBytes()))) return false;
+        range_.Take(item.GetSize());
+        return true;
+    }
+    // The next `count` bytes are laid out by `map`, whatever stands behind them.
+    template <class Inner>
+    void Area(int count, const Inner& map) {
+        LayoutReader io(range_.Take(count));
+        map(io);
+    }
     void Check(const char*, bool, bool) {}
 
 private:
@@ -171,10 +192,26 @@ public:
     void Data(const char*, int count, const Bytes& value, const TLimitPair<CountLimits>&) {
         Put(range_.Take(count), value);
     }
-    void Rest(const char*, const Bytes& value, const TLimitPair<CountLimits>&) { Put(range_.TakeRest(), value); }
+    void Rest(const char*, const Bytes& value, const TLimitPair<CountLimits>&) {
+        Put(range_.Take(value.Size()), value);
+    }
     template <class Item>
     void Part(const char*, int count, const Item& item, bool, bool) {
         item.Write(range_.Take(count));
+    }
+    template <class Items, class L>
+    void List(const char*, const Items& list, const TLimitPair<L>&) {
+        list.Write(range_.Take(list.GetSize()));
+    }
+    template <class Item>
+    bool Optional(const char*, const Item& item, bool isThere, bool, bool) {
+        if (isThere) item.Write(range_.Take(item.GetSize()));
+        return isThere;
+    }
+    template <class Inner>
+    void Area(int count, const Inner& map) {
+        LayoutWriter io(range_.Take(count));
+        map(io);
     }
     void Check(const char*, bool, bool) {}
 
@@ -196,11 +233,22 @@ public:
     void ThroughData(int, const Get&, const Set&) {}
 };
 
+// The parts of an observer that treats an area as it treats the frame. X is the observer itself.
+template <class X>
+class TLayoutObserver : public LayoutObserver {
+public:
+    using LayoutObserver::LayoutObserver;
+    template <class Inner>
+    void Area(int, const Inner& map) {
+        map(static_cast<X&>(*this));
+    }
+};
+
 // Tests each field; `Sink` has `void Report(const char* name, bool proper, bool all)`.
 template <class Sink>
-class TLayoutChecker : public LayoutObserver {
+class TLayoutChecker : public TLayoutObserver<TLayoutChecker<Sink>> {
 public:
-    TLayoutChecker(int available, Sink& sink) : LayoutObserver(available), sink_(sink) {}
+    TLayoutChecker(int available, Sink& sink) : TLayoutObserver<TLayoutChecker>(available), sink_(sink) {}
 
     template <class T>
     void Kept(const char* name, const BitPlace& place, const T& value) {
@@ -226,6 +274,15 @@ public:
     template <class Item>
     void Part(const char* name, int, const Item&, bool proper, bool all) {
         sink_.Report(name, proper, all);
+    }
+    template <class Items, class L>
+    void List(const char* name, const Items& list, const TLimitPair<L>& limits) {
+        sink_.Report(name, limits.proper.Contains(list), limits.all.Contains(list));
+    }
+    template <class Item>
+    bool Optional(const char* name, const Item&, bool isThere, bool proper, bool all) {
+        if (isThere) sink_.Report(name, proper, all);
+        return isThere;
     }
     // A rule of the item's own.
     void Check(const char* name, bool proper, bool all) { sink_.Report(name, proper, all); }
@@ -275,9 +332,9 @@ struct FieldLimits {
 };
 
 // The limits of each field as they are now, for those who need the numbers themselves.
-class LimitsLister : public LayoutObserver {
+class LimitsLister : public TLayoutObserver<LimitsLister> {
 public:
-    using LayoutObserver::LayoutObserver;
+    using TLayoutObserver::TLayoutObserver;
 
     template <class T>
     void Kept(const char* name, const BitPlace& place, const T&) {
@@ -300,6 +357,12 @@ public:
     }
     template <class Item>
     void Part(const char*, int, const Item&, bool, bool) {}
+    template <class Items, class L>
+    void List(const char*, const Items&, const TLimitPair<L>&) {}
+    template <class Item>
+    bool Optional(const char*, const Item&, bool isThere, bool, bool) {
+        return isThere;
+    }
     void Check(const char*, bool, bool) {}
 
     std::vector<FieldLimits> limits;

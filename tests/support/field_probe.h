@@ -48,9 +48,9 @@ struct FieldProbe {
 };
 
 // For each field: the least and greatest value of both limits, what is one beyond, what they list beside their range.
-class ProbeLister : public LayoutObserver {
+class ProbeLister : public TLayoutObserver<ProbeLister> {
 public:
-    using LayoutObserver::LayoutObserver;
+    using TLayoutObserver::TLayoutObserver;
 
     template <class T>
     void Kept(const char* name, const BitPlace& place, const T&) {
@@ -85,6 +85,12 @@ public:
     }
     template <class Item>
     void Part(const char*, int, const Item&, bool, bool) {}
+    template <class Items, class L>
+    void List(const char*, const Items&, const TLimitPair<L>&) {}
+    template <class Item>
+    bool Optional(const char*, const Item&, bool isThere, bool, bool) {
+        return isThere;
+    }
     void Check(const char*, bool, bool) {}
 
     std::vector<FieldProbe> probes;
@@ -114,10 +120,10 @@ private:
 };
 
 // Changes or looks at one field.
-class FieldHand : public LayoutObserver {
+class FieldHand : public TLayoutObserver<FieldHand> {
 public:
     FieldHand(int available, std::string_view name, std::optional<std::int64_t> put = {})
-        : LayoutObserver(available), name_(name), put_(put) {}
+        : TLayoutObserver(available), name_(name), put_(put) {}
 
     template <class T>
     void Kept(const char* name, const BitPlace&, T& value) {
@@ -135,6 +141,12 @@ public:
     void Rest(const char* name, Bytes& value, const TLimitPair<CountLimits>&) { Touch(name, value); }
     template <class Item>
     void Part(const char*, int, Item&, bool, bool) {}
+    template <class Items, class L>
+    void List(const char*, const Items&, const TLimitPair<L>&) {}
+    template <class Item>
+    bool Optional(const char*, const Item&, bool isThere, bool, bool) {
+        return isThere;
+    }
     void Check(const char*, bool, bool) {}
 
     std::optional<std::int64_t> number;  // what the field held

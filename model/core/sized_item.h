@@ -1,0 +1,201 @@
+#pragma once
+
+#include <algorithm>
+
+#include "model/core/item.h"
+#include "model/core/layout_ruler.h"
+#include "model/core/list.h"
+
+namespace VNT {
+
+// What is fixed in the length of a kind whose items have a size of their own: how many bytes its fields take behind the
+// prefix of the frame, and the lengths that an edit may leave of them, ascending. An item from elsewhere may have any.
+struct SizedShape {
+    int fixed = 0;
+    TFew<int> steps{};
+
+    constexpr int Least() const { return steps.begin() == steps.end() ? fixed : *steps.begin(); }
+    // The `PresentLength` of an item with bytes behind all of its fields.
+    constexpr int Longer() const { return fixed + 1; }
+    // The shortest of the lengths that holds `bytes`.
+    constexpr int Holding(int bytes) const {
+        for (const int step : steps) {
+            if (step >= bytes) return step;
+        }
+        return fixed;
+    }
+    constexpr bool Allows(int presentLength) const {
+        return steps.Contains(presentLength) || presentLength == fixed || presentLength == Longer();
+    }
+};
+
+// What a family's `Peek` finds in the bytes.
+struct SizedPeek {
+    int type;
+    int plainType;  // the same without the vendor's number
+    int size = 0;   // bytes, prefix included
+};
+
+// An item that knows its size, and no more.
+template <class X, class TypeEnum, TypeEnum value, class AnyX, class AnyY>
+class TCommonTypeSize : public TCommonType<X, TypeEnum, value, AnyX, AnyY> {
+public:
+    int Size = 0;  // bytes that the item takes, prefix included
+    int GetSize() const override { return Size; }
+};
+
+// A concrete item of such a family with all operations made from its layout. X gives
+//
+//     static constexpr SizedShape Shape{2};                           // the bytes of its fields, and their steps
+//     template <class IO> static void MapFields(IO& io, auto& item);  // these bytes and lists, see layout.h
+//     static constexpr TextFormat Format{...};
+//
+// The family puts its prefix in front (`AnyX::MapPrefix<type>`). `Fields` has the member `Bytes Extra`: what stands
+// behind the fields, kept. A read and a write never change an item's length, whatever that is: what lies beyond a short
+// item's end reads as zero bits and isn't written. An edited item takes the length that its fields need.
+//
+// Particular: `Accepts(peek)`, `Normalize()`, `FillTexts(table)`, `HasContent()`, `GetExtraLimits(room)`.
+template <class X, class AnyX, class TypeEnum, TypeEnum value, class Fields>
+class TSizedItem : public TCommonTypeSize<X, TypeEnum, value, AnyX, AnyX>, public Fields {
+public:
+    using FieldsType = Fields;
+    using AnyX::IsValid;
+    using AnyX::IsValidAll;
+    static constexpr int PrefixSize = AnyX::GetPrefixSize(value);
+
+    int PresentLength = X::Shape.Least();  // bytes that the fields have behind the prefix, or Shape.Longer()
+
+    TSizedItem() { this->Size = PrefixSize + X::Shape.Least(); }
+    // An edited item. X's constructor from its fields calls this.
+    void SetFields(const Fields& fields) {
+        static_cast<Fields&>(*this) = fields;
+        Self().Normalize();
+        UpdateSize();
+    }
+
+    bool Read(ByteRange range) override {
+        const SizedPeek peek = AnyX::Peek(range);
+        if (!X::Accepts(peek) || !range.Limit(peek.size)) return false;
+        static_cast<Fields&>(*this) = Fields();
+        this->Size = peek.size;
+        LayoutReader io(range);
+        X::Map(io, Self());
+        const int present = std::clamp(this->Size - PrefixSize, 0, X::Shape.fixed);
+        PresentLength = this->Extra.IsEmpty() ? present : X::Shape.Longer();
+        Self().NormalizeRead();
+        return true;
+    }
+    bool Write(ByteRange range) const override {
+        if (!range.Limit(this->Size) || !IsValidAll()) return false;
+        LayoutWriter io(range);
+        X::Map(io, Self());
+        return true;
+    }
+    void GetText(String& out, const String& format) const override {
+        DescribeItem(Self(), Self().GetFormat(), format, out);
+    }
+    void GetText(String& out) const override { DescribeItem(Self(), Self().GetFormat(), out); }
+    bool IsAvailable(int size) const override { return Clamp(size) >= this->Size; }
+    bool IsValid(int size) const override { return ValidityOf(Self(), Clamp(size)).proper; }
+    bool IsValidAll(int size) const override { return ValidityOf(Self(), Clamp(size)).all; }
+    std::vector<ItemPart> GetParts() const override {
+        PartLister io(AnyX::MaxSize);
+        X::Map(io, Self());
+        return std::move(io.parts);
+    }
+
+    ItemStatus GetStatus(int size = AnyX::MaxSize) const { return StatusOf(Self(), Clamp(size)); }
+    std::vector<FieldLimits> GetFieldLimits(int size = AnyX::MaxSize) const { return LimitsOf(Self(), Clamp(size)); }
+    // Of each field, whether `size` reaches its last byte: it can be edited then.
+    ItemStatus GetAvailable(int size = AnyX::MaxSize) const {
+        ItemStatus reach;
+        reach.Report("Size", IsAvailable(size), IsAvailable(size));
+        LayoutRuler io(Clamp(size), &reach);
+        X::Map(io, Self());
+        return reach;
+    }
+    bool EqualFields(const X& other) const {
+        return this->Size == other.Size && PresentLength == other.PresentLength &&
+               static_cast<const Fields&>(*this) == static_cast<const Fields&>(other);
+    }
+
+    // The bytes of the item in `size` bytes of room that none of its fields take.
+    static int GetExtraRoom(int size) { return std::max(0, size - PrefixSize - X::Shape.fixed); }
+
+    template <class IO>
+    static void Map(IO& io, auto& item) {
+        X::template MapPrefix<IO>(io, item);
+        io.Check("Size", item.Size >= PrefixSize + X::Shape.Least() && item.Size <= io.Available(),
+                 item.Size <= io.Available());
+        io.Check("PresentLength", X::Shape.Allows(item.PresentLength), true);
+        X::MapFields(io, item);
+        io.Rest("Extra", item.Extra, item.GetExtraLimits(GetExtraRoom(io.Available())));
+    }
+    template <class IO>
+    static void MapPrefix(IO& io, auto& item) {
+        AnyX::template MapPrefix<static_cast<int>(value)>(io, item);
+    }
+
+    // Defaults of what a kind may replace.
+    static bool Accepts(const SizedPeek& peek) { return peek.type == static_cast<int>(value); }
+    void Normalize() {}
+    void NormalizeRead() {}
+    void FillTexts(TextTable&) const {}
+    bool HasContent() const { return true; }
+    TextFormat GetFormat() const { return X::Format; }
+    TLimitPair<CountLimits> GetExtraLimits(int room) const { return CountLimits{0, room}; }
+
+private:
+    static int Clamp(int size) { return std::clamp(size, 0, AnyX::MaxSize); }
+
+    // The length that an edited item takes: the shortest that holds every byte that says something.
+    void UpdateSize() {
+        PresentLength = X::Shape.fixed;
+        LayoutRuler ruler(AnyX::MaxSize);
+        X::Map(ruler, Self());
+        this->Size = ruler.Bytes();
+        PresentLength = this->Extra.IsEmpty() ? std::min(this->Size - PrefixSize, X::Shape.fixed) : X::Shape.Longer();
+        if (PresentLength == X::Shape.fixed && this->Size == PrefixSize + X::Shape.fixed) TrimToStep();
+    }
+    void TrimToStep() {
+        Bytes scratch(this->Size, 0);
+        LayoutWriter io(scratch);
+        X::Map(io, Self());
+        PresentLength = X::Shape.Holding(scratch.LastIndexNot(0) - PrefixSize);
+        this->Size = PrefixSize + PresentLength;
+    }
+    X& Self() { return static_cast<X&>(*this); }
+    const X& Self() const { return static_cast<const X&>(*this); }
+};
+
+// A list of holders of such a family; its size is the sum of theirs.
+template <class Item>
+class TSizedList : public TList<Item> {
+public:
+    // Reads item after item until one doesn't read. Always true.
+    bool Read(ByteRange range) {
+        this->Clear();
+        for (Item item; item.Read(range); item = Item()) {
+            const int size = item.GetSize();
+            this->Add(std::move(item));
+            range.Drop(size);
+        }
+        return true;
+    }
+    // False if the range is too short for all items. What stays behind the last one is left as it is.
+    bool Write(ByteRange range) const {
+        if (range.Size() < GetSize()) return false;
+        for (const Item& item : *this) {
+            item.Write(range.Peek(item.GetSize()));
+            range.Drop(item.GetSize());
+        }
+        return true;
+    }
+    int GetSize() const {
+        int size = 0;
+        for (const Item& item : *this) size += item.GetSize();
+        return size;
+    }
+};
+
+}  // namespace VNT

@@ -1,0 +1,34 @@
+#include "model/cta/colorimetry.h"
+#include "model/cta/extension_override.h"
+#include "model/cta/gsync.h"
+#include "model/cta/other_data_block.h"
+#include "model/cta/vendor_specific.h"
+
+namespace VNT {
+
+namespace {
+
+template <class X>
+constexpr TKind<AnyCtaDataBlock> Kind(const char* title, int addSize) {
+    return VNT::Kind<X, AnyCtaDataBlock>(title, addSize);
+}
+
+// In the order of the "Add Data Block" form.
+constexpr TKind<AnyCtaDataBlock> Rows[] = {
+    Kind<CtaColorimetryDataBlock>("Colorimetry", 4),
+    Kind<CtaExtensionOverrideDataBlock>("Extension override", 3),
+    Kind<CtaGSyncDataBlock>("G-SYNC", 6),
+    Kind<CtaVendorSpecificDataBlock>("Vendor-specific", 4),
+    Kind<CtaVendorSpecificAudioDataBlock>("Vendor-specific audio", 5),
+    Kind<CtaVendorSpecificVideoDataBlock>("Vendor-specific video", 5),
+};
+
+}  // namespace
+
+std::span<const TKind<AnyCtaDataBlock>> CtaDataBlockKinds::All() { return Rows; }
+
+std::unique_ptr<AnyCtaDataBlock> CtaDataBlockKinds::Read(ByteRange range) {
+    return ReadSizedKind<CtaOtherDataBlock>(All(), range);
+}
+
+}  // namespace VNT

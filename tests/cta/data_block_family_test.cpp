@@ -1,0 +1,38 @@
+#include "model/cta/colorimetry.h"
+#include "model/cta/extension_override.h"
+#include "model/cta/gsync.h"
+#include "model/cta/other_data_block.h"
+#include "model/cta/vendor_specific.h"
+#include "tests/support/sized_suite.h"
+
+namespace VNT::Testing {
+namespace {
+
+struct CtaDataBlockFamily {
+    using Holder = CtaDataBlock;
+    using Kinds = CtaDataBlockKinds;
+    using Items =
+        ItemList<CtaColorimetryDataBlock, CtaExtensionOverrideDataBlock, CtaGSyncDataBlock, CtaVendorSpecificDataBlock,
+                 CtaVendorSpecificAudioDataBlock, CtaVendorSpecificVideoDataBlock, CtaOtherDataBlock>;
+
+    // Of any length that the type can have.
+    static Bytes Frame(int type, const Fill& fill) {
+        constexpr int unclaimedTag = 5;
+        const bool isOther = type == CtaDataBlockTypeId::Other;
+        const int prefix = AnyCtaDataBlock::GetPrefixSize(type);
+        const int size = prefix + fill() % (AnyCtaDataBlock::MaxSize - prefix + 1);
+        Bytes bytes = Filled(size, fill);
+        const CtaDataBlockHeader header = CtaDataBlockHeader::Of(isOther ? unclaimedTag : type);
+        ByteRange range = bytes;
+        range.WriteLsb(5, static_cast<std::uint32_t>(size - 1));
+        range.WriteLsb(3, static_cast<std::uint32_t>(header.tag));
+        if (header.extendedTag != Undefined) range.WriteLsb(8, static_cast<std::uint32_t>(header.extendedTag));
+        if (header.oui != Undefined) range.WriteLsb(24, static_cast<std::uint32_t>(header.oui));
+        return bytes;
+    }
+};
+INSTANTIATE_TYPED_TEST_SUITE_P(CtaDataBlock, FamilySuite, CtaDataBlockFamily);
+INSTANTIATE_TYPED_TEST_SUITE_P(CtaDataBlock, SizedSuite, CtaDataBlockFamily);
+
+}  // namespace
+}  // namespace VNT::Testing
