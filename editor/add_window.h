@@ -65,6 +65,13 @@ constexpr TFormRow<Holder> NoForm() {
     return {static_cast<int>(Item::TypeValue), nullptr};
 }
 
+template <class Holder, std::size_t count>
+const TFormRow<Holder>* FindForm(const TFormRow<Holder> (&forms)[count], int type) {
+    const auto found =
+        std::find_if(std::begin(forms), std::end(forms), [type](const auto& row) { return row.type == type; });
+    return found == std::end(forms) ? nullptr : found;
+}
+
 template <class AnyX>
 const VNT::TKind<AnyX>* FindKind(std::span<const VNT::TKind<AnyX>> kinds, int type) {
     const auto found = std::find_if(kinds.begin(), kinds.end(), [type](const auto& kind) { return kind.type == type; });
@@ -92,9 +99,8 @@ int EditHolder(UI::Window* parent, Holder& holder, int bytes, const TFormRow<Hol
     int type = holder.GetType();
     const bool isNew = holder.IsEmpty();
     if (isNew) Chooser(parent, GetAddRows(std::span<const TFormRow<Holder>>(forms), kinds, bytes)).Run(type);
-    const auto form =
-        std::find_if(std::begin(forms), std::end(forms), [type](const auto& row) { return row.type == type; });
-    if (form == std::end(forms)) return UI::IdCancel;
+    const TFormRow<Holder>* form = FindForm(forms, type);
+    if (!form) return UI::IdCancel;
     if (form->edit) return form->edit(parent, holder, bytes);
     if (isNew) holder = Holder(FindKind(kinds, type)->make());
     return isNew ? UI::IdOk : UI::IdCancel;

@@ -54,8 +54,6 @@ template <class List, class Limits>
 bool HasRoom(const List& list, const Limits& limits) {
     if constexpr (requires { limits.HasRoom(list); }) {
         return limits.HasRoom(list);
-    } else if constexpr (requires { limits.BytesLeft(list); }) {
-        return limits.BytesLeft(list) > 0;
     } else {
         return list.GetCount() < limits.Slots();
     }

@@ -1,6 +1,7 @@
 #include "editor/main_window.h"
 
 #include "editor/descriptor_windows.h"
+#include "editor/extension_block_windows.h"
 #include "editor/properties_windows.h"
 #include "editor/short_resolution_windows.h"
 #include "store/display_row.h"
@@ -70,8 +71,7 @@ void MainWindow::AddLists() {
         .SetInserter(&InsertDescriptor);
     add(Field<&Fields::standardResolutions>, StandardResolutionCaptions, limits.standardResolutions,
         &EditEdidStandardResolution);
-    add(Field<&Fields::extensionBlocks>, ExtensionBlockCaptions, limits.extensionBlocks,
-        [](UI::Window*, EdidExtensionBlock&, int) { return UI::IdCancel; });
+    add(Field<&Fields::extensionBlocks>, ExtensionBlockCaptions, limits.extensionBlocks, &EditEdidExtensionBlock);
 }
 
 void MainWindow::Load(int index) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <span>
 
@@ -17,6 +18,14 @@ struct TKind {
     bool isRead;
     std::unique_ptr<AnyX> (*make)();
 };
+
+// The bytes that the shortest new item of the family takes.
+template <class AnyX>
+int GetLeastAddSize(std::span<const TKind<AnyX>> kinds) {
+    int least = kinds.front().addSize;
+    for (const TKind<AnyX>& kind : kinds) least = std::min(least, kind.addSize);
+    return least;
+}
 
 template <class X, class AnyX>
 std::unique_ptr<AnyX> MakeKind() {

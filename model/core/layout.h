@@ -368,6 +368,13 @@ public:
     std::vector<FieldLimits> limits;
 };
 
+// The limits of padding: `length` bytes, and all of them 0 where it is sound.
+inline TLimitPair<CountLimits> Zeros(const Bytes& padding, int length) {
+    const CountLimits exactly{length, length};
+    constexpr CountLimits nothing{1, 0};
+    return {padding.IsAll(0) ? exactly : nothing, exactly};
+}
+
 template <class X>
 ItemStatus StatusOf(const X& item, int available) {
     ItemStatus status;

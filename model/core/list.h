@@ -153,6 +153,8 @@ struct SlotListLimits {
 template <class List>
 struct TSizeListLimits {
     int bytes = 0;
+    int leastItem = 1;  // bytes that the shortest new item takes
+    bool HasRoom(const List& list) const { return BytesLeft(list) >= leastItem; }
     bool Contains(const List& list) const { return list.GetSize() <= bytes; }
     int BytesLeft(const List& list) const { return bytes - list.GetSize(); }
     ListMeasure Measure(const List& list) const { return {list.GetCount(), bytes, list.GetSize(), bytes}; }

@@ -103,6 +103,10 @@ using CtaDataBlock = TSizedContainer<AnyCtaDataBlock, CtaDataBlockKinds>;
 
 class CtaDataBlockList : public TSizedList<CtaDataBlock> {
 public:
+    // Of a list that may take `bytes`.
+    static TSizeListLimits<CtaDataBlockList> GetLimits(int bytes) {
+        return {bytes, GetLeastAddSize(CtaDataBlockKinds::All())};
+    }
     // At the end, but an extension override in front. False if the block is not IsValidAll.
     bool Add(const CtaDataBlock& block);
     // The count that an extension override at the head of the list states, else Undefined.

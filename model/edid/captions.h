@@ -17,6 +17,10 @@ inline constexpr ListCaptions DescriptorCaptions{U"Detailed resolutions and desc
                                                  U"No detailed resolutions or descriptors"};
 inline constexpr ListCaptions StandardResolutionCaptions{
     U"Standard resolutions ({countlefttext})", U"Standard resolutions (no space left)", U"No standard resolutions"};
+inline constexpr ListCaptions DetailedResolutionCaptions{
+    U"Detailed resolutions ({countlefttext})", U"Detailed resolutions (no space left)", U"No detailed resolutions"};
+inline constexpr ListCaptions DataBlockCaptions{U"Data blocks ({sizelefttext})", U"Data blocks (no space left)",
+                                                U"No data blocks"};
 inline constexpr ListCaptions CvtResolutionCaptions{U"CVT resolutions ({countlefttext})",
                                                     U"CVT resolutions (no space left)", U"No CVT resolutions"};
 inline constexpr ListCaptions ExtensionBlockCaptions{U"Extension blocks ({countlefttext})", U"",

@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "model/core/checksum.h"
 #include "model/core/item.h"
 #include "model/core/kinds.h"
 #include "model/core/list.h"
@@ -31,8 +32,8 @@ public:
     virtual void SetOverrideCount(int) {}
 };
 
-// What makes the bytes 0 to 126 and the byte behind them sum to 0 modulo 256; at most `bytes` of the range count.
-int ComputeChecksum(ByteRange range, int bytes = AnyEdidExtensionBlock::FrameSize - 1);
+// The checksum of a block of 128 bytes.
+inline int ComputeChecksum(ByteRange range) { return ComputeChecksum(range, AnyEdidExtensionBlock::FrameSize - 1); }
 
 // A block with a checksum at its end: kept as read, right or wrong, until the block is built from edited fields.
 // `AllFields` has the member `int checksum`.
@@ -54,14 +55,6 @@ public:
     }
     void Normalize() { UpdateChecksum(); }
     void NormalizeRead() {}
-
-    // The last line of a block's `Map`.
-    template <class IO>
-    static void MapChecksum(IO& io, auto& item) {
-        constexpr ValueCoding coding{0, 1};
-        io.Number("checksum", 8, item.checksum, coding,
-                  TLimitPair<ValueLimits>(ValueLimits{0, 255, 0, 0, {Undefined}}));
-    }
 };
 
 struct EdidDefaultExtensionBlockFields {
@@ -105,14 +98,12 @@ public:
         return peekedType != EdidExtensionBlockTypeId::Default && peekedType != EdidExtensionBlockTypeId::None;
     }
     void FillTexts(TextTable& table) const { table.Set(U"{tag}", tag); }
-    int GetOverrideCount() const override;
-    void SetOverrideCount(int count) override;
 
     template <class IO>
     static void Map(IO& io, auto& item) {
         io.Kept("tag", 8, item.tag);
         io.Data("data", 126, item.data, Exactly(126));
-        MapChecksum(io, item);
+        MapChecksum(io, item.checksum);
     }
 };
 

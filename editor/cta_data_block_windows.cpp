@@ -1,0 +1,46 @@
+#include "editor/cta_data_block_windows.h"
+
+#include "model/cta/extension_override.h"
+
+using namespace VNT;
+
+CtaColorimetryDataBlockWindow::CtaColorimetryDataBlockWindow(UI::Window* parent)
+    : TItemWindow(parent, L"CtaColorimetryDataBlockWindow", L"Colorimetry") {
+    Group(L"Colorimetry").Checks(Field<&Fields::Flags>, CtaColorimetryDataBlockFlagEnum::ColorTexts);
+    Group(L"Metadata").Checks(Field<&Fields::Flags>, CtaColorimetryDataBlockFlagEnum::MetadataTexts);
+}
+
+CtaGSyncDataBlockWindow::CtaGSyncDataBlockWindow(UI::Window* parent)
+    : TItemWindow(parent, L"CtaGSyncDataBlockWindow", L"G-SYNC") {
+    Group(L"Version").Number(Field<&Fields::Version>, L"000");
+    Group(L"Min refresh rate").Number(Field<&Fields::MinRefreshRate>, L"000", L"Hz");
+}
+
+namespace {
+
+template <class FormWindow>
+constexpr auto FormOf() {
+    return Forms::FormOf<FormWindow, CtaDataBlock>();
+}
+
+// In the order of the chooser.
+constexpr Forms::TFormRow<CtaDataBlock> DataBlockForms[] = {
+    FormOf<CtaColorimetryDataBlockWindow>(),
+    Forms::NoForm<CtaExtensionOverrideDataBlock, CtaDataBlock>(),
+    FormOf<CtaGSyncDataBlockWindow>(),
+    FormOf<CtaVendorSpecificDataBlockWindow>(),
+    FormOf<CtaVendorSpecificAudioDataBlockWindow>(),
+    FormOf<CtaVendorSpecificVideoDataBlockWindow>(),
+};
+
+}  // namespace
+
+int EditCtaDataBlock(UI::Window* parent, CtaDataBlock& block, int bytes) {
+    return Forms::EditHolder<AddCtaDataBlockWindow>(parent, block, std::min(bytes, AnyCtaDataBlock::MaxSize),
+                                                    DataBlockForms, CtaDataBlockKinds::All());
+}
+
+int InsertCtaDataBlock(CtaDataBlockList& list, CtaDataBlock&& block) {
+    list.Add(block);
+    return block.GetType() == CtaDataBlockTypeId::ExtensionOverride ? 0 : list.GetCount() - 1;
+}

@@ -1,0 +1,52 @@
+#include "editor/displayid_data_block_windows.h"
+
+#include "editor/cta_data_block_windows.h"
+
+using namespace VNT;
+
+DisplayId1VendorSpecificDataBlockWindow::DisplayId1VendorSpecificDataBlockWindow(UI::Window* parent)
+    : TDisplayIdDataBlockWindow(parent, L"DisplayId1VendorSpecificDataBlockWindow", L"Vendor-Specific") {
+    Group(L"Vendor ID").Text(Field<&Fields::vendorId>, L"WWW");
+    AddHexData();
+}
+
+DisplayId2VendorSpecificDataBlockWindow::DisplayId2VendorSpecificDataBlockWindow(UI::Window* parent)
+    : TDisplayIdDataBlockWindow(parent, L"DisplayId2VendorSpecificDataBlockWindow", L"Vendor-Specific") {
+    Group(L"Vendor ID").Hex(Field<&Fields::vendorId>, L"AAAAAA");
+    AddHexData();
+}
+
+DisplayIdCtaDataBlockListDataBlockWindow::DisplayIdCtaDataBlockListDataBlockWindow(UI::Window* parent)
+    : TDisplayIdDataBlockWindow(parent, L"DisplayIdCtaDataBlockListDataBlockWindow", L"CTA-861 Data Blocks") {
+    Group(L"")
+        .List(
+            Field<&Fields::dataBlocks>, DataBlockCaptions, [this] { return item.GetListLimits(GetBytes()); },
+            &EditCtaDataBlock)
+        .SetInserter(&InsertCtaDataBlock);
+}
+
+namespace {
+
+template <class FormWindow>
+constexpr auto FormOf() {
+    return Forms::FormOf<FormWindow, DisplayIdDataBlock>();
+}
+
+// In the order of the choosers.
+constexpr Forms::TFormRow<DisplayIdDataBlock> Forms1[] = {
+    FormOf<DisplayId1VendorSpecificDataBlockWindow>(),
+    FormOf<DisplayIdCtaDataBlockListDataBlockWindow>(),
+};
+constexpr Forms::TFormRow<DisplayIdDataBlock> Forms2[] = {
+    FormOf<DisplayId2VendorSpecificDataBlockWindow>(),
+    FormOf<DisplayIdCtaDataBlockListDataBlockWindow>(),
+};
+
+}  // namespace
+
+int EditDisplayIdDataBlock(UI::Window* parent, DisplayIdDataBlock& block, int bytes, int version) {
+    const auto kinds = DisplayIdDataBlockKinds::All();
+    const bool isOfVersion1 = block.IsEmpty() ? version < 2 : Forms::FindForm(Forms1, block.GetType()) != nullptr;
+    return isOfVersion1 ? Forms::EditHolder<AddDisplayId1DataBlockWindow>(parent, block, bytes, Forms1, kinds)
+                        : Forms::EditHolder<AddDisplayId2DataBlockWindow>(parent, block, bytes, Forms2, kinds);
+}

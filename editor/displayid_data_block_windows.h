@@ -1,0 +1,57 @@
+// The forms of the DisplayID data blocks.
+#pragma once
+
+#include "editor/add_window.h"
+#include "model/edid/captions.h"
+#include "model/displayid/cta_data_block_list.h"
+#include "model/displayid/vendor_specific.h"
+
+// What all of them begin with.
+template <class X>
+class TDisplayIdDataBlockWindow : public TItemWindow<X> {
+public:
+    using Fields = typename TItemWindow<X>::Fields;
+
+protected:
+    TDisplayIdDataBlockWindow(UI::Window* parent, const std::wstring& className, const std::wstring& title)
+        : TItemWindow<X>(parent, className, title) {
+        this->Group(L"Revision").Number(Field<&Fields::revision>, L"00");
+    }
+    void AddHexData() {
+        this->Group(L"Hex data").SizedHex(Field<&Fields::Extra>, [this] { return X::GetExtraRoom(this->GetBytes()); });
+    }
+};
+
+class DisplayId1VendorSpecificDataBlockWindow
+    : public TDisplayIdDataBlockWindow<VNT::DisplayId1VendorSpecificDataBlock> {
+public:
+    explicit DisplayId1VendorSpecificDataBlockWindow(UI::Window* parent);
+};
+
+class DisplayId2VendorSpecificDataBlockWindow
+    : public TDisplayIdDataBlockWindow<VNT::DisplayId2VendorSpecificDataBlock> {
+public:
+    explicit DisplayId2VendorSpecificDataBlockWindow(UI::Window* parent);
+};
+
+class DisplayIdCtaDataBlockListDataBlockWindow
+    : public TDisplayIdDataBlockWindow<VNT::DisplayIdCtaDataBlockListDataBlock> {
+public:
+    explicit DisplayIdCtaDataBlockListDataBlockWindow(UI::Window* parent);
+};
+
+class AddDisplayId1DataBlockWindow : public AddWindow {
+public:
+    AddDisplayId1DataBlockWindow(UI::Window* parent, std::vector<AddRow> offered)
+        : AddWindow(parent, L"AddDisplayId1DataBlockWindow", L"Add Data Block", std::move(offered)) {}
+};
+
+class AddDisplayId2DataBlockWindow : public AddWindow {
+public:
+    AddDisplayId2DataBlockWindow(UI::Window* parent, std::vector<AddRow> offered)
+        : AddWindow(parent, L"AddDisplayId2DataBlockWindow", L"Add Data Block", std::move(offered)) {}
+};
+
+// Adds to an empty holder by way of the chooser for sections of that version, edits what a filled one holds, of
+// whichever version. `bytes` is what the block may take.
+int EditDisplayIdDataBlock(UI::Window* parent, VNT::DisplayIdDataBlock& block, int bytes, int version);
