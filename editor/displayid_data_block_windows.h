@@ -2,9 +2,9 @@
 #pragma once
 
 #include "editor/add_window.h"
-#include "model/edid/captions.h"
 #include "model/displayid/cta_data_block_list.h"
 #include "model/displayid/vendor_specific.h"
+#include "model/edid/captions.h"
 
 // What all of them begin with.
 template <class X>

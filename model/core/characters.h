@@ -23,8 +23,7 @@ inline void SetCharacters(String& text, ByteRange read) { text = CharactersOfByt
 template <class IO>
 void MapCharacters(IO& io, const char* name, int count, auto& text) {
     io.ThroughData(
-        count, [&] { return BytesOfCharacters(text, count); },
-        [&](auto read) { Detail::SetCharacters(text, read); });
+        count, [&] { return BytesOfCharacters(text, count); }, [&](auto read) { Detail::SetCharacters(text, read); });
     const bool fits = AreBytes(text);
     io.Check(name, fits && text.Length() == count, fits && text.Length() <= count);
 }

@@ -58,7 +58,9 @@ public:
     void SetOverrideCount(int count) override;
 
     // Data blocks and slots live from the same bytes.
-    DataBlockLimits GetDataBlockLimits() const { return CtaDataBlockList::GetLimits(BodyBytes - dataBlockPadding.Size() - descriptors.GetSize()); }
+    DataBlockLimits GetDataBlockLimits() const {
+        return CtaDataBlockList::GetLimits(BodyBytes - dataBlockPadding.Size() - descriptors.GetSize());
+    }
     SlotListLimits GetDescriptorLimits() const {
         return SlotListLimits::FromBytes(BodyBytes - GetAreaSize(), EdidDescriptorList::SlotBytes);
     }
