@@ -21,6 +21,13 @@ public:
     // The list's caption, then its items, each with its parts, or its empty row.
     template <class Limits, class List>
     void ShowList(const Limits& limits, const List& list, const ListCaptions& captions) {
+        ShowList(limits, list, captions, [](const auto& item, Outline outline) {
+            if constexpr (requires { item.GetParts(); }) outline.ShowParts(item.GetParts());
+        });
+    }
+    // The same, with `showBelow(item, outline)` for what stands below the line of an item.
+    template <class Limits, class List, class Show>
+    void ShowList(const Limits& limits, const List& list, const ListCaptions& captions, const Show& showBelow) {
         Line(CaptionOf(limits, list, captions));
         Outline deeper = Deeper();
         if (list.IsEmpty()) deeper.Line(captions.emptyRow);
@@ -28,7 +35,7 @@ public:
             String text;
             item.GetText(text);
             deeper.Line(text);
-            if constexpr (requires { item.GetParts(); }) deeper.Deeper().ShowParts(item.GetParts());
+            showBelow(item, deeper.Deeper());
         }
     }
     void ShowParts(const std::vector<ItemPart>& parts);

@@ -5,6 +5,9 @@
 #include "cli/command.h"
 #include "cli/edid_files.h"
 #include "cli/outline.h"
+#include "model/edid/cta_extension_block.h"
+#include "model/edid/displayid_extension_block.h"
+#include "model/edid/vtb_extension_block.h"
 
 namespace VNT::Cli {
 
@@ -108,6 +111,43 @@ void ShowEstablished(const EdidFields& fields, Outline outline) {
     }
 }
 
+// The lists of a block as its form shows them: with the room that an edit has.
+template <class X>
+X Edited(const X& block) {
+    return X(static_cast<const typename X::FieldsType&>(block));
+}
+
+void ShowLists(const EdidCtaExtensionBlock& block, Outline outline) {
+    const EdidCtaExtensionBlock edited = Edited(block);
+    outline.ShowList(edited.GetDataBlockLimits(), block.dataBlocks, DataBlockCaptions);
+    outline.ShowList(edited.GetDescriptorLimits(), block.descriptors, DescriptorCaptions);
+}
+
+void ShowLists(const EdidVtbExtensionBlock& block, Outline outline) {
+    const EdidVtbExtensionBlock edited = Edited(block);
+    outline.ShowList(edited.GetLimitsOf(block.detailed), block.detailed, DetailedResolutionCaptions);
+    outline.ShowList(edited.GetLimitsOf(block.cvtResolutions), block.cvtResolutions, CvtResolutionCaptions);
+    outline.ShowList(edited.GetLimitsOf(block.standardResolutions), block.standardResolutions,
+                     StandardResolutionCaptions);
+}
+
+void ShowLists(const EdidDisplayIdSectionExtensionBlock& block, Outline outline) {
+    outline.ShowList(DisplayIdSection::GetListLimits(DisplayIdSection::ExtensionBytes), block.section.dataBlocks,
+                     DataBlockCaptions);
+}
+
+template <class... X>
+void ShowListsOfAny(const EdidExtensionBlock& held, Outline outline) {
+    const auto show = [&]<class Block>(Block block) {
+        if (block.Assign(held)) ShowLists(block, outline);
+    };
+    (show(X()), ...);
+}
+
+void ShowExtensionBlock(const EdidExtensionBlock& block, Outline outline) {
+    ShowListsOfAny<EdidCtaExtensionBlock, EdidVtbExtensionBlock, EdidDisplayIdSectionExtensionBlock>(block, outline);
+}
+
 }  // namespace
 
 void ShowEdid(const Edid& edid, std::ostream& out) {
@@ -117,7 +157,7 @@ void ShowEdid(const Edid& edid, std::ostream& out) {
     ShowEstablished(edid, outline);
     outline.ShowList(limits.descriptors, edid.descriptors, DescriptorCaptions);
     outline.ShowList(limits.standardResolutions, edid.standardResolutions, StandardResolutionCaptions);
-    outline.ShowList(limits.extensionBlocks, edid.extensionBlocks, ExtensionBlockCaptions);
+    outline.ShowList(limits.extensionBlocks, edid.extensionBlocks, ExtensionBlockCaptions, &ShowExtensionBlock);
 }
 
 int RunShow(const Arguments& arguments, const Console& console) {

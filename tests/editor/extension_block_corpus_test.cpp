@@ -1,0 +1,70 @@
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+
+#include "editor/extension_block_windows.h"
+#include "model/edid/edid.h"
+#include "samples/displays.h"
+#include "ui/headless/driver.h"
+
+// What the forms do to the extension blocks of real displays.
+namespace {
+
+using namespace VNT;
+namespace fs = std::filesystem;
+
+constexpr const char* CorpusFolder = VANTELLE_SOURCE_DIR "/../shared/corpus";
+
+std::vector<Bytes> AllEdids() {
+    std::vector<Bytes> edids;
+    for (const Samples::Display& display : Samples::MakeDisplays()) edids.emplace_back(display.edid);
+    if (!fs::is_directory(CorpusFolder)) return edids;
+    for (const auto& entry : fs::recursive_directory_iterator(CorpusFolder)) {
+        if (!entry.is_regular_file() || entry.path().extension() == ".md") continue;
+        std::ifstream file(entry.path(), std::ios::binary);
+        edids.emplace_back(std::vector<std::uint8_t>(std::istreambuf_iterator<char>(file), {}));
+    }
+    return edids;
+}
+
+Bytes BytesOf(const EdidExtensionBlock& block) {
+    Bytes bytes(128, 0);
+    EXPECT_TRUE(block.Write(bytes));
+    return bytes;
+}
+
+// Opens the form, if there is one, and presses `key`, then Esc in case that the form refused it.
+int EditWith(EdidExtensionBlock& block, UI::Key key) {
+    UI::Headless::Driver driver;
+    driver.Then([&driver, key] {
+        driver.Press(key);
+        if (key != UI::Key::Escape) driver.Press(UI::Key::Escape);
+    });
+    return EditEdidExtensionBlock(nullptr, block, 128);
+}
+
+TEST(ExtensionBlocksOfRealDisplays, CancelChangesNoByteAndOkNormalisesOnce) {
+    int opened = 0;
+    for (const Bytes& bytes : AllEdids()) {
+        Edid edid;
+        if (!edid.Read(bytes)) continue;
+        for (const EdidExtensionBlock& original : edid.extensionBlocks) {
+            const Bytes before = BytesOf(original);
+            EdidExtensionBlock block = original;
+            EXPECT_EQ(EditWith(block, UI::Key::Escape), UI::IdCancel);
+            ASSERT_EQ(BytesOf(block), before);
+            if (EditWith(block, UI::Key::Return) != UI::IdOk) continue;
+            ++opened;
+            EXPECT_TRUE(block.IsValid()) << HexText(before).ToUtf8();
+            const Bytes once = BytesOf(block);
+            EdidExtensionBlock again;
+            ASSERT_TRUE(again.Read(once));
+            EXPECT_EQ(EditWith(again, UI::Key::Return), UI::IdOk);
+            ASSERT_EQ(BytesOf(again), once);
+        }
+    }
+    EXPECT_GT(opened, 0);
+}
+
+}  // namespace
