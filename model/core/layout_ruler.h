@@ -62,14 +62,15 @@ public:
         if (isThere) List(name, item, TLimitPair<CountLimits>(CountLimits()));
         return isThere;
     }
-    void Check(const char*, bool, bool) {}
+    // What is no field to the layout, such as text, has its name in the test behind its bytes.
+    void Check(const char* name, bool, bool) { Report(name); }
 
 private:
     static constexpr int BitsPerByte = 8;
 
     void Pass(int count) { position_ = (Bytes() + count) * BitsPerByte; }
     void Report(const char* name) {
-        if (reach_ == nullptr) return;
+        if (reach_ == nullptr || reach_->IsPresent(name)) return;
         const bool isReached = Bytes() <= Available();
         reach_->Report(name, isReached, isReached);
     }

@@ -34,12 +34,12 @@ Bytes BytesOf(const EdidExtensionBlock& block) {
     return bytes;
 }
 
-// Opens the form, if there is one, and presses `key`, then Esc in case that the form refused it.
-int EditWith(EdidExtensionBlock& block, UI::Key key) {
+// Opens the form, if there is one, and clicks the button, or Cancel where it is disabled.
+int EditWith(EdidExtensionBlock& block, const wchar_t* text) {
     UI::Headless::Driver driver;
-    driver.Then([&driver, key] {
-        driver.Press(key);
-        if (key != UI::Key::Escape) driver.Press(UI::Key::Escape);
+    driver.Then([&driver, text] {
+        auto& button = driver.Find<UI::Controls::Button>(text);
+        driver.Click(button.IsEnabled() ? button : driver.Find<UI::Controls::Button>(L"Cancel"));
     });
     return EditEdidExtensionBlock(nullptr, block, 128);
 }
@@ -52,15 +52,15 @@ TEST(ExtensionBlocksOfRealDisplays, CancelChangesNoByteAndOkNormalisesOnce) {
         for (const EdidExtensionBlock& original : edid.extensionBlocks) {
             const Bytes before = BytesOf(original);
             EdidExtensionBlock block = original;
-            EXPECT_EQ(EditWith(block, UI::Key::Escape), UI::IdCancel);
+            EXPECT_EQ(EditWith(block, L"Cancel"), UI::IdCancel);
             ASSERT_EQ(BytesOf(block), before);
-            if (EditWith(block, UI::Key::Return) != UI::IdOk) continue;
+            if (EditWith(block, L"OK") != UI::IdOk) continue;
             ++opened;
             EXPECT_TRUE(block.IsValid()) << HexText(before).ToUtf8();
             const Bytes once = BytesOf(block);
             EdidExtensionBlock again;
             ASSERT_TRUE(again.Read(once));
-            EXPECT_EQ(EditWith(again, UI::Key::Return), UI::IdOk);
+            EXPECT_EQ(EditWith(again, L"OK"), UI::IdOk);
             ASSERT_EQ(BytesOf(again), once);
         }
     }

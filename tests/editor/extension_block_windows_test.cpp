@@ -184,7 +184,9 @@ TEST(VtbExtensionBlockForm, ItsThreeListsLiveFromOneBudget) {
     });
     driver.Then([&] {
         EXPECT_EQ(driver.GetWindow().GetTitle(), L"Standard Resolution");
-        driver.Click(driver.Find<Button>(L"OK"));
+        driver.Enter(driver.Find<TextBox>(L"Width:"), L"1920");
+        driver.Enter(driver.Find<TextBox>(L"Refresh rate"), L"75");
+        driver.Press(Key::Return);
     });
     driver.Then([&] {
         driver.Find<GroupBox>(L"Standard resolutions (60 slots left)");
@@ -256,7 +258,7 @@ TEST(DisplayIdVendorForm, AVendorOfOtherThanThreeLettersIsRed) {
         driver.Press(Key::Return);
     });
     EXPECT_EQ(DisplayId1VendorSpecificDataBlockWindow(nullptr).Run(block, 20), IdOk);
-    EXPECT_EQ(block.vendorId, U"ABC");
+    EXPECT_EQ(block.vendorId, String(U"ABC"));
 }
 
 }  // namespace
