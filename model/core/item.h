@@ -48,7 +48,7 @@ public:
     }
     // An item that is there lists its own.
     template <class Item>
-    bool Optional(const char*, const Item& item, bool isThere, bool, bool) {
+    bool Optional(const char*, const Item& item, bool isThere, int) {
         if (!isThere) return false;
         for (ItemPart& part : item.GetParts()) parts.push_back(std::move(part));
         return true;

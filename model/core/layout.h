@@ -144,10 +144,10 @@ public:
         list.Read(range_.Peek(range_.RemainingBytes()));
         range_.Take(list.GetSize());
     }
-    // An item with a size of its own that stands here or doesn't; whether it does. `isThere` tells that of an item
-    // that is not being read.
+    // An item with a size of its own, of at most `available` bytes, that stands here or doesn't; whether it does.
+    // `isThere` tells that of an item that is not being read.
     template <class Item>
-    bool Optional(const char*, Item& item, bool, bool, bool) {
+    bool Optional(const char*, Item& item, bool, int) {
         if (!item.Read(range_.Peek(range_.RemainingBytes()))) return false;
         range_.Take(item.GetSize());
         return true;
@@ -204,7 +204,7 @@ public:
         list.Write(range_.Take(list.GetSize()));
     }
     template <class Item>
-    bool Optional(const char*, const Item& item, bool isThere, bool, bool) {
+    bool Optional(const char*, const Item& item, bool isThere, int) {
         if (isThere) item.Write(range_.Take(item.GetSize()));
         return isThere;
     }
@@ -280,8 +280,8 @@ public:
         sink_.Report(name, limits.proper.Contains(list), limits.all.Contains(list));
     }
     template <class Item>
-    bool Optional(const char* name, const Item&, bool isThere, bool proper, bool all) {
-        if (isThere) sink_.Report(name, proper, all);
+    bool Optional(const char* name, const Item& item, bool isThere, int available) {
+        if (isThere) sink_.Report(name, item.IsValid(available), item.IsValidAll(available));
         return isThere;
     }
     // A rule of the item's own.
@@ -360,7 +360,7 @@ public:
     template <class Items, class L>
     void List(const char*, const Items&, const TLimitPair<L>&) {}
     template <class Item>
-    bool Optional(const char*, const Item&, bool isThere, bool, bool) {
+    bool Optional(const char*, const Item&, bool isThere, int) {
         return isThere;
     }
     void Check(const char*, bool, bool) {}

@@ -58,7 +58,7 @@ public:
         Pass(list.GetSize());
     }
     template <class Item>
-    bool Optional(const char* name, const Item& item, bool isThere, bool, bool) {
+    bool Optional(const char* name, const Item& item, bool isThere, int) {
         if (isThere) List(name, item, TLimitPair<CountLimits>(CountLimits()));
         return isThere;
     }

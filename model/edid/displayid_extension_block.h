@@ -38,9 +38,7 @@ public:
     static void Map(IO& io, auto& block) {
         io.Constant(8, EdidExtensionBlockTypeId::DisplayIdSection);
         io.Area(SectionBytes, [&block](auto& area) {
-            const bool isSection =
-                area.Optional("section", block.section, block.raw.IsEmpty(), block.section.IsValid(SectionBytes),
-                              block.section.IsValidAll(SectionBytes));
+            const bool isSection = area.Optional("section", block.section, block.raw.IsEmpty(), SectionBytes);
             const int behind = SectionBytes - block.section.GetSize();
             if (isSection) {
                 area.Rest("tail", block.tail, Exactly(behind));

@@ -29,7 +29,12 @@ int AnyEdidExtensionBlock::PeekType(ByteRange range) {
 std::span<const TKind<AnyEdidExtensionBlock>> EdidExtensionBlockKinds::All() { return Rows; }
 
 std::unique_ptr<AnyEdidExtensionBlock> EdidExtensionBlockKinds::Read(ByteRange range) {
-    return ReadKind<EdidOtherExtensionBlock>(All(), range);
+    std::unique_ptr<AnyEdidExtensionBlock> block = ReadKind<EdidOtherExtensionBlock>(All(), range);
+    if (block == nullptr || block->IsValidAll()) return block;
+    // No list takes a block that its kind couldn't write back (a VTB-EXT block whose counts exceed it): kept as bytes.
+    auto other = std::make_unique<EdidOtherExtensionBlock>();
+    other->Read(range);
+    return other;
 }
 
 bool EdidExtensionBlockList::UpdateOverrideCount() {

@@ -166,7 +166,7 @@ TEST(EdidVtbExtensionBlock, HoldsThreeLists) {
     EXPECT_EQ(block.GetLimitsOf(block.standardResolutions).slots, 50);
 }
 
-TEST(EdidVtbExtensionBlock, CountsBeyondTheBlockReadWhatFitsAndTheListDropsIt) {
+TEST(EdidVtbExtensionBlock, CountsBeyondTheBlockReadWhatFitsAndNoListTakesIt) {
     Bytes bytes = FromHex("10 01 07 00 00");
     for (int i = 0; i < 7; ++i) bytes.Append(FromHex(Detailed));
     bytes.Resize(127);
@@ -177,8 +177,16 @@ TEST(EdidVtbExtensionBlock, CountsBeyondTheBlockReadWhatFitsAndTheListDropsIt) {
     EXPECT_FALSE(block.IsValid());
     EXPECT_FALSE(block.IsValidAll());
     EdidExtensionBlockList list;
-    EXPECT_TRUE(list.Read(Block(bytes)));
-    EXPECT_TRUE(list.IsEmpty());
+    EXPECT_FALSE(list.Add(EdidExtensionBlock(block.Clone())));
+}
+
+TEST(EdidVtbExtensionBlock, OneThatNoListTakesIsKeptAsTheBytesOfAnotherBlock) {
+    const Bytes bytes = Block(FromHex("10 01 FF 00 00"));
+    EdidExtensionBlockList list;
+    EXPECT_TRUE(list.Read(bytes));
+    ASSERT_EQ(list.GetCount(), 1);
+    EXPECT_EQ(list.At(0).GetType(), EdidExtensionBlockTypeId::Other);
+    EXPECT_EQ(BytesOf(list.At(0)), bytes);
 }
 
 TEST(EdidVtbExtensionBlock, FromTheFirstSlotThatIsNoDetailedTimingOnItIsPadding) {
@@ -217,14 +225,14 @@ TEST(EdidDisplayIdSectionExtensionBlock, AnAreaThatIsNoSectionIsKeptRawAndShownE
 
 TEST(EdidExtensionBlock, AnyBytesOfAKnownTagGoBackAsTheyWere) {
     std::mt19937 random(20260107);
-    for (const int tag : {0x02, 0x70}) {
+    for (const int tag : {0x02, 0x10, 0x70}) {
         for (int round = 0; round < 2000; ++round) {
             Bytes bytes(128, 0);
             for (int i = 1; i < 128; ++i) bytes.At(i) = static_cast<std::uint8_t>(random() % 3 ? random() : 0);
             bytes.At(0) = static_cast<std::uint8_t>(tag);
             if (random() % 2) bytes.At(2) = static_cast<std::uint8_t>(random() % 132);
             const auto block = ReadAs<EdidExtensionBlock>(bytes);
-            ASSERT_EQ(block.GetType(), tag);
+            ASSERT_TRUE(block.GetType() == tag || tag == EdidExtensionBlockTypeId::Vtb) << block.GetType();
             ASSERT_TRUE(block.IsValidAll()) << ToHex(bytes);
             ASSERT_EQ(BytesOf(block), bytes);
         }

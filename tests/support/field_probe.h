@@ -88,7 +88,7 @@ public:
     template <class Items, class L>
     void List(const char*, const Items&, const TLimitPair<L>&) {}
     template <class Item>
-    bool Optional(const char*, const Item&, bool isThere, bool, bool) {
+    bool Optional(const char*, const Item&, bool isThere, int) {
         return isThere;
     }
     void Check(const char*, bool, bool) {}
@@ -144,7 +144,7 @@ public:
     template <class Items, class L>
     void List(const char*, const Items&, const TLimitPair<L>&) {}
     template <class Item>
-    bool Optional(const char*, const Item&, bool isThere, bool, bool) {
+    bool Optional(const char*, const Item&, bool isThere, int) {
         return isThere;
     }
     void Check(const char*, bool, bool) {}
