@@ -44,11 +44,12 @@ struct DisplayIdSectionFields {
     bool operator==(const DisplayIdSectionFields&) const = default;
 };
 
+// The defaults are those of a new section in an extension block.
 struct DisplayIdSectionAllFields : DisplayIdSectionFields {
-    int size = 0;      // bytes, the five of the frame included
-    Bytes otherBytes;  // what follows the data blocks, unless that begins with the zeros that end them
-    Bytes padding;     // then it stands here
-    int checksum = Undefined;
+    int size = 126;                 // bytes, the five of the frame included
+    Bytes otherBytes;               // what follows the data blocks, unless that begins with the zeros that end them
+    Bytes padding = Bytes(121, 0);  // then it stands here
+    int checksum = 0x77;            // that of a section without content
     bool operator==(const DisplayIdSectionAllFields&) const = default;
 };
 
@@ -61,8 +62,8 @@ public:
     static constexpr int MaxSize = 260;
     static constexpr int ExtensionBytes = 126;  // what an extension block has for it
 
-    // Without data blocks, filling `room` bytes.
-    DisplayIdSection() : DisplayIdSection(DisplayIdSectionFields()) {}
+    // Without data blocks, filling what an extension block has for it.
+    DisplayIdSection() = default;
     // Normalises: what follows the data blocks becomes zeros up to `room` bytes, the checksum is computed.
     explicit DisplayIdSection(const DisplayIdSectionFields& fields, int room = ExtensionBytes);
 

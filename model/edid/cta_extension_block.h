@@ -36,8 +36,8 @@ struct EdidCtaExtensionBlockFields {
 struct EdidCtaExtensionBlockAllFields : EdidCtaExtensionBlockFields {
     int detailedOffset = 4;  // of the first slot, from the block's start; below 4 nothing is interpreted
     Bytes dataBlockPadding;
-    Bytes tail;
-    int checksum = Undefined;
+    Bytes tail = Bytes(123, 0);
+    int checksum = 0xF7;  // that of a block without content
     bool operator==(const EdidCtaExtensionBlockAllFields&) const = default;
 };
 
@@ -49,7 +49,7 @@ public:
     static constexpr TextFormat Format{U"{type}: {description}", U"{type}: {description}",
                                        U"{datablockcounttext}, {detailedcounttext}, {descriptorcounttext}", U"CTA-861"};
 
-    EdidCtaExtensionBlock() { SetFields({}); }
+    EdidCtaExtensionBlock() = default;
     explicit EdidCtaExtensionBlock(const EdidCtaExtensionBlockFields& fields) { SetFields(fields); }
 
     void Normalize();

@@ -11,9 +11,9 @@ struct EdidDisplayIdSectionExtensionBlockFields {
 };
 
 struct EdidDisplayIdSectionExtensionBlockAllFields : EdidDisplayIdSectionExtensionBlockFields {
-    Bytes raw;   // the whole area where it is no section
-    Bytes tail;  // what stands behind a section
-    int checksum = Undefined;
+    Bytes raw;            // the whole area where it is no section
+    Bytes tail;           // what stands behind a section
+    int checksum = 0x90;  // that of a section without content
     bool operator==(const EdidDisplayIdSectionExtensionBlockAllFields&) const = default;
 };
 
@@ -26,7 +26,7 @@ public:
     static constexpr TextFormat Format{U"{type}: {description}", U"{type}: {description}", U"{datablockcounttext}",
                                        U"DisplayID v{version}"};
 
-    EdidDisplayIdSectionExtensionBlock() { SetFields({}); }
+    EdidDisplayIdSectionExtensionBlock() = default;
     explicit EdidDisplayIdSectionExtensionBlock(const EdidDisplayIdSectionExtensionBlockFields& fields) {
         SetFields(fields);
     }

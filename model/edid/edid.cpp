@@ -37,12 +37,11 @@ bool Edid::Read(ByteRange range) {
     extensionBlockCount = static_cast<int>(range.ReadLsb(8));
     checksum = static_cast<int>(range.ReadLsb(8));
 
-    extensionOverrideCount = Undefined;
-    EdidExtensionBlock first;
-    if (extensionBlockCount >= 1 && first.Read(range.Peek(BlockSize)))
-        extensionOverrideCount = first.GetOverrideCount();
+    // The first block may say that there are more than the count does.
+    extensionBlocks.Read(range.Take(std::min(extensionBlockCount, 1) * BlockSize));
+    extensionOverrideCount = extensionBlocks.GetOverrideCount();
     const int wanted = std::max(extensionBlockCount, extensionOverrideCount);
-    extensionBlocks.Read(range.Take(wanted * BlockSize));
+    extensionBlocks.ReadMore(range.Take((wanted - 1) * BlockSize));
     extensionBlocks.FillUp(wanted);
     return true;
 }

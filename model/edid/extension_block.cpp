@@ -29,12 +29,19 @@ int AnyEdidExtensionBlock::PeekType(ByteRange range) {
 std::span<const TKind<AnyEdidExtensionBlock>> EdidExtensionBlockKinds::All() { return Rows; }
 
 std::unique_ptr<AnyEdidExtensionBlock> EdidExtensionBlockKinds::Read(ByteRange range) {
-    std::unique_ptr<AnyEdidExtensionBlock> block = ReadKind<EdidOtherExtensionBlock>(All(), range);
-    if (block == nullptr || block->IsValidAll()) return block;
-    // No list takes a block that its kind couldn't write back (a VTB-EXT block whose counts exceed it): kept as bytes.
-    auto other = std::make_unique<EdidOtherExtensionBlock>();
-    other->Read(range);
-    return other;
+    return ReadKind<EdidOtherExtensionBlock>(All(), range);
+}
+
+void EdidExtensionBlockList::ReadMore(ByteRange range) {
+    for (; range.Size() >= SlotBytes; range.Drop(SlotBytes)) {
+        EdidExtensionBlock block;
+        block.Read(range);
+        if (Add(std::move(block))) continue;
+        // What its kind couldn't write back (a VTB-EXT block whose counts exceed it) is kept as bytes.
+        EdidOtherExtensionBlock other;
+        other.Read(range);
+        Add(EdidExtensionBlock(other.Clone()));
+    }
 }
 
 bool EdidExtensionBlockList::UpdateOverrideCount() {

@@ -123,6 +123,14 @@ public:
 
 class EdidExtensionBlockList : public TSlotList<EdidExtensionBlock, AnyEdidExtensionBlock::FrameSize> {
 public:
+    // Every whole block of the range; none is dropped. Always true.
+    bool Read(ByteRange range) {
+        Clear();
+        ReadMore(range);
+        return true;
+    }
+    // The same behind those that the list has.
+    void ReadMore(ByteRange range);
     // The override count that the first block states, Undefined if it states none.
     int GetOverrideCount() const { return IsEmpty() ? Undefined : At(0).GetOverrideCount(); }
     // Puts the count of blocks into the first block's override; false if it has none.

@@ -24,8 +24,8 @@ struct EdidVtbExtensionBlockAllFields : EdidVtbExtensionBlockFields {
     Bytes detailedPadding;
     Bytes cvtPadding;
     Bytes standardPadding;
-    Bytes tail;
-    int checksum = Undefined;
+    Bytes tail = Bytes(122, 0);
+    int checksum = 0xEF;  // that of a block without content
     bool operator==(const EdidVtbExtensionBlockAllFields&) const = default;
 };
 
@@ -36,7 +36,7 @@ public:
     static constexpr TextFormat Format{U"{type}: {description}", U"{type}: {description}",
                                        U"{detailedcounttext}, {cvtcounttext}, {standardcounttext}", U"VTB-EXT"};
 
-    EdidVtbExtensionBlock() { SetFields({}); }
+    EdidVtbExtensionBlock() = default;
     explicit EdidVtbExtensionBlock(const EdidVtbExtensionBlockFields& fields) { SetFields(fields); }
 
     void Normalize();

@@ -260,6 +260,13 @@ TEST(EdidExtensionBlock, AnEditTwiceIsAsOnce) {
     }
 }
 
+TEST(EdidExtensionBlock, TheDefaultsAreWhatAnEditWithoutContentGives) {
+    EXPECT_EQ(EdidCtaExtensionBlock(), Edited(EdidCtaExtensionBlock()));
+    EXPECT_EQ(EdidVtbExtensionBlock(), Edited(EdidVtbExtensionBlock()));
+    EXPECT_EQ(EdidDisplayIdSectionExtensionBlock(), Edited(EdidDisplayIdSectionExtensionBlock()));
+    EXPECT_EQ(DisplayIdSection(), DisplayIdSection(DisplayIdSectionFields()));
+}
+
 TEST(EdidExtensionBlock, ANewBlockOfEachKindIsSound) {
     for (const auto& kind : EdidExtensionBlockKinds::All()) {
         const auto block = kind.make();
