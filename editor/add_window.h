@@ -65,11 +65,12 @@ constexpr TFormRow<Holder> NoForm() {
     return {static_cast<int>(Item::TypeValue), nullptr};
 }
 
-template <class Holder, std::size_t count>
-const TFormRow<Holder>* FindForm(const TFormRow<Holder> (&forms)[count], int type) {
+// The row of a type; null for one that has none.
+template <class Rows>
+auto FindForm(const Rows& forms, int type) -> decltype(&*std::begin(forms)) {
     const auto found =
         std::find_if(std::begin(forms), std::end(forms), [type](const auto& row) { return row.type == type; });
-    return found == std::end(forms) ? nullptr : found;
+    return found == std::end(forms) ? nullptr : &*found;
 }
 
 template <class AnyX>
@@ -93,12 +94,12 @@ std::vector<AddRow> GetAddRows(std::span<const TFormRow<Holder>> forms, std::spa
 
 // Adds to an empty holder by way of the chooser, edits what a filled one holds; the modal result. A type without a form
 // is added as it is, and not edited. `bytes` is what the item may take.
-template <class Chooser, class Holder, std::size_t count, class Kinds>
-int EditHolder(UI::Window* parent, Holder& holder, int bytes, const TFormRow<Holder> (&forms)[count],
-               const Kinds& kinds) {
+template <class Chooser, class Holder, class Kinds>
+int EditHolder(UI::Window* parent, Holder& holder, int bytes,
+               std::type_identity_t<std::span<const TFormRow<Holder>>> forms, const Kinds& kinds) {
     int type = holder.GetType();
     const bool isNew = holder.IsEmpty();
-    if (isNew) Chooser(parent, GetAddRows(std::span<const TFormRow<Holder>>(forms), kinds, bytes)).Run(type);
+    if (isNew) Chooser(parent, GetAddRows(forms, kinds, bytes)).Run(type);
     const TFormRow<Holder>* form = FindForm(forms, type);
     if (!form) return UI::IdCancel;
     if (form->edit) return form->edit(parent, holder, bytes);

@@ -34,6 +34,7 @@
 #include "editor/field_text.h"
 #include "editor/form_rows.h"
 #include "model/core/flags.h"
+#include "model/core/layout.h"
 #include "ui/message.h"
 
 class AnyWindow : public UI::Window {
@@ -117,7 +118,12 @@ public:
 
     Forms::Group& AddGroup(const std::wstring& caption);
     int CountGroups() const { return static_cast<int>(groups.size()); }
+    // For those who look at a form without knowing which: its groups, and the limits of its item's fields as it is now.
+    const std::vector<std::unique_ptr<Forms::Group>>& GetGroups() const { return groups; }
+    virtual std::vector<VNT::FieldLimits> GetFieldLimits() const { return {}; }
     bool IsAvailable(std::string_view field) const { return GetFieldState(field).IsAvailable; }
+    // Whether the bytes that the item may take are enough for it and for a field.
+    virtual bool HasRoom(std::string_view) const { return true; }
     // A button below the groups, at the left.
     UI::Controls::Button& AddBottomButton(const std::wstring& text, Callback action);
 

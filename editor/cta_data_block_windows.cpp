@@ -35,6 +35,8 @@ constexpr Forms::TFormRow<CtaDataBlock> DataBlockForms[] = {
 
 }  // namespace
 
+std::span<const Forms::TFormRow<CtaDataBlock>> CtaDataBlockForms() { return DataBlockForms; }
+
 int EditCtaDataBlock(UI::Window* parent, CtaDataBlock& block, int bytes) {
     return Forms::EditHolder<AddCtaDataBlockWindow>(parent, block, std::min(bytes, AnyCtaDataBlock::MaxSize),
                                                     DataBlockForms, CtaDataBlockKinds::All());

@@ -58,6 +58,9 @@ public:
         : AddWindow(parent, L"AddCtaDataBlockWindow", L"Add Data Block", std::move(offered)) {}
 };
 
+// In the order of the chooser.
+std::span<const Forms::TFormRow<VNT::CtaDataBlock>> CtaDataBlockForms();
+
 // Adds to an empty holder by way of the chooser, edits what a filled one holds. `bytes` is what the block may take.
 int EditCtaDataBlock(UI::Window* parent, VNT::CtaDataBlock& block, int bytes);
 

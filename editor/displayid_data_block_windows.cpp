@@ -44,6 +44,9 @@ constexpr Forms::TFormRow<DisplayIdDataBlock> Forms2[] = {
 
 }  // namespace
 
+std::span<const Forms::TFormRow<DisplayIdDataBlock>> DisplayId1DataBlockForms() { return Forms1; }
+std::span<const Forms::TFormRow<DisplayIdDataBlock>> DisplayId2DataBlockForms() { return Forms2; }
+
 int EditDisplayIdDataBlock(UI::Window* parent, DisplayIdDataBlock& block, int bytes, int version) {
     const auto kinds = DisplayIdDataBlockKinds::All();
     const bool isOfVersion1 = block.IsEmpty() ? version < 2 : Forms::FindForm(Forms1, block.GetType()) != nullptr;

@@ -52,6 +52,10 @@ public:
         : AddWindow(parent, L"AddDisplayId2DataBlockWindow", L"Add Data Block", std::move(offered)) {}
 };
 
+// In the order of the choosers for sections of the two versions.
+std::span<const Forms::TFormRow<VNT::DisplayIdDataBlock>> DisplayId1DataBlockForms();
+std::span<const Forms::TFormRow<VNT::DisplayIdDataBlock>> DisplayId2DataBlockForms();
+
 // Adds to an empty holder by way of the chooser for sections of that version, edits what a filled one holds, of
 // whichever version. `bytes` is what the block may take.
 int EditDisplayIdDataBlock(UI::Window* parent, VNT::DisplayIdDataBlock& block, int bytes, int version);

@@ -95,6 +95,8 @@ constexpr Forms::TFormRow<EdidExtensionBlock> ExtensionBlockForms[] = {
 
 }  // namespace
 
+std::span<const Forms::TFormRow<EdidExtensionBlock>> EdidExtensionBlockForms() { return ExtensionBlockForms; }
+
 int EditEdidExtensionBlock(UI::Window* parent, EdidExtensionBlock& block, int bytes) {
     return Forms::EditHolder<AddEdidExtensionBlockWindow>(parent, block, bytes, ExtensionBlockForms,
                                                           EdidExtensionBlockKinds::All());

@@ -28,5 +28,8 @@ public:
         : AddWindow(parent, L"AddEdidExtensionBlockWindow", L"Add Extension Block", std::move(offered)) {}
 };
 
+// In the order of the chooser, which offers the versions of DisplayID apart.
+std::span<const Forms::TFormRow<VNT::EdidExtensionBlock>> EdidExtensionBlockForms();
+
 // Adds to an empty holder by way of the chooser, edits what a filled one holds.
 int EditEdidExtensionBlock(UI::Window* parent, VNT::EdidExtensionBlock& block, int bytes);

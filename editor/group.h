@@ -131,6 +131,7 @@ public:
             box.SetSelection(*isOther ? other : found);
         };
         number.ShownIf = [isOther] { return *isOther; };
+        last.push_back(&cell);
         return *this;
     }
 
@@ -198,8 +199,8 @@ public:
         auto& cell = AddCell<UI::Controls::Label>(L"Actual: " + pattern + L" " + unit, L"");
         cell.Sizing.push_back(L"(no space left)");
         cell.IsPart = true;
-        cell.Show = [&label = cell.Control, &value = bound.Value, format, unit](const Forms::FieldState& state) {
-            AnyWindow::SetActual(label, format, unit, state.IsAvailable, value);
+        cell.Show = [&label = cell.Control, window = &window, bound, format, unit](const Forms::FieldState&) {
+            AnyWindow::SetActual(label, format, unit, window->HasRoom(bound.Name), bound.Value);
         };
         return *this;
     }

@@ -43,6 +43,19 @@ public:
         AnyWindow::Update();
     }
 
+    bool HasRoom(std::string_view field) const override {
+        return !HasOwnSize || (available.IsProper(field) && available.IsProper("size"));
+    }
+    std::vector<VNT::FieldLimits> GetFieldLimits() const override {
+        if constexpr (requires { item.GetFieldLimits(bytes); }) {
+            return item.GetFieldLimits(bytes);
+        } else if constexpr (requires { item.GetFieldLimits(); }) {
+            return item.GetFieldLimits();
+        } else {
+            return {};
+        }
+    }
+
 protected:
     using TFieldsWindow<Record>::TFieldsWindow;
     using TFieldsWindow<Record>::fields;
@@ -92,3 +105,13 @@ private:
     VNT::ItemStatus status;
     VNT::ItemStatus available;  // of an item that tells this apart: what is open for input, or there is room for
 };
+
+namespace Forms {
+
+// Opens the form on an item: the shape in which lists and tables take a form.
+template <class FormWindow>
+int EditItem(UI::Window* parent, typename FormWindow::Item& item, int bytes) {
+    return FormWindow(parent).Run(item, bytes);
+}
+
+}  // namespace Forms

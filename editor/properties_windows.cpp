@@ -1,5 +1,7 @@
 #include "editor/properties_windows.h"
 
+#include "editor/coordinate_rows.h"
+
 using namespace VNT;
 
 EdidColorCoordinatesWindow::EdidColorCoordinatesWindow(UI::Window* parent)
@@ -12,13 +14,9 @@ EdidColorCoordinatesWindow::EdidColorCoordinatesWindow(UI::Window* parent)
 
 void EdidColorCoordinatesWindow::AddPoint(const std::wstring& caption, Fields::Coordinate x) {
     auto group = Group(caption).Aligned();
-    // The one that is typed leads, the other follows.
-    const auto lead = [this](bool raw) { return [this, raw] { fields.useRaw = raw; }; };
     for (const auto at : {static_cast<std::size_t>(x), static_cast<std::size_t>(x) + 1}) {
-        const char* name = EdidColorCoordinates::Names[at];
-        group.Row(at == static_cast<std::size_t>(x) ? L"x:" : L"y:");
-        group.Number(Forms::TBoundField{fields.value[at], name}, L"0.0000").OnChange(lead(false));
-        group.Label(L"Raw:").Number(Forms::TBoundField{fields.raw[at], name}, L"0000").OnChange(lead(true));
+        AddCoordinateRow(group, fields, at == static_cast<std::size_t>(x) ? L"x:" : L"y:", fields.value[at],
+                         fields.raw[at], EdidColorCoordinates::Names[at]);
     }
 }
 

@@ -37,6 +37,7 @@ public:
     bool IsValid() const { return ValidityOf(*this, FrameSize).proper; }
     bool IsValidAll() const { return ValidityOf(*this, FrameSize).all; }
     ItemStatus GetStatus() const { return StatusOf(*this, FrameSize); }
+    std::vector<FieldLimits> GetFieldLimits() const { return LimitsOf(*this, FrameSize); }
     void Normalize();
     bool operator==(const EdidColorCoordinates&) const = default;
 

@@ -19,7 +19,11 @@ struct EdidColorPoint {
     int reservedBits = 0;
     bool operator==(const EdidColorPoint&) const = default;
 
-    bool IsEmpty() const { return index == Undefined && rawX == Undefined && rawY == Undefined && gamma.IsUndefined(); }
+    // States nothing; a coordinate that has no raw number (1.0) is something all the same.
+    bool IsEmpty() const {
+        return index == Undefined && rawX == Undefined && rawY == Undefined && gamma.IsUndefined() && x.IsUndefined() &&
+               y.IsUndefined();
+    }
     // What was not given of coordinates and raw numbers follows from the other.
     void Link(bool useRaw);
 };

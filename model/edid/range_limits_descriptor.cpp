@@ -2,6 +2,11 @@
 
 namespace VNT {
 
+void EdidRangeLimitsDescriptor::Normalize() {
+    if (timing.GetType() == EdidRangeLimitsTimingTypeId::DefaultGtf) timing.Assign(EdidRangeLimitsDefaultGtfTiming());
+    if (timing.GetType() == EdidRangeLimitsTimingTypeId::Only) timing.Assign(EdidRangeLimitsOnlyTiming());
+}
+
 void EdidRangeLimitsDescriptor::FillTexts(TextTable& table) const {
     table.Set(U"{minvrate}", minVRate);
     table.Set(U"{maxvrate}", maxVRate);

@@ -33,6 +33,9 @@ public:
     EdidRangeLimitsDescriptor() = default;
     explicit EdidRangeLimitsDescriptor(const EdidRangeLimitsDescriptorFields& fields) { SetFields(fields); }
 
+    // What stands behind a timing that has nothing to tell is padding, which no form shows.
+    void Normalize();
+    void NormalizeRead() {}
     void FillTexts(TextTable& table) const;
     // MHz: the maximum less what a CVT timing subtracts.
     Decimal GetActualMaxPixelClock() const;

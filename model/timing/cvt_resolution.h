@@ -23,7 +23,7 @@ struct EdidCvtResolutionRefreshRateEnum {
 };
 
 struct EdidCvtResolutionFields {
-    EdidCvtResolutionFieldsPresentEnum::Enum fieldsPresent = EdidCvtResolutionFieldsPresentEnum::WidthAndHeight;
+    EdidCvtResolutionFieldsPresentEnum::Enum fieldsPresent = EdidCvtResolutionFieldsPresentEnum::HeightAndAspectRatio;
     int width = Undefined;   // pixels
     int height = Undefined;  // lines
     EdidCvtResolutionAspectRatioEnum::Enum aspectRatio = EdidCvtResolutionAspectRatioEnum::Ratio4x3;

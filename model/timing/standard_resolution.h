@@ -15,7 +15,7 @@ struct EdidStandardResolutionAspectRatioEnum {
 
 struct EdidStandardResolutionFields {
     EdidStandardResolutionFieldsPresentEnum::Enum fieldsPresent =
-        EdidStandardResolutionFieldsPresentEnum::WidthAndHeight;
+        EdidStandardResolutionFieldsPresentEnum::WidthAndAspectRatio;
     int width = Undefined;   // pixels
     int height = Undefined;  // lines
     EdidStandardResolutionAspectRatioEnum::Enum aspectRatio = EdidStandardResolutionAspectRatioEnum::Ratio16x10;

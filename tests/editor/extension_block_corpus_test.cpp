@@ -1,32 +1,15 @@
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 
 #include "editor/extension_block_windows.h"
 #include "model/edid/edid.h"
-#include "samples/displays.h"
+#include "tests/support/edids.h"
 #include "ui/headless/driver.h"
 
 // What the forms do to the extension blocks of real displays.
 namespace {
 
 using namespace VNT;
-namespace fs = std::filesystem;
-
-constexpr const char* CorpusFolder = VANTELLE_SOURCE_DIR "/../shared/corpus";
-
-std::vector<Bytes> AllEdids() {
-    std::vector<Bytes> edids;
-    for (const Samples::Display& display : Samples::MakeDisplays()) edids.emplace_back(display.edid);
-    if (!fs::is_directory(CorpusFolder)) return edids;
-    for (const auto& entry : fs::recursive_directory_iterator(CorpusFolder)) {
-        if (!entry.is_regular_file() || entry.path().extension() == ".md") continue;
-        std::ifstream file(entry.path(), std::ios::binary);
-        edids.emplace_back(std::vector<std::uint8_t>(std::istreambuf_iterator<char>(file), {}));
-    }
-    return edids;
-}
+using Testing::NamedEdid;
 
 Bytes BytesOf(const EdidExtensionBlock& block) {
     Bytes bytes(128, 0);
@@ -46,9 +29,12 @@ int EditWith(EdidExtensionBlock& block, const wchar_t* text) {
 
 TEST(ExtensionBlocksOfRealDisplays, CancelChangesNoByteAndOkNormalisesOnce) {
     int opened = 0;
-    for (const Bytes& bytes : AllEdids()) {
+    std::vector<NamedEdid> edids = Testing::Samples();
+    for (NamedEdid& each : Testing::Corpus()) edids.push_back(std::move(each));
+    for (const NamedEdid& each : edids) {
+        SCOPED_TRACE(each.name);
         Edid edid;
-        if (!edid.Read(bytes)) continue;
+        if (!edid.Read(each.bytes)) continue;
         for (const EdidExtensionBlock& original : edid.extensionBlocks) {
             const Bytes before = BytesOf(original);
             EdidExtensionBlock block = original;

@@ -120,4 +120,84 @@ TEST(PropertiesForm, OpensTheColorCoordinates) {
     EXPECT_EQ(fields.colors.raw[EdidColorCoordinates::RedX], 700);
 }
 
+TEST(PropertiesForm, TheSignalTypeOpensItsOwnFields) {
+    Driver driver;
+    EdidPropertiesFields fields = EdidProperties();
+    fields.revision = 4;
+    RunProperties(driver, fields, [&] {
+        EXPECT_FALSE(driver.Find<ComboBox>(L"Analog signal level:").IsEnabled());
+        EXPECT_FALSE(driver.Find<CheckBox>(L"Serrations").IsEnabled());
+        EXPECT_TRUE(driver.Find<ComboBox>(L"Digital color depth:").IsEnabled());
+        EXPECT_TRUE(driver.Find<CheckBox>(L"YCbCr 4:2:2").IsEnabled());
+        EXPECT_FALSE(driver.Find<ComboBox>(L"Color type:").IsEnabled());
+        driver.Choose(driver.Find<ComboBox>(L"Digital color depth:"), L"30-bit (10 bpc)");
+        driver.Choose(driver.Find<ComboBox>(L"Signal type:"), L"Analog");
+        EXPECT_TRUE(driver.Find<CheckBox>(L"Serrations").IsEnabled());
+        EXPECT_FALSE(driver.Find<ComboBox>(L"Digital color depth:").IsEnabled());
+        EXPECT_FALSE(driver.Find<ComboBox>(L"Digital interface:").IsEnabled());
+        EXPECT_TRUE(driver.Find<ComboBox>(L"Color type:").IsEnabled());
+        driver.Choose(driver.Find<ComboBox>(L"Signal type:"), L"Digital");
+        EXPECT_EQ(driver.Find<ComboBox>(L"Digital color depth:").GetSelection(), 0) << "what went is at its default";
+        driver.Press(Key::Escape);
+    });
+}
+
+TEST(PropertiesForm, TheScreenInformationChoosesSizeOrRatio) {
+    Driver driver;
+    EdidPropertiesFields fields = EdidProperties();
+    fields.revision = 4;
+    EXPECT_EQ(RunProperties(driver, fields,
+                            [&] {
+                                auto& screen = driver.Find<ComboBox>(L"Screen information:");
+                                driver.Choose(screen, L"Screen size");
+                                EXPECT_TRUE(driver.Find<TextBox>(L"Screen size:").IsEnabled());
+                                EXPECT_FALSE(driver.Find<Button>(L"OK").IsEnabled()) << "a size needs both sides";
+                                driver.Choose(screen, L"Portrait aspect ratio");
+                                EXPECT_FALSE(driver.Find<TextBox>(L"Screen size:").IsEnabled());
+                                driver.Enter(driver.Find<TextBox>(L"Aspect ratio:"), L"1.78");
+                                driver.Press(Key::Return);
+                            }),
+              IdOk);
+    EXPECT_EQ(fields.screenFieldsPresent, EdidScreenFieldsPresentEnum::PortraitAspectRatio);
+    EXPECT_EQ(fields.aspectRatio, Decimal(178, 2));
+    EXPECT_EQ(fields.horizontalSize, Undefined);
+}
+
+TEST(PropertiesForm, AnInterfaceWithoutARowIsAnotherNumber) {
+    Driver driver;
+    EdidPropertiesFields fields = EdidProperties();
+    fields.revision = 4;
+    fields.screenFieldsPresent = EdidScreenFieldsPresentEnum::None;
+    fields.digitalInterface = static_cast<EdidDigitalInterfaceEnum::Enum>(9);
+    EXPECT_EQ(RunProperties(driver, fields,
+                            [&] {
+                                auto& box = driver.Find<TextBox>(L"Digital interface:");
+                                EXPECT_EQ(box.GetText(), L"9");
+                                driver.Enter(box, L"16");
+                                EXPECT_FALSE(box.HasValidStyle());
+                                driver.Enter(box, L"15");
+                                driver.Press(Key::Return);
+                            }),
+              IdOk);
+    EXPECT_EQ(static_cast<int>(fields.digitalInterface), 15);
+}
+
+TEST(PropertiesForm, AnEmptySerialNumberIsNone) {
+    Driver driver;
+    EdidPropertiesFields fields = EdidProperties();
+    fields.serialNumber = 4294967295;
+    EXPECT_EQ(RunProperties(driver, fields,
+                            [&] {
+                                auto& box = driver.Find<TextBox>(L"Serial number:");
+                                EXPECT_EQ(box.GetText(), L"4294967295");
+                                driver.Enter(box, L"0");
+                                EXPECT_FALSE(box.HasValidStyle());
+                                driver.Enter(box, L"");
+                                EXPECT_TRUE(box.HasValidStyle());
+                                driver.Press(Key::Return);
+                            }),
+              IdOk);
+    EXPECT_EQ(fields.serialNumber, Undefined);
+}
+
 }  // namespace

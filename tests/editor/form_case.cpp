@@ -1,0 +1,85 @@
+#include "tests/editor/form_case.h"
+
+#include "editor/all_forms.h"
+#include "tests/support/items.h"
+
+namespace VNT::Testing {
+
+namespace {
+
+template <class X>
+class TFormCase : public FormCase {
+public:
+    explicit TFormCase(Forms::TFormSample<X> given) : sample(std::move(given)), item(sample.item) {
+        name = sample.name;
+    }
+
+    int Edit() override { return sample.edit(nullptr, item, sample.bytes); }
+    void Renew() override { item = sample.item; }
+    bool IsNew() const override { return item == sample.item; }
+    bool IsSound() const override { return item.IsValid(); }
+    bool IsEmpty() const override {
+        if constexpr (IsHolder) return item.IsEmpty();
+        return false;
+    }
+    void ExpectToComeBack() const override {
+        const Bytes bytes = Written(item);
+        ASSERT_FALSE(bytes.IsEmpty());
+        const X again = ReadBack(bytes);
+        EXPECT_EQ(Written(again), bytes);
+        if constexpr (requires(String & text) { item.GetText(text); }) EXPECT_EQ(TextOf(again), TextOf(item));
+    }
+
+private:
+    static constexpr bool IsHolder = requires(const X& x) { X(x.Clone()); };
+
+    Bytes Written(const X& written) const {
+        if constexpr (requires { written.GetSize(); }) {
+            return BytesOf(written, written.GetSize());
+        } else {
+            return BytesOf(written, sample.bytes);
+        }
+    }
+    // By the class itself, which its family's holder may not read.
+    X ReadBack(const Bytes& bytes) const {
+        if constexpr (IsHolder) {
+            auto fresh = item.Clone();
+            EXPECT_TRUE(fresh->Read(bytes));
+            return X(std::move(fresh));
+        } else {
+            X fresh;
+            if constexpr (requires { fresh.Read(bytes, bytes.Size()); }) {
+                EXPECT_TRUE(fresh.Read(bytes, bytes.Size()));
+            } else {
+                EXPECT_TRUE(fresh.Read(bytes));
+            }
+            return fresh;
+        }
+    }
+
+    Forms::TFormSample<X> sample;
+    X item;
+};
+
+// A generic visitor that adds each sample as a case.
+auto AddTo(FormCases& cases) {
+    return [&cases]<class X>(Forms::TFormSample<X> sample) {
+        cases.push_back(std::make_shared<TFormCase<X>>(std::move(sample)));
+    };
+}
+
+}  // namespace
+
+FormCases AllForms() {
+    FormCases cases;
+    Forms::ForEachForm(AddTo(cases));
+    return cases;
+}
+
+FormCases AllChoosers() {
+    FormCases cases;
+    Forms::ForEachChooser(AddTo(cases));
+    return cases;
+}
+
+}  // namespace VNT::Testing

@@ -1,0 +1,36 @@
+// A form with an item to try it on, whatever the item's class is.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ui/window.h"
+
+namespace VNT::Testing {
+
+class FormCase {
+public:
+    virtual ~FormCase() = default;
+
+    // Opens the form on the item; its modal result.
+    virtual int Edit() = 0;
+    // The item is a new one again; whether it is equal to a new one.
+    virtual void Renew() = 0;
+    virtual bool IsNew() const = 0;
+    virtual bool IsSound() const = 0;
+    // For an empty holder, which a chooser fills.
+    virtual bool IsEmpty() const = 0;
+    // The item's bytes are read as an item that has the same bytes and says the same of itself.
+    virtual void ExpectToComeBack() const = 0;
+
+    std::string name;
+};
+
+using FormCases = std::vector<std::shared_ptr<FormCase>>;
+
+// All forms, and all choosers.
+FormCases AllForms();
+FormCases AllChoosers();
+
+}  // namespace VNT::Testing

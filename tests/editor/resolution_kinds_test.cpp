@@ -1,0 +1,159 @@
+#include "tests/editor/resolution_form.h"
+
+namespace {
+
+using namespace VNT;
+using namespace VNT::Testing;
+using namespace UI;
+using namespace UI::Controls;
+
+TEST_F(ResolutionForm, CopyAndPasteCarryTheTimingToAnotherForm) {
+    EdidDetailedResolution item;
+    Run(item, [&] {
+        EXPECT_FALSE(driver.Find<Button>(L"Paste").IsEnabled());
+        Choose(L"CVT-RB standard");
+        Picture(L"2560", L"1440", L"60");
+        Click(L"Copy");
+        EXPECT_FALSE(driver.Find<Button>(L"Copy").IsEnabled());
+        Confirm();
+    });
+    DisplayId1DetailedResolution other;
+    EXPECT_EQ(Open<DisplayId1DetailedResolutionWindow>(other,
+                                                       [&] {
+                                                           Click(L"Paste");
+                                                           Click(L"OK");
+                                                       }),
+              IdOk);
+    EXPECT_EQ(other.hactive, 2560);
+    EXPECT_EQ(other.timing, DetailedResolutionTimingEnum::CvtRb);
+    EXPECT_EQ(other.hfront, item.hfront);
+}
+
+TEST_F(ResolutionForm, ATimingThatIsTooWideForTheEdidIsPastedAndRed) {
+    DisplayId1DetailedResolution wide;
+    wide.hactive = 5120;
+    Open<DisplayId1DetailedResolutionWindow>(wide, [&] {
+        Click(L"Copy");
+        Leave();
+    });
+    EdidDetailedResolution item;
+    Run(item, [&] {
+        Click(L"Paste");
+        EXPECT_EQ(Box(L"Active:", Horizontal).GetText(), L"5120");
+        EXPECT_FALSE(Box(L"Active:", Horizontal).HasValidStyle());
+        EXPECT_FALSE(CanConfirm());
+        Leave();
+    });
+}
+
+TEST_F(ResolutionForm, PastingKeepsTheAddedFieldsUnlessItIsOfTheSameKind) {
+    EdidDetailedResolution copied;
+    copied.imageWidth = 531;
+    copied.hactive = 800;
+    Run(copied, [&] {
+        Click(L"Copy");
+        Leave();
+    });
+    const auto paste = [&] {
+        Click(L"Paste");
+        EXPECT_FALSE(driver.Find<Button>(L"Copy").IsEnabled());
+        EXPECT_FALSE(driver.Find<Button>(L"Paste").IsEnabled());
+        Confirm();
+    };
+    EdidDetailedResolution same;
+    same.imageWidth = 600;
+    Run(same, paste);
+    EXPECT_EQ(same.imageWidth, 531);
+    EXPECT_EQ(same.hactive, 800);
+
+    DisplayId2DetailedResolution other;
+    other.aspectRatio = DisplayIdDetailedResolutionAspectRatioEnum::Ratio16x9;
+    other.preferred = true;
+    EXPECT_EQ(Open<DisplayId2DetailedResolutionWindow>(other,
+                                                       [&] {
+                                                           Click(L"Paste");
+                                                           EXPECT_TRUE(driver.Find<Button>(L"Copy").IsEnabled())
+                                                               << "of another kind is never equal";
+                                                           Click(L"OK");
+                                                       }),
+              IdOk);
+    EXPECT_EQ(other.hactive, 800);
+    EXPECT_EQ(other.aspectRatio, DisplayIdDetailedResolutionAspectRatioEnum::Ratio16x9);
+    EXPECT_TRUE(other.preferred);
+}
+
+TEST_F(ResolutionForm, TheOtherFieldsShowWhenAskedFor) {
+    EdidDetailedResolution item;
+    Run(item, [&] {
+        EXPECT_ANY_THROW(Box(L"Image size:"));
+        Click(L"\u25BC");
+        auto& box = Box(L"Image size:");
+        driver.Enter(box, L"531");
+        Click(L"\u25B2");
+        EXPECT_FALSE(box.IsVisible());
+        Confirm();
+    });
+    EXPECT_EQ(item.imageWidth, 531);
+}
+
+TEST_F(ResolutionForm, AModeMakesTheSyncDigitalAndSeparate) {
+    EdidDetailedResolution item;
+    item.syncType = EdidDetailedResolutionSyncTypeEnum::AnalogComposite;
+    item.serrations = true;
+    Run(item, [&] {
+        Click(L"\u25BC");
+        const ComboBox& type = driver.Find<ComboBox>(L"Sync type:");
+        EXPECT_TRUE(driver.Find<CheckBox>(L"Serrations").IsEnabled());
+        EXPECT_FALSE(driver.Find<ComboBox>(L"Sync polarity:").IsEnabled());
+        Choose(L"CVT standard");
+        EXPECT_EQ(type.GetItemText(type.GetSelection()), L"Digital separate");
+        EXPECT_FALSE(type.IsEnabled());
+        EXPECT_FALSE(driver.Find<CheckBox>(L"Serrations").IsEnabled());
+        Confirm();
+    });
+    EXPECT_EQ(item.syncType, EdidDetailedResolutionSyncTypeEnum::DigitalSeparate);
+}
+
+TEST_F(ResolutionForm, EachKindHasItsTitleAndItsOwnFields) {
+    const auto look = [&](auto item, auto open, const wchar_t* title, const wchar_t* flag) {
+        EXPECT_EQ(open(item,
+                       [&] {
+                           EXPECT_EQ(driver.GetWindow().GetTitle(), title);
+                           Click(L"\u25BC");
+                           driver.Click(driver.Find<CheckBox>(flag));
+                           driver.Choose(driver.Find<ComboBox>(L"Aspect ratio:"), L"64:27");
+                           driver.Choose(driver.Find<ComboBox>(L"3D support:"), L"Mono or stereo");
+                           Confirm();
+                       }),
+                  IdOk);
+        EXPECT_TRUE(item.preferred);
+        EXPECT_EQ(item.aspectRatio, DisplayIdDetailedResolutionAspectRatioEnum::Ratio64x27);
+        EXPECT_EQ(item.stereo, DisplayIdDetailedResolutionStereoEnum::MonoOrStereo);
+    };
+    const auto in = [this]<class FormWindow>(std::type_identity<FormWindow>) {
+        return [this](auto& item, const auto& steps) { return Open<FormWindow>(item, steps); };
+    };
+    look(DisplayId1DetailedResolution(), in(std::type_identity<DisplayId1DetailedResolutionWindow>()),
+         L"Detailed Resolution", L"Preferred");
+    look(DisplayId2DetailedResolution(), in(std::type_identity<DisplayId2DetailedResolutionWindow>()),
+         L"Detailed Resolution", L"Preferred");
+    look(DisplayId2DetailedResolutionR2(), in(std::type_identity<DisplayId2DetailedResolutionWindowR2>()),
+         L"Detailed Resolution r2", L"4:2:0");
+}
+
+TEST_F(ResolutionForm, TheActualRatesGiveWayWhereTheDescriptorHasNoRoomForTheItem) {
+    const auto look = [this](int bytes, const wchar_t* text) {
+        DisplayId2DetailedResolution item;
+        item.extraBytes = Bytes{1, 2};
+        driver.Then([&] {
+            driver.Find<Label>(text);
+            Leave();
+        });
+        DisplayId2DetailedResolutionWindow window(nullptr);
+        EXPECT_EQ(window.Run(item, bytes), IdCancel);
+    };
+    look(22, L"Actual: 60.000 Hz");
+    look(21, L"(no space left)");
+}
+
+}  // namespace
