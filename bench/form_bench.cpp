@@ -1,12 +1,8 @@
 // What a user of the editor waits for after each input: the refresh of each form, and a key in the resolution form.
 #include <benchmark/benchmark.h>
 
-#include "editor/descriptor_windows.h"
+#include "editor/all_forms.h"
 #include "editor/main_window.h"
-#include "editor/properties_windows.h"
-#include "editor/resolution_windows.h"
-#include "editor/short_resolution_windows.h"
-#include "model/timing/edid_detailed_resolution.h"
 #include "samples/displays.h"
 #include "ui/headless/driver.h"
 
@@ -67,30 +63,6 @@ void MainWindowToggle(benchmark::State& state) {
 }
 BENCHMARK(MainWindowToggle)->Arg(1)->Arg(2)->Arg(256)->Unit(benchmark::kMicrosecond);
 
-// The forms of a family: each kind that has one.
-template <class Holder, class Kinds>
-void AddForms(const std::string& family, const Kinds& kinds, int (*edit)(UI::Window*, Holder&, int)) {
-    for (const auto& kind : kinds) {
-        const auto open = [edit, &kind] {
-            Holder holder(kind.make());
-            edit(nullptr, holder, kind.addSize);
-        };
-        if (!WithWindow(open, [](Driver&) {})) continue;
-        benchmark::RegisterBenchmark((family + "/" + kind.title).c_str(),
-                                     [open](benchmark::State& state) { MeasureUpdate(state, open); });
-    }
-}
-
-template <class Window, class Item>
-void AddForm(const char* name) {
-    benchmark::RegisterBenchmark(name, [](benchmark::State& state) {
-        MeasureUpdate(state, [] {
-            Item item;
-            Window(nullptr).Run(item);
-        });
-    });
-}
-
 // A digit into "Active:" and away again, with one of the timing modes at work.
 void TypeDigit(benchmark::State& state, const std::string& mode) {
     EdidDetailedResolution item;
@@ -111,13 +83,14 @@ void TypeDigit(benchmark::State& state, const std::string& mode) {
 }
 
 const bool formsAdded = [] {
-    AddForms<EdidDescriptor>("Update", EdidDescriptorKinds::All(), &EditEdidDescriptor);
-    AddForm<EdidPropertiesWindow, EdidPropertiesFields>("Update/Properties");
-    AddForm<EdidColorCoordinatesWindow, EdidColorCoordinates>("Update/Color coordinates");
-    AddForm<EdidStandardResolutionWindow, EdidStandardResolution>("Update/Standard resolution");
-    AddForm<EdidCvtResolutionWindow, EdidCvtResolution>("Update/CVT resolution");
-    AddForm<DisplayId1DetailedResolutionWindow, DisplayId1DetailedResolution>("Update/DisplayID 1 resolution");
-    AddForm<DisplayId2DetailedResolutionWindow, DisplayId2DetailedResolution>("Update/DisplayID 2 resolution");
+    Forms::ForEachForm([](const auto& sample) {
+        benchmark::RegisterBenchmark(("Update/" + sample.name).c_str(), [sample](benchmark::State& state) {
+            MeasureUpdate(state, [&sample] {
+                auto item = sample.item;
+                sample.edit(nullptr, item, sample.bytes);
+            });
+        });
+    });
     for (const auto& mode : DetailedResolutionTimingEnum::Texts) {
         benchmark::RegisterBenchmark(
             (std::string("Key/") + mode.text).c_str(),

@@ -30,7 +30,7 @@ int EditWith(EdidExtensionBlock& block, const wchar_t* text) {
 TEST(ExtensionBlocksOfRealDisplays, CancelChangesNoByteAndOkNormalisesOnce) {
     int opened = 0;
     std::vector<NamedEdid> edids = Testing::Samples();
-    for (NamedEdid& each : Testing::Corpus()) edids.push_back(std::move(each));
+    for (NamedEdid& each : Testing::Corpus(VANTELLE_SOURCE_DIR)) edids.push_back(std::move(each));
     for (const NamedEdid& each : edids) {
         SCOPED_TRACE(each.name);
         Edid edid;

@@ -27,7 +27,7 @@ public:
         ASSERT_FALSE(bytes.IsEmpty());
         const X again = ReadBack(bytes);
         EXPECT_EQ(Written(again), bytes);
-        if constexpr (requires(String & text) { item.GetText(text); }) EXPECT_EQ(TextOf(again), TextOf(item));
+        if constexpr (requires(String & text) { item.GetText(text); }) ExpectSameText(again);
     }
 
 private:
@@ -40,6 +40,7 @@ private:
             return BytesOf(written, sample.bytes);
         }
     }
+    void ExpectSameText(const X& again) const { EXPECT_EQ(TextOf(again), TextOf(item)); }
     // By the class itself, which its family's holder may not read.
     X ReadBack(const Bytes& bytes) const {
         if constexpr (IsHolder) {

@@ -187,7 +187,8 @@ TEST_P(EachChooser, LeadsFromEachRowToItsFormOrToANewItem) {
             isForm = true;
             user.driver.Press(Key::Escape);
         });
-        EXPECT_EQ(chooser.Edit(), isForm || user.driver.CountStepsLeft() == 0 ? IdCancel : IdOk);
+        const int result = chooser.Edit();
+        EXPECT_EQ(result, isForm ? IdCancel : IdOk);
         EXPECT_EQ(chooser.IsEmpty(), isForm);
     }
     EXPECT_GT(count, 1u);

@@ -28,10 +28,10 @@ inline std::vector<NamedEdid> Samples() {
     return edids;
 }
 
-// By name; empty where there is no corpus.
-inline std::vector<NamedEdid> Corpus() {
+// By name; empty where there is no corpus beside the project, whose folder is `source`.
+inline std::vector<NamedEdid> Corpus(const std::string& source) {
     namespace fs = std::filesystem;
-    constexpr const char* folder = VANTELLE_SOURCE_DIR "/../shared/corpus";
+    const std::string folder = source + "/../shared/corpus";
     std::vector<NamedEdid> edids;
     if (!fs::is_directory(folder)) return edids;
     for (const auto& entry : fs::recursive_directory_iterator(folder)) {
