@@ -61,17 +61,19 @@ void MainWindow::AddDisplayRow() {
 
 void MainWindow::AddLists() {
     const EdidLimits limits = Edid().GetAllLimits();
-    const auto add = [this](auto field, const ListCaptions& captions, SlotListLimits room, auto edit) -> auto& {
+    // So few rows that the window fits a screen of 1080 lines at 150 %.
+    const auto add = [this](auto field, const ListCaptions& captions, SlotListLimits room, auto edit,
+                            int rows) -> auto& {
         auto& editor = Group(L"").List(
-            field, captions, [room] { return room; }, edit);
+            field, captions, [room] { return room; }, edit, rows);
         clearSelections.push_back([&editor] { editor.ClearSelection(); });
         return editor;
     };
-    add(Field<&Fields::descriptors>, DescriptorCaptions, limits.descriptors, &EditEdidDescriptor)
+    add(Field<&Fields::descriptors>, DescriptorCaptions, limits.descriptors, &EditEdidDescriptor, 4)
         .SetInserter(&InsertDescriptor);
     add(Field<&Fields::standardResolutions>, StandardResolutionCaptions, limits.standardResolutions,
-        &EditEdidStandardResolution);
-    add(Field<&Fields::extensionBlocks>, ExtensionBlockCaptions, limits.extensionBlocks, &EditEdidExtensionBlock);
+        &EditEdidStandardResolution, 3);
+    add(Field<&Fields::extensionBlocks>, ExtensionBlockCaptions, limits.extensionBlocks, &EditEdidExtensionBlock, 3);
 }
 
 void MainWindow::Load(int index) {

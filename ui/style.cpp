@@ -8,6 +8,8 @@ namespace {
 
 constexpr Color InvalidRed = 0x0000FF;
 
+std::optional<Appearance> imposed;
+
 // One colour in the three themes.
 struct Shade {
     Color Light;
@@ -225,6 +227,10 @@ StateStyle ListBoxStyle::GetItem(bool enabled, bool selected) const {
 
 StyleTable BuildStyleTable(int dpi, Theme theme) { return Builder(dpi, theme).table; }
 
-StyleTable BuildStyleTable(int dpi) { return BuildStyleTable(dpi, ChooseTheme()); }
+StyleTable BuildStyleTable(int dpi) {
+    return imposed ? BuildStyleTable(imposed->Dpi, imposed->Theme) : BuildStyleTable(dpi, ChooseTheme());
+}
+
+void SetAppearance(const std::optional<Appearance>& appearance) { imposed = appearance; }
 
 }  // namespace UI

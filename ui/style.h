@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "ui/font.h"
 #include "ui/types.h"
@@ -178,8 +179,16 @@ LayoutMetrics GetLayoutMetrics(int dpi, int scrollBarWidth);
 // The table of a given theme. High contrast takes the system's colours of this moment.
 StyleTable BuildStyleTable(int dpi, Theme theme);
 
-// The table of the theme that the system asks for now.
+// The table of the theme that the system asks for now, or what `SetAppearance` put in its place.
 StyleTable BuildStyleTable(int dpi);
+
+// What new windows look like whatever the system asks for, so that pictures can be taken of them; nothing for the
+// system's wishes again.
+struct Appearance {
+    int Dpi;
+    UI::Theme Theme;
+};
+void SetAppearance(const std::optional<Appearance>& appearance);
 
 // Gives the table to the window and to each of its controls, and redraws them.
 void ApplyTheme(Window& window, const StyleTable& table);

@@ -1,11 +1,20 @@
 #include "ui/window.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "ui/message.h"
 #include "ui/native.h"
 
 namespace UI {
+
+namespace {
+
+Window* running = nullptr;
+
+}  // namespace
+
+Window* Window::GetRunning() { return running; }
 
 Window::Registration::Registration(const std::wstring& className) : className(className) {
     if (!Native::AddWindowClass(className)) throw L"RegisterClassExW failed.";
@@ -83,7 +92,7 @@ void Window::StorePlace() {
 int Window::Run() {
     // Also when a handler throws through the loop, the parent must be usable again.
     struct Shown {
-        explicit Shown(Window& window) : window(window) {
+        explicit Shown(Window& window) : window(window), outer(std::exchange(running, &window)) {
             if (window.parent) {
                 focus = Native::GetFocus();
                 Native::SetEnabled(window.parent->handle, false);
@@ -97,8 +106,10 @@ int Window::Run() {
                 Native::SetFocus(focus);
             }
             Native::SetVisible(window.handle, false);
+            running = outer;
         }
         Window& window;
+        Window* outer;
         Handle focus = nullptr;
     };
     const Shown shown(*this);

@@ -34,6 +34,8 @@ public:
     // `EndRun` ends this innermost loop, then hides it. The result is the one that was given to `EndRun`, or -1 when
     // the loop failed.
     int Run();
+    // The one whose loop is the innermost, or null.
+    static Window* GetRunning();
     // Size of the client area in pixels; the frame comes on top.
     bool SetClientSize(int width, int height);
     // Pixels on the screen.

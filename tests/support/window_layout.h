@@ -37,18 +37,33 @@ inline bool Overlap(const UI::Control& a, const UI::Control& b) {
     return a.GetX() < b.GetRight() && b.GetX() < a.GetRight() && a.GetY() < b.GetBottom() && b.GetY() < a.GetBottom();
 }
 
+// Whether it stands neither within the box nor apart from it, caption and all.
+inline bool Crosses(const UI::Control& control, const UI::Controls::GroupBox& box) {
+    if (control.GetX() >= box.GetRight() || control.GetRight() <= box.GetX() || control.GetY() >= box.GetBottom() ||
+        control.GetBottom() <= box.GetY() - box.GetOverhang())
+        return false;
+    const UI::Rect content = box.GetContentRect();
+    return control.GetX() < content.Left || control.GetRight() > content.Right || control.GetY() < content.Top ||
+           control.GetBottom() > content.Bottom;
+}
+
 inline std::wstring Named(const UI::Control& control) { return L"\"" + control.GetText() + L"\""; }
 
-// A visible control that stands outside the window, is cut off or covers another, or that Tab comes to from below; or
-// nothing.
+// A visible control that stands outside the window, is cut off, covers another or the frame of a group, or that Tab
+// comes to from below; or nothing.
 inline std::wstring FindMisplaced(const UI::Window& window) {
     std::vector<const UI::Control*> seen;
+    std::vector<const UI::Controls::GroupBox*> boxes;
     const UI::Control* last = nullptr;
     for (const UI::Control* control : window.GetControls()) {
         if (!control->IsVisible()) continue;
         if (!IsInside(*control, window)) return Named(*control) + L" stands outside its window";
         if (IsCutOff(*control)) return Named(*control) + L" is cut off";
+        if (const auto* box = dynamic_cast<const UI::Controls::GroupBox*>(control)) boxes.push_back(box);
         if (IsFrame(*control)) continue;
+        for (const auto* box : boxes) {
+            if (Crosses(*control, *box)) return Named(*control) + L" covers the frame of " + Named(*box);
+        }
         for (const UI::Control* other : seen) {
             if (Overlap(*control, *other)) return Named(*control) + L" covers " + Named(*other);
         }
