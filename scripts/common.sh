@@ -32,25 +32,31 @@ on_screen() {
     xvfb-run -a -s '-screen 0 1920x1440x24' timeout -k 10 "$seconds" "$@"
 }
 
-# wine_prefix NAME: makes build/NAME with the sample displays once (again when they or this file change), and sets
-# WINEPREFIX to it. Its registry answers as Windows 10. The windows of the tests are none of a window manager's, for
-# without one Wine waits two seconds at each that closes.
+# wine_prefix NAME [PROGRAM...]: makes build/NAME with the sample displays once (again when they or this file change),
+# and sets WINEPREFIX to it. Its registry answers as Windows 10. The windows of the programs are none of a window
+# manager's: without one Wine waits two seconds at each that closes.
 wine_prefix() {
     export WINEPREFIX="$PWD/build/$1" WINEDEBUG=-all WINEARCH=win64 WINEDLLOVERRIDES="mscoree,mshtml="
+    shift
     build native make-samples
     mkdir -p build/samples
     build/native/bin/make-samples build/samples
-    local wanted
-    wanted=$(cat build/samples/displays.reg scripts/common.sh | md5sum)
+    local wanted program
+    wanted=$( (cat build/samples/displays.reg scripts/common.sh; echo "$@") | md5sum)
     [ "$(cat "$WINEPREFIX/made-from" 2>/dev/null)" = "$wanted" ] && return
-    echo "making the Wine prefix build/$1"
+    echo "making the Wine prefix $WINEPREFIX"
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"
     on_screen 180 wineboot -i >/dev/null 2>&1
     on_screen 60 wine reg add 'HKCU\Software\Wine' /v Version /d win10 /f >/dev/null 2>&1
-    on_screen 60 wine reg add 'HKCU\Software\Wine\AppDefaults\ui_win32_test.exe\X11 Driver' /v Managed /d N /f \
-        >/dev/null 2>&1
+    for program in "$@"; do
+        on_screen 60 wine reg add "HKCU\\Software\\Wine\\AppDefaults\\$program\\X11 Driver" /v Managed /d N /f \
+            >/dev/null 2>&1
+    done
     on_screen 60 wine regedit /S build/samples/displays.reg >/dev/null 2>&1
     timeout 60 wineserver -w || true
     echo "$wanted" > "$WINEPREFIX/made-from"
 }
+
+# The prefix of the test programs.
+wine_test_prefix() { wine_prefix wine-test ui_win32_test.exe editor_windows_test.exe Vantelle.exe; }

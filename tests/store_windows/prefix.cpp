@@ -13,8 +13,9 @@ constexpr DWORD PropertyText = 0xFFFF0012;  // how Wine marks a property that is
 
 class Key {
 public:
-    explicit Key(const std::wstring& path, REGSAM access = KEY_READ | KEY_WRITE) {
-        RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, access, nullptr, &key_, nullptr);
+    explicit Key(const std::wstring& path, DWORD options = REG_OPTION_NON_VOLATILE) {
+        RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, options, KEY_READ | KEY_WRITE, nullptr, &key_,
+                        nullptr);
     }
     ~Key() { RegCloseKey(key_); }
     Key(const Key&) = delete;
@@ -72,7 +73,7 @@ void PrefixTest::Add(const PrefixDisplay& display) {
     device.PutText(L"HardwareID", L"MONITOR\\" + display.hardware + std::wstring(1, L'\0'), REG_MULTI_SZ);
     Key(display.Path() + Properties + L"000B").PutText(nullptr, display.driverKey, PropertyText);
     Key(display.Path() + Properties + L"0002").PutText(nullptr, display.description, PropertyText);
-    const Key parameters(display.ParametersPath());
+    const Key parameters(display.ParametersPath(), display.refusesKeys ? REG_OPTION_VOLATILE : REG_OPTION_NON_VOLATILE);
     if (!display.edid.IsEmpty()) parameters.PutBytes(L"EDID", display.edid);
 
     const std::wstring path = InterfacePath(display);

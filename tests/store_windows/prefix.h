@@ -19,7 +19,8 @@ struct PrefixDisplay {
     std::wstring instance;  // "4&1&0&UID1"
     std::wstring driverKey;
     std::wstring description;
-    Bytes edid;  // empty: no value
+    Bytes edid;                // empty: no value
+    bool refusesKeys = false;  // its key lasts until the next start only, so that no lasting one can be made below it
 
     std::wstring InstanceId() const { return L"DISPLAY\\" + hardware + L"\\" + instance; }
     std::wstring Path() const { return L"System\\CurrentControlSet\\Enum\\" + InstanceId(); }

@@ -1,0 +1,137 @@
+// Every form of the editor on real windows and fonts. With VANTELLE_PICTURES=FOLDER in the environment a picture of
+// each is left in there.
+#include <windows.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <utility>
+
+#include "editor/main_window.h"
+#include "model/edid/text_descriptor.h"
+#include "store/load.h"
+#include "store/windows/windows_platform.h"
+#include "tests/editor/form_tour.h"
+#include "tests/support/window_layout.h"
+#include "ui/session.h"
+#include "ui/win32/picture.h"
+
+namespace Testing {
+
+namespace {
+
+// The step that runs inside the next modal loop, once its window is painted: a timer comes after all other messages,
+// and after the end of a loop that is ending.
+class NextStep {
+public:
+    NextStep() : window(CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr)) {
+        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure));
+    }
+    NextStep(const NextStep&) = delete;
+    NextStep& operator=(const NextStep&) = delete;
+    ~NextStep() { DestroyWindow(window); }
+
+    // In place of one that waits.
+    void Set(std::function<void()> newStep) {
+        step = std::move(newStep);
+        SetTimer(window, Timer, USER_TIMER_MINIMUM, nullptr);
+    }
+
+private:
+    static constexpr UINT_PTR Timer = 1;
+
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (message != WM_TIMER) return DefWindowProcW(window, message, wParam, lParam);
+        KillTimer(window, Timer);
+        std::exchange(reinterpret_cast<NextStep*>(GetWindowLongPtrW(window, GWLP_USERDATA))->step, nullptr)();
+        return 0;
+    }
+
+    std::function<void()> step;
+    HWND window;
+};
+
+// The displays of the prefix, and one with room for everything.
+VNT::DisplayList GetDisplays() {
+    VNT::WindowsPlatform platform([](const wchar_t*) {});
+    VNT::DisplayList displays;
+    VNT::LoadDisplays(platform, displays, false);
+    VNT::Display empty;
+    empty.InstanceId = L"DISPLAY\\AAA0000\\0";
+    empty.DeviceDescription = L"Empty";
+    empty.CurrentData = empty.EdidData = VNT::Edid(VNT::EdidFields()).GetBytes();
+    displays.push_back(empty);
+    return displays;
+}
+
+struct Scene {
+    const char* Name;
+    UI::Appearance Appearance;
+    bool IsForPictures = false;  // the layout is that of another theme
+};
+
+class FormsOnScreen : public testing::TestWithParam<Scene> {
+protected:
+    FormsOnScreen() {
+        UI::SetAppearance(GetParam().Appearance);
+        // The pointer shall be over none of the windows.
+        SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);
+    }
+    ~FormsOnScreen() override { UI::SetAppearance(std::nullopt); }
+
+    void SetUp() override {
+        if (GetParam().IsForPictures && !pictures) GTEST_SKIP() << "no pictures are wanted";
+    }
+
+    void Look(UI::Window& form, const std::string& name) {
+        EXPECT_EQ(VNT::Testing::FindMisplaced(form), L"") << name;
+        // A screen of 1080 lines at 150 % has this much room between title bar and task bar.
+        EXPECT_LE(form.GetClientHeight(), 640 * GetParam().Appearance.Dpi / 96) << name;
+        if (!pictures) return;
+        const auto folder = std::filesystem::path(pictures) / GetParam().Name;
+        std::filesystem::create_directories(folder);
+        form.Redraw();
+        EXPECT_TRUE(UI::SavePicture(form, folder / (name + ".png"))) << name;
+    }
+
+    UI::Session session;
+    const char* pictures = std::getenv("VANTELLE_PICTURES");
+};
+
+}  // namespace
+
+TEST_P(FormsOnScreen, ShowTheirControlsWholeAndApart) {
+    const VNT::DisplayList displays = GetDisplays();
+    MainWindow window(displays);
+    NextStep next;
+    FormTour tour([&next](auto step) { next.Set(std::move(step)); },
+                  [this](UI::Window& form, const std::string& name) { Look(form, name); });
+    next.Set([&] {
+        auto* choice = dynamic_cast<UI::Controls::ComboBox*>(
+            *std::find_if(window.GetControls().begin(), window.GetControls().end(),
+                          [](UI::Control* control) { return control->GetKind() == UI::ControlKind::ComboBox; }));
+        for (int i = 0; i < choice->GetCount(); ++i) {
+            choice->SetSelection(i);
+            choice->DispatchNotification(UI::Controls::ComboBox::SelectionChanged);
+            tour.Begin(window, "MainWindow-" + std::to_string(i));
+        }
+        UI::EndRun(UI::IdCancel);
+    });
+    EXPECT_EQ(window.Run(), UI::IdCancel);
+    EXPECT_GT(tour.GetSeen().size(), 5u);
+}
+
+constexpr auto Light = UI::Theme::Light;
+constexpr auto Dark = UI::Theme::Dark;
+INSTANTIATE_TEST_SUITE_P(At, FormsOnScreen,
+                         testing::Values(Scene{"light-96", {96, Light}}, Scene{"dark-96", {96, Dark}, true},
+                                         Scene{"light-144", {144, Light}, true}, Scene{"dark-144", {144, Dark}},
+                                         Scene{"light-192", {192, Light}}, Scene{"dark-192", {192, Dark}, true}),
+                         [](const auto& info) {
+                             std::string name = info.param.Name;
+                             std::replace(name.begin(), name.end(), '-', '_');
+                             return name;
+                         });
+
+}  // namespace Testing
