@@ -81,31 +81,32 @@ void MainWindow::Load(int index) {
     display = displays[static_cast<std::size_t>(index)];
     Edid edid;
     edid.Read(display.CurrentData);
-    fields = loaded = edid;
+    RefreshRow(index, GetDisplayRow(display, edid.GetIdentity()).ToWide());
+    loaded = std::move(edid);
+    fields = loaded;
+    loadedIndex = index;
     isImported = false;
 }
 
-void MainWindow::Save() {
+bool MainWindow::Save() {
     // What was not edited keeps its bytes, also those that a new EDID would have otherwise.
-    if (fields == loaded && !isImported) return;
+    if (fields == loaded && !isImported) return false;
     const Bytes bytes = Edid(fields).GetBytes();
     if (!bytes.IsEmpty()) display.SetData(bytes);
     displays.Replace(display);
+    return true;
 }
 
 void MainWindow::Update() {
-    if (isOpen) {
-        Save();
-        const int index = choice->GetSelection();
-        Load(index);
-        RefreshRow(index);
-    }
+    // What was not edited is as it was read.
+    const bool isEdited = isOpen && Save();
+    const int index = choice->GetSelection();
+    if (isEdited || index != loadedIndex) Load(index);
     isOpen = true;
     TFieldsWindow::Update();
 }
 
-void MainWindow::RefreshRow(int index) {
-    const std::wstring text = GetDisplayRow(display).ToWide();
+void MainWindow::RefreshRow(int index, const std::wstring& text) {
     if (choice->GetItemText(index) == text) return;
     choice->RemoveItem(index);
     choice->InsertItem(index, text);

@@ -25,9 +25,10 @@ private:
     void AddLists();
     // The record and the working copy of a display; what its bytes can't give comes from a new EDID.
     void Load(int index);
-    // Stores the working copy in the display's record. One that can't be written leaves the record as it was.
-    void Save();
-    void RefreshRow(int index);
+    // Stores an edited working copy in the display's record; whether it was edited. One that can't be written leaves
+    // the record as it was.
+    bool Save();
+    void RefreshRow(int index, const std::wstring& text);
     void ClearSelections();
     void EditProperties();
     void Import();
@@ -36,6 +37,7 @@ private:
     VNT::DisplayList displays;
     VNT::Display display;     // a copy of the chosen one's record
     VNT::EdidFields loaded;   // the working copy as it was read
+    int loadedIndex = -1;     // of the display that it was read from
     bool isImported = false;  // the working copy stands for another EDID than was read, even if it is equal
     bool isOpen = false;
     UI::Controls::ComboBox* choice = nullptr;

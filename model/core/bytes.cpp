@@ -94,6 +94,8 @@ ByteRange ByteRange::Peek(int count) const { return {data + BytePosition(), Clam
 
 void ByteRange::Fill(std::uint8_t byte) const { std::fill(data, data + size, byte); }
 
+void ByteRange::CopyFrom(ByteRange from) const { std::copy_n(from.data, std::min(size, from.size), data); }
+
 bool ByteRange::Limit(int count) {
     if (count > size) return false;
     size = std::max(0, count);

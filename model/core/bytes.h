@@ -44,6 +44,7 @@ public:
     ByteRange TakeUntil(std::uint8_t byte);  // up to, not including, the first `byte`
     ByteRange Peek(int count) const;         // as Take, the cursor stays
     void Fill(std::uint8_t byte) const;      // every byte of the range, whatever the cursor
+    void CopyFrom(ByteRange from) const;     // as many bytes as both have, whatever the cursors
     bool Limit(int count);                   // false, and no change, if `count` exceeds the size
     void Drop(int count);                    // moves the start `count` bytes on
     bool IsAll(std::uint8_t byte) const;     // every byte of the range equals `byte`

@@ -187,13 +187,13 @@ public:
     }
     template <class Get, class Set>
     void ThroughData(int count, const Get& get, const Set&) {
-        Put(range_.Take(count), get());
+        range_.Take(count).CopyFrom(get());
     }
     void Data(const char*, int count, const Bytes& value, const TLimitPair<CountLimits>&) {
-        Put(range_.Take(count), value);
+        range_.Take(count).CopyFrom(value);
     }
     void Rest(const char*, const Bytes& value, const TLimitPair<CountLimits>&) {
-        Put(range_.Take(value.Size()), value);
+        range_.Take(value.Size()).CopyFrom(value);
     }
     template <class Item>
     void Part(const char*, int count, const Item& item, bool, bool) {
@@ -216,9 +216,6 @@ public:
     void Check(const char*, bool, bool) {}
 
 private:
-    static void Put(ByteRange to, const Bytes& from) {
-        for (const std::uint8_t byte : from.Vector()) to.WriteLsb(8, byte);
-    }
     ByteRange range_;
 };
 

@@ -12,7 +12,15 @@ constexpr int StandardBytes = 16;
 constexpr int DescriptorBytes = 72;
 constexpr int MaxExtensionBytes = 255 * Edid::BlockSize;
 
+// The EDID of new fields, normalised once: every EDID that is read begins as a copy of it.
+const Edid& GetNewEdid() {
+    static const Edid edid{EdidFields()};
+    return edid;
+}
+
 }  // namespace
+
+Edid::Edid() : Edid(GetNewEdid()) {}
 
 Edid::Edid(const EdidFields& fields) : EdidFields(fields) {
     extensionBlockCount = extensionBlocks.GetCount();
@@ -54,12 +62,9 @@ bool Edid::Write(ByteRange range) const {
 }
 
 void Edid::WriteBaseBlock(ByteRange range) const {
-    const auto put = [&range](const Bytes& bytes) {
-        for (const std::uint8_t byte : bytes.Vector()) range.WriteLsb(8, byte);
-    };
-    put(Header);
+    range.Take(Header.Size()).CopyFrom(Header);
     EdidProperties(properties).Write(range.Take(EdidProperties::FrameSize));
-    put(established.GetBytes());
+    range.Take(EstablishedBytes).CopyFrom(established.GetBytes());
     standardResolutions.Write(range.Take(StandardBytes));
     descriptors.Write(range.Take(DescriptorBytes));
     range.WriteLsb(8, static_cast<std::uint32_t>(extensionBlockCount));

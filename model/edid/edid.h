@@ -67,7 +67,7 @@ public:
     int extensionOverrideCount = Undefined;  // what the first extension's override block states
     int checksum = Undefined;                // byte 127 as read, right or wrong
 
-    Edid() : Edid(EdidFields()) {}
+    Edid();
     // Normalises: counts the blocks, brings an override block up to date, computes the checksum.
     explicit Edid(const EdidFields& fields);
 

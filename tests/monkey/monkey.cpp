@@ -260,7 +260,7 @@ void Monkey::Check() {
     if (IsLeaving()) return;
     Window& window = driver.GetWindow();
     auto* form = dynamic_cast<AnyWindow*>(&window);
-    constexpr int often = 4;
+    constexpr int often = 8;
     if (form && ++checks % often == 0) Expect(FindRestless(*form));
     Expect(FindUndrawn(window));
     if (layouts.insert(GetLayoutDigest(window)).second) Expect(VNT::Testing::FindMisplaced(window));
