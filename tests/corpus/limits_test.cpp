@@ -62,7 +62,7 @@ TEST(Limits, OfRandomBlocksAreNamedAsTheyAreBroken) {
         seen.merge(UnsoundPaths(block));
     }
     for (const char* path :
-         {"properties", "descriptors/0", "descriptors/3", "descriptors/3/resolutions/0", "standard/1"})
+         {"properties", "descriptors/0", "descriptors/3", "descriptors/3/resolutions/2", "standard/1"})
         EXPECT_TRUE(seen.contains(path)) << path;
 }
 

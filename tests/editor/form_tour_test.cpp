@@ -30,8 +30,10 @@ std::set<std::wstring> ReadFormNames() {
     return names;
 }
 
-// Forms of items that nothing holds yet.
-const std::set<std::wstring> Unreached{L"DisplayId1DetailedResolutionWindow", L"DisplayId2DetailedResolutionWindow"};
+// Forms of items that nothing holds yet, and those behind a radio button that the tour doesn't choose: the suite over
+// the tables of forms opens these.
+const std::set<std::wstring> Unreached{L"DisplayId1DetailedResolutionWindow", L"DisplayId2DetailedResolutionWindow",
+                                       L"EdidRangeLimitsSecondaryGtfTimingWindow", L"EdidRangeLimitsCvtTimingWindow"};
 
 class EveryForm : public testing::TestWithParam<int> {
 protected:

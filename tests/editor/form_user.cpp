@@ -22,17 +22,17 @@ void ForEachTextCell(const AnyWindow& form, const Visitor& visit) {
     }
 }
 
-std::wstring Print(std::int64_t number, bool isHex) {
-    return isHex ? NumberText(number, 16, 4, true).ToWide() : NumberText(number, 10, 0, false).ToWide();
+std::wstring Print(std::int64_t number, int hexDigits) {
+    return hexDigits > 0 ? NumberText(number, 16, hexDigits, true).ToWide() : NumberText(number, 10, 0, false).ToWide();
 }
-std::wstring Print(Decimal number, bool) { return DecimalToText(number, DecimalFormat{6, 21, true}).ToWide(); }
+std::wstring Print(Decimal number, int) { return DecimalToText(number, DecimalFormat{6, 21, true}).ToWide(); }
 
 template <class T>
-FormUser::Edges EdgesOf(const TValueLimits<T>& limits, bool isHex) {
+FormUser::Edges EdgesOf(const TValueLimits<T>& limits, int hexDigits) {
     const T grain = limits.step != T{} ? limits.step : T(1);
-    FormUser::Edges edges{{Print(limits.min, isHex), Print(limits.max, isHex)}, {}};
+    FormUser::Edges edges{{Print(limits.min, hexDigits), Print(limits.max, hexDigits)}, {}};
     for (const T beyond : {limits.min - grain, limits.max + grain}) {
-        if (!limits.extra.Contains(beyond)) edges.beyond.push_back(Print(beyond, isHex));
+        if (!limits.extra.Contains(beyond)) edges.beyond.push_back(Print(beyond, hexDigits));
     }
     return edges;
 }
@@ -76,11 +76,12 @@ std::optional<FormUser::Edges> FormUser::FindEdges(TextBox& box) {
     const auto limits = LimitsOf(box);
     if (!limits || !IsOnlyBox(box)) return std::nullopt;
     const std::wstring before = box.GetText();
-    const bool isHex = Takes(box, L"00FF");
+    // A hex box takes its digits and no fewer.
+    const int hexDigits = Takes(box, L"00FF") ? 4 : Takes(box, L"0000FF") ? 6 : 0;
     driver.Enter(box, before);
     return std::visit(
-        [isHex](const auto& proper) -> std::optional<Edges> {
-            if constexpr (requires { proper.step; }) return EdgesOf(proper, isHex);
+        [hexDigits](const auto& proper) -> std::optional<Edges> {
+            if constexpr (requires { proper.step; }) return EdgesOf(proper, hexDigits);
             return std::nullopt;
         },
         limits->proper);
@@ -95,7 +96,7 @@ std::optional<std::wstring> FormUser::FindLeast(TextBox& box) {
     std::vector<std::wstring> tried;
     if (const auto edges = FindEdges(box)) tried.push_back(edges->within.front());
     for (const wchar_t* text : {L"0000", L"00", L"A", L"AAA", L"00.00.00.00"}) tried.push_back(text);
-    for (int number = 0; number < MostTried; ++number) tried.push_back(Print(number, false));
+    for (int number = 0; number < MostTried; ++number) tried.push_back(Print(number, 0));
     for (const std::wstring& text : tried) {
         if (Takes(box, text)) return text;
     }
