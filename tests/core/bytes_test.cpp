@@ -218,6 +218,22 @@ TEST(ByteRange, FillSetsEveryByteWhateverTheCursor) {
     EXPECT_EQ(bytes, (Bytes{9, 9, 3}));
 }
 
+TEST(ByteRange, CopyFromTakesAsManyBytesAsBothHaveWhateverTheCursors) {
+    Bytes bytes{1, 2, 3};
+    ByteRange range = bytes;
+    range.Skip(11);
+    const Bytes two{7, 8};
+    ByteRange from = two;
+    from.Skip(5);
+    range.CopyFrom(from);
+    EXPECT_EQ(bytes, (Bytes{7, 8, 3}));
+    EXPECT_EQ(range.position, 11);
+    range.CopyFrom(Bytes{4, 5, 6, 9});
+    EXPECT_EQ(bytes, (Bytes{4, 5, 6}));
+    range.CopyFrom(Bytes());
+    EXPECT_EQ(bytes, (Bytes{4, 5, 6}));
+}
+
 TEST(ByteRange, LimitBeyondTheSizeIsRefusedAndChangesNothing) {
     const Bytes bytes(4, 0);
     ByteRange range = bytes;

@@ -58,10 +58,17 @@ private:
 
     void PressAll(UI::Window& window) {
         UI::Controls::ListBox* list = nullptr;
+        UI::Controls::ComboBox* choice = nullptr;
         const auto controls = window.GetControls();
         for (UI::Control* control : controls) {
             if (auto* box = dynamic_cast<UI::Controls::ListBox*>(control)) list = box;
-            if (auto* button = dynamic_cast<UI::Controls::Button*>(control)) Press(*button, list);
+            if (auto* box = dynamic_cast<UI::Controls::ComboBox*>(control)) choice = box;
+            auto* button = dynamic_cast<UI::Controls::Button*>(control);
+            if (!button || !Opens(*button)) continue;
+            if (!list && choice && !button->IsEnabled())
+                PressForEach(*choice, *button);
+            else
+                Press(*button, list);
         }
     }
 
@@ -83,8 +90,16 @@ private:
         return text.ends_with(L"...") && text != L"Import..." && text != L"Export...";
     }
 
+    // A button that is in force for some of the choices only.
+    void PressForEach(UI::Controls::ComboBox& choice, UI::Controls::Button& button) {
+        for (int row = 0; row < choice.GetCount(); ++row) {
+            choice.SetSelection(row);
+            choice.DispatchNotification(UI::Controls::ComboBox::SelectionChanged);
+            Press(button, nullptr);
+        }
+    }
+
     void Press(UI::Controls::Button& button, UI::Controls::ListBox* list) {
-        if (!Opens(button)) return;
         const std::wstring outerKind = kind;
         if (button.GetText() == L"Edit..." && list) {
             for (int row = 0; row < list->GetCount(); ++row) {
