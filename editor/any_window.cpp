@@ -165,16 +165,14 @@ bool AnyWindow::UpdateRow(Forms::Row& row, bool isVisible, bool& isValid, bool& 
 bool AnyWindow::UpdateCell(Forms::Cell& cell, bool isVisible) {
     isVisible = isVisible && Forms::Holds(cell.VisibleIf);
     const bool changed = isVisible != cell.IsVisible;
+    if (changed) cell.SetVisible(isVisible);
     cell.IsVisible = isVisible;
-    const bool isShown = isVisible && Forms::Holds(cell.ShownIf);
-    if (isShown != cell.IsShown) cell.SetVisible(isShown);
-    cell.IsShown = isShown;
     cell.Refresh(cell.State);
     return changed;
 }
 
 bool AnyWindow::HasBadText() const {
-    const auto isBad = [](const auto& cell) { return cell->IsBadText && cell->IsShown && cell->State.IsAvailable; };
+    const auto isBad = [](const auto& cell) { return cell->IsBadText && cell->IsVisible && cell->State.IsAvailable; };
     for (const auto& group : groups) {
         for (const auto& row : group->Rows) {
             if (std::any_of(row->Cells.begin(), row->Cells.end(), isBad)) return true;

@@ -26,10 +26,10 @@ public:
     GroupLayout(Group& group, const UI::LayoutMetrics& metrics) : group(group), metrics(metrics) {
         for (const auto& row : group.Rows) {
             labelWidth = std::max(labelWidth, GetLargest(row->Labels).Width);
-            if (!group.IsAligned || row->Kind != RowKind::Line) continue;
-            columns.resize(std::max(columns.size(), row->Cells.size()));
-            for (std::size_t i = 0; i < row->Cells.size(); ++i)
-                columns[i] = std::max(columns[i], row->Cells[i]->GetLeast().Width);
+            if (group.IsAligned && row->Kind == RowKind::Line) WidenColumns(*row, 1);
+        }
+        for (const auto& row : group.Rows) {
+            if (group.IsAligned && row->Kind == RowKind::Line) WidenColumns(*row, 2);
         }
     }
 
@@ -62,16 +62,33 @@ public:
 private:
     // Where the cells of a row begin.
     int GetIndent(const Row& row) const { return row.Labels.empty() ? 0 : labelWidth + metrics.Spacing; }
-    // The width of a cell before any is stretched.
-    int GetWidth(const Row& row, std::size_t index) const {
-        return group.IsAligned ? columns[index] : row.Cells[index]->GetLeast().Width;
+    // As the cells of the row with that span need it.
+    void WidenColumns(const Row& row, int span) {
+        std::size_t column = 0;
+        for (const auto& cell : row.Cells) {
+            const std::size_t end = column + static_cast<std::size_t>(cell->Span);
+            columns.resize(std::max(columns.size(), end));
+            const int missing = cell->GetLeast().Width - GetWidth(*cell, column);
+            if (cell->Span == span) columns[end - 1] += std::max(missing, 0);
+            column = end;
+        }
+    }
+    // The width of a cell that begins in that column, before any is stretched.
+    int GetWidth(const Cell& cell, std::size_t column) const {
+        if (!group.IsAligned) return cell.GetLeast().Width;
+        int width = (cell.Span - 1) * metrics.SmallSpacing;
+        for (int i = 0; i < cell.Span; ++i) width += columns[column + static_cast<std::size_t>(i)];
+        return width;
     }
 
     int GetLeastWidth(const Row& row) const {
         int width = 0;
         if (row.Kind == RowKind::Line) {
-            for (std::size_t i = 0; i < row.Cells.size(); ++i)
-                width += GetWidth(row, i) + (i > 0 ? metrics.SmallSpacing : 0);
+            std::size_t column = 0;
+            for (const auto& cell : row.Cells) {
+                width += GetWidth(*cell, column) + (column > 0 ? metrics.SmallSpacing : 0);
+                column += static_cast<std::size_t>(cell->Span);
+            }
         } else {
             width = CountColumns(static_cast<int>(row.Cells.size())) * GetStep(row);
         }
@@ -90,29 +107,32 @@ private:
         return bottom;
     }
 
+    // With the width of each before any is stretched.
+    template <class Visit>
+    void ForEachVisible(const Row& row, const Visit& visit) const {
+        std::size_t column = 0;
+        for (const auto& cell : row.Cells) {
+            if (cell->IsVisible) visit(*cell, GetWidth(*cell, column));
+            column += static_cast<std::size_t>(cell->Span);
+        }
+    }
+
     int PlaceLine(const Row& row, int x, int y, int width) const {
         int height = GetLargest(row.Labels).Height;
         int left = width;
         int stretching = 0;
-        bool isFirst = true;
-        for (std::size_t i = 0; i < row.Cells.size(); ++i) {
-            const Cell& cell = *row.Cells[i];
-            if (!cell.IsVisible) continue;
+        ForEachVisible(row, [&](const Cell& cell, int cellWidth) {
             height = std::max(height, cell.GetLeast().Height);
-            left -= GetWidth(row, i) + (isFirst ? 0 : metrics.SmallSpacing);
+            left -= cellWidth + (left == width ? 0 : metrics.SmallSpacing);
             stretching += cell.Stretches ? 1 : 0;
-            isFirst = false;
-        }
+        });
         int at = x;
-        for (std::size_t i = 0; i < row.Cells.size(); ++i) {
-            Cell& cell = *row.Cells[i];
-            if (!cell.IsVisible) continue;
-            int cellWidth = GetWidth(row, i);
+        ForEachVisible(row, [&](Cell& cell, int cellWidth) {
             if (cell.Stretches && left > 0) cellWidth += left / stretching;
             const int cellHeight = cell.GetLeast().Height;
             cell.Place(at, y + (height - cellHeight) / 2, cellWidth, cellHeight);
             at += cellWidth + metrics.SmallSpacing;
-        }
+        });
         return y + height;
     }
 

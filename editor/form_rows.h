@@ -45,13 +45,12 @@ public:
     bool IsPart = false;         // a label: usable where a field of its row is
     bool ShowsValidity = false;  // turns red itself; for the others their group does
     bool IsBadText = false;      // holds a text that is nothing, and that no sentinel in the field tells of
-    bool IsVisible = true;       // has its place in the row
-    bool IsShown = true;         // and is to be seen there
-    bool IsWide = false;         // a form of single boxes is too narrow for it
+    bool IsVisible = true;
+    bool IsWide = false;  // a form of single boxes is too narrow for it
+    int Span = 1;         // the columns that it takes in a group of columns
     FieldState State;
     Condition EnabledIf;
     Condition VisibleIf;
-    Condition ShownIf;
     Callback OnChange;  // runs between an input and the refresh that follows it
 };
 

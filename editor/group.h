@@ -130,7 +130,7 @@ public:
             if (found < 0) *isOther = true;
             box.SetSelection(*isOther ? other : found);
         };
-        number.ShownIf = [isOther] { return *isOther; };
+        number.VisibleIf = [isOther] { return *isOther; };
         last.push_back(&cell);
         return *this;
     }
@@ -192,6 +192,11 @@ public:
         if (!text.empty()) AddCell<UI::Controls::Label>(text, text).IsPart = true;
         return *this;
     }
+    // Above a column of boxes and that of their units.
+    TGroup& Heading(const std::wstring& text) {
+        last.clear();
+        return Label(text).Span();
+    }
     // The read-out of a calculated value, as wide as `pattern`.
     template <class F>
     TGroup& Actual(F field, const std::wstring& pattern, const VNT::DecimalFormat& format, const std::wstring& unit) {
@@ -238,6 +243,14 @@ public:
     TGroup& VisibleIf(Condition condition) {
         if (last.empty()) (row ? row->VisibleIf : group.VisibleIf) = condition;
         for (Forms::Cell* cell : last) cell->VisibleIf = condition;
+        return *this;
+    }
+    // What was added last is as wide as two columns.
+    TGroup& Span() {
+        for (Forms::Cell* cell : last) {
+            cell->Span = 2;
+            cell->Stretches = false;
+        }
         return *this;
     }
     // The cells of the group's rows stand in columns.

@@ -76,7 +76,7 @@ void AnyDetailedResolutionWindow<X>::AddTop() {
 template <class X>
 void AnyDetailedResolutionWindow<X>::AddParameters() {
     auto group = this->Group(L"Parameters").Aligned();
-    group.Row(L" ").Label(L"Horizontal").Label(L" ").Label(L"Vertical");
+    group.Row(L" ").Heading(L"Horizontal").Heading(L"Vertical");
     const auto pair = [&group](auto horizontal, auto vertical, AnyWindow::Callback onChange = {}) {
         group.Number(horizontal, CountPattern, L"pixels").OnChange(onChange);
         group.Number(vertical, CountPattern, L"lines").OnChange(onChange);
@@ -95,8 +95,8 @@ void AnyDetailedResolutionWindow<X>::AddParameters() {
     pair(Field<&Fields::hblank>, Field<&Fields::vblank>, keep(Parameter::Blanking));
     group.RadioRow(Field<&Fields::parameterType>, Parameter::Total, L"Total:");
     pair(Field<&Fields::htotal>, Field<&Fields::vtotal>, keep(Parameter::Total));
-    group.Row(L"Sync polarity:").Combo(Field<&Fields::hpolarity>, Polarities);
-    group.Label(L" ").Combo(Field<&Fields::vpolarity>, Polarities);
+    group.Row(L"Sync polarity:").Combo(Field<&Fields::hpolarity>, Polarities).Span();
+    group.Combo(Field<&Fields::vpolarity>, Polarities).Span();
 }
 
 template <class X>
