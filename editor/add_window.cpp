@@ -17,6 +17,16 @@ int AddWindow::Run(int& type) {
     return result;
 }
 
+void AddWindow::Update() {
+    TFieldsWindow::Update();
+    // Tab comes to the selected button; where that can't be used it has to come to one that can.
+    if (CanConfirm()) return;
+    for (UI::Control* control : GetControls()) {
+        auto* radio = dynamic_cast<UI::Controls::RadioButton*>(control);
+        if (radio && radio->IsEnabled()) return radio->SetTabStop(true);
+    }
+}
+
 bool AddWindow::CanConfirm() const {
     return std::any_of(rows.begin(), rows.end(),
                        [this](const AddRow& row) { return row.value == fields.type && row.isEnabled; });

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -21,11 +22,15 @@ struct AddFields {
 // Radio buttons, one for each row; the first is selected at first.
 class AddWindow : public TFieldsWindow<AddFields> {
 public:
+    // Of a family's chooser: whether a kind that there is no room for can't be chosen.
+    static constexpr bool NeedsRoom = false;
+
     AddWindow(UI::Window* parent, const std::wstring& className, const std::wstring& title,
               std::vector<AddRow> offered);
 
     // 1 when a row was chosen, whose value `type` then has; 2 for Cancel.
     int Run(int& type);
+    void Update() override;
 
 protected:
     bool CanConfirm() const override;
@@ -99,7 +104,8 @@ int EditHolder(UI::Window* parent, Holder& holder, int bytes,
                std::type_identity_t<std::span<const TFormRow<Holder>>> forms, const Kinds& kinds) {
     int type = holder.GetType();
     const bool isNew = holder.IsEmpty();
-    if (isNew) Chooser(parent, GetAddRows(forms, kinds, bytes)).Run(type);
+    constexpr int anyRoom = std::numeric_limits<int>::max();
+    if (isNew) Chooser(parent, GetAddRows(forms, kinds, Chooser::NeedsRoom ? bytes : anyRoom)).Run(type);
     const TFormRow<Holder>* form = FindForm(forms, type);
     if (!form) return UI::IdCancel;
     if (form->edit) return form->edit(parent, holder, bytes);

@@ -133,7 +133,9 @@ bool AnyWindow::UpdateGroup(Forms::Group& group) {
 void AnyWindow::SetState(Forms::Cell& cell) const {
     cell.State = cell.Field.empty() ? Forms::FieldState{} : GetFieldState(cell.Field);
     cell.State.IsAvailable = cell.State.IsAvailable && Forms::Holds(cell.EnabledIf);
-    cell.State.IsValid = (cell.State.IsValid && !cell.IsBadText) || !cell.State.IsAvailable;
+    // What follows from other fields is red too where it is out of its limits. A text that is nothing counts only where
+    // it can be mended.
+    if (cell.IsBadText && cell.State.IsAvailable) cell.State.IsValid = false;
 }
 
 bool AnyWindow::UpdateRow(Forms::Row& row, bool isVisible, bool& isValid, bool& isAvailable) {

@@ -54,6 +54,8 @@ public:
 
 class AddCtaDataBlockWindow : public AddWindow {
 public:
+    static constexpr bool NeedsRoom = true;
+
     AddCtaDataBlockWindow(UI::Window* parent, std::vector<AddRow> offered)
         : AddWindow(parent, L"AddCtaDataBlockWindow", L"Add Data Block", std::move(offered)) {}
 };

@@ -23,7 +23,8 @@ UI::Size GetLargest(const Cells& cells) {
 
 class GroupLayout {
 public:
-    GroupLayout(Group& group, const UI::LayoutMetrics& metrics) : group(group), metrics(metrics) {
+    GroupLayout(Group& group, const UI::StyleTable& style)
+        : group(group), metrics(style.Metrics), columnGap(style.UncheckedRadio.Gap) {
         for (const auto& row : group.Rows) {
             labelWidth = std::max(labelWidth, GetLargest(row->Labels).Width);
             if (group.IsAligned && row->Kind == RowKind::Line) WidenColumns(*row, 1);
@@ -151,14 +152,15 @@ private:
         const int columnCount = std::max(CountColumns(count), row.Kind == RowKind::Columns ? width / step : 1);
         const int lines = row.Kind == RowKind::Columns ? (count + columnCount - 1) / columnCount : MostPerColumn;
         for (int i = 0; i < count; ++i) {
-            const int top = y + i % lines * (height + metrics.SmallSpacing);
+            const int top = y + i % lines * (height + columnGap);
             cells[static_cast<std::size_t>(i)]->Place(x + i / lines * step, top, step, height);
         }
-        return y + std::min(lines, count) * (height + metrics.SmallSpacing) - metrics.SmallSpacing;
+        return y + std::min(lines, count) * (height + columnGap) - columnGap;
     }
 
     Group& group;
     const UI::LayoutMetrics& metrics;
+    int columnGap;
     int labelWidth = 0;
     std::vector<int> columns;
 };
@@ -208,7 +210,7 @@ void LayOut(UI::Window& window, const std::vector<std::unique_ptr<Group>>& group
     bool isWide = false;
     for (const auto& group : groups) {
         if (!group->IsVisible) continue;
-        layouts.emplace_back(*group, metrics);
+        layouts.emplace_back(*group, window.GetStyle());
         isWide = isWide || HasWideCell(*group);
     }
     const int width = GetGroupWidth(layouts, isWide, metrics);

@@ -114,7 +114,7 @@ public:
         AddChoice(cell, L"Other");
         const int other = static_cast<int>(rows.size());
         auto& number = AddBox(bound, Forms::DecimalDigits(), pattern);
-        // "Other" stays chosen while a number is typed that a row happens to have.
+        // "Other" stays chosen while a number is typed that a row happens to have, and after that.
         auto isOther = std::make_shared<bool>(false);
         window.BindChoice(
             box,
@@ -125,9 +125,15 @@ public:
                                                 : rows[static_cast<std::size_t>(chosen)].value);
             },
             GetOnChange(cell));
-        cell.Show = [&box, isOther, other, rows, &value = bound.Value](const auto&) {
+        cell.Show = [&box, &typed = number.Control, isOther, other, rows, &value = bound.Value,
+                     shown = bound.Value](const auto&) mutable {
             const int found = FindRow(rows, value);
-            if (found < 0) *isOther = true;
+            if (found < 0) {
+                *isOther = true;
+            } else if (value != shown && !typed.HasFocus()) {
+                *isOther = false;
+            }
+            shown = value;
             box.SetSelection(*isOther ? other : found);
         };
         number.VisibleIf = [isOther] { return *isOther; };

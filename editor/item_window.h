@@ -44,7 +44,7 @@ public:
     }
 
     bool HasRoom(std::string_view field) const override {
-        return !HasOwnSize || (available.IsProper(field) && available.IsProper("size"));
+        return !HasOwnSize || (available.IsProper(field) && available.IsProper("Size"));
     }
     std::vector<VNT::FieldLimits> GetFieldLimits() const override {
         if constexpr (requires { item.GetFieldLimits(bytes); }) {

@@ -96,8 +96,8 @@ public:
         controls.EditButton.AddNotificationHandler(Button::Clicked, [this] { EditItem(); });
         controls.DeleteButton.AddNotificationHandler(Button::Clicked, [this] { DeleteItem(); });
         controls.DeleteAllButton.AddNotificationHandler(Button::Clicked, [this] { DeleteAllItems(); });
-        controls.UpButton.AddNotificationHandler(Button::Clicked, [this] { MoveItem(-1); });
-        controls.DownButton.AddNotificationHandler(Button::Clicked, [this] { MoveItem(1); });
+        controls.UpButton.AddNotificationHandler(Button::Clicked, [this] { MoveItemUp(); });
+        controls.DownButton.AddNotificationHandler(Button::Clicked, [this] { MoveItemDown(); });
         controls.ListBox.AddNotificationHandler(ListBox::SelectionChanged, update_);
         controls.ListBox.AddNotificationHandler(ListBox::DoubleClicked, [this] { EditItem(); });
     }
@@ -143,6 +143,10 @@ public:
         Refresh(UI::Controls::ListBox::NoSelection);
         update_();
     }
+    void MoveItemUp() { MoveItem(-1); }
+    void MoveItemDown() { MoveItem(1); }
+
+private:
     // Exchanges the selected item with a neighbour.
     void MoveItem(int step) {
         const int selected = controls_.ListBox.GetSelection();
@@ -150,8 +154,6 @@ public:
         Refresh(selected + step);
         update_();
     }
-
-private:
     bool Fill(int index) {
         if (index < list_.GetCount()) {
             VNT::String text;

@@ -13,7 +13,8 @@ using QftSource = DetailedResolutionQftSourceEnum;
 
 constexpr ValueText<bool> Polarities[] = {{false, "  \u2013"}, {true, "  +"}};
 constexpr const wchar_t* CountPattern = L"000000";
-constexpr const wchar_t* RatePattern = L"00000.000";
+constexpr const wchar_t* RatePattern = L"000000.000";
+constexpr const wchar_t* ActualRefreshRatePattern = L"00000000.000";
 constexpr DecimalFormat RefreshRateFormat{3, 12, false};
 constexpr DecimalFormat ScanRateFormat{3, 9, false};
 
@@ -116,7 +117,7 @@ void AnyDetailedResolutionWindow<X>::AddFrequencies() {
     group.RadioRow(Field<&Fields::frequencyType>, Frequency::RefreshRate, L"Refresh rate:");
     group.Number(Field<&Fields::vrate>, RatePattern, RefreshRateFormat, L"Hz")
         .OnChange(keep(Frequency::RefreshRate, QftSource::None));
-    group.Actual(Field<&Fields::actualvrate>, RatePattern, RefreshRateFormat, L"Hz");
+    group.Actual(Field<&Fields::actualvrate>, ActualRefreshRatePattern, RefreshRateFormat, L"Hz");
     group.RadioRow(Field<&Fields::frequencyType>, Frequency::ScanRate, L"Scan rate:");
     group.Number(Field<&Fields::hrate>, RatePattern, ScanRateFormat, L"kHz")
         .OnChange(keep(Frequency::ScanRate, QftSource::ScanRate));
@@ -132,10 +133,10 @@ void AnyDetailedResolutionWindow<X>::AddFrequencies() {
 
 EdidDetailedResolutionWindow::EdidDetailedResolutionWindow(UI::Window* parent)
     : AnyDetailedResolutionWindow(parent, L"EdidDetailedResolutionWindow", L"Detailed Resolution") {
-    auto sync = OtherGroup(L"Sync").Aligned();
+    auto sync = Group(L"").Aligned();
     sync.Row(L"Sync type:").Combo(Field<&Fields::syncType>, EdidDetailedResolutionSyncTypeEnum::Texts);
     sync.Row(L"Sync on:").Combo(Field<&Fields::syncOn>, EdidDetailedResolutionSyncOnEnum::Texts);
-    sync.Row(L" ").Check(Field<&Fields::serrations>, L"Serrations");
+    sync.Check(Field<&Fields::serrations>, L"Serrations");
     auto other = OtherGroup(L"Other fields").Aligned();
     other.Row(L"Image size:").Number(Field<&Fields::imageWidth>, L"0000", L"mm");
     other.Number(Field<&Fields::imageHeight>, L"0000", L"mm");
@@ -146,11 +147,9 @@ EdidDetailedResolutionWindow::EdidDetailedResolutionWindow(UI::Window* parent)
 
 namespace {
 
-// What the DisplayID kinds add, with the kind's own text of the flag.
 template <class Fields>
-void AddDisplayIdFields(TGroup<Fields> group, const std::wstring& flag) {
+void AddDisplayIdFields(TGroup<Fields> group) {
     group.Aligned();
-    group.Row(L" ").Check(Field<&Fields::preferred>, flag);
     group.Row(L"Aspect ratio:").Combo(Field<&Fields::aspectRatio>, DisplayIdDetailedResolutionAspectRatioEnum::Texts);
     group.Row(L"3D support:").Combo(Field<&Fields::stereo>, DisplayIdDetailedResolutionStereoEnum::Texts);
 }
@@ -159,15 +158,18 @@ void AddDisplayIdFields(TGroup<Fields> group, const std::wstring& flag) {
 
 DisplayId1DetailedResolutionWindow::DisplayId1DetailedResolutionWindow(UI::Window* parent)
     : AnyDetailedResolutionWindow(parent, L"DisplayId1DetailedResolutionWindow", L"Detailed Resolution") {
-    AddDisplayIdFields(OtherGroup(L"Other fields"), L"Preferred");
+    Group(L"").Check(Field<&Fields::preferred>, L"Preferred");
+    AddDisplayIdFields(OtherGroup(L"Other fields"));
 }
 
 DisplayId2DetailedResolutionWindow::DisplayId2DetailedResolutionWindow(UI::Window* parent)
     : AnyDetailedResolutionWindow(parent, L"DisplayId2DetailedResolutionWindow", L"Detailed Resolution") {
-    AddDisplayIdFields(OtherGroup(L"Other fields"), L"Preferred");
+    Group(L"").Check(Field<&Fields::preferred>, L"Preferred");
+    AddDisplayIdFields(OtherGroup(L"Other fields"));
 }
 
 DisplayId2DetailedResolutionWindowR2::DisplayId2DetailedResolutionWindowR2(UI::Window* parent)
     : AnyDetailedResolutionWindow(parent, L"DisplayId2DetailedResolutionWindowR2", L"Detailed Resolution r2") {
-    AddDisplayIdFields(OtherGroup(L"Other fields"), L"4:2:0");
+    Group(L"").Check(Field<&Fields::preferred>, L"4:2:0");
+    AddDisplayIdFields(OtherGroup(L"Other fields"));
 }

@@ -23,7 +23,13 @@ protected:
         group.VisibleIf([this] { return showsOther; });
         return group;
     }
-    bool CanConfirm() const override { return this->item.IsValidAll(); }
+    bool CanConfirm() const override {
+        if constexpr (requires { this->item.IsValidAll(0); }) {
+            return this->item.IsValidAll(this->GetBytes());
+        } else {
+            return this->item.IsValidAll();
+        }
+    }
 
 private:
     void AddTop();

@@ -23,7 +23,7 @@ ItemStatus TDisplayId2DetailedResolution<X, type>::GetAvailable(int bytes) const
     ItemStatus available = AvailableIn20Bytes(*this);
     const bool fits = GetSize() <= bytes;
     const bool extraFits = ExtraLimits(bytes).proper.Contains(this->extraBytes.Size());
-    available.Report("size", fits, fits);
+    available.Report("Size", fits, fits);
     available.Report("extraBytes", extraFits, extraFits);
     return available;
 }

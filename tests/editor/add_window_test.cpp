@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include "editor/cta_data_block_windows.h"
 #include "editor/descriptor_windows.h"
+#include "editor/displayid_data_block_windows.h"
 #include "ui/headless/driver.h"
 
 namespace {
@@ -56,6 +58,19 @@ TEST_F(ChooserTest, ARowThatCantBeChosenDisablesOkWhileItIsSelected) {
         EXPECT_FALSE(driver.Find<Button>(L"OK").IsEnabled());
         driver.Click(driver.Find<RadioButton>(L"Two"));
         EXPECT_TRUE(driver.Find<Button>(L"OK").IsEnabled());
+        driver.Press(Key::Return);
+    });
+    EXPECT_EQ(type, 2);
+}
+
+TEST_F(ChooserTest, TabAndTheArrowKeysReachTheRowsBehindOneThatCantBeChosen) {
+    Run({{1, "One", false}, {2, "Two", true}, {3, "Three", true}}, [&](Window&) {
+        EXPECT_TRUE(driver.Find<RadioButton>(L"One").IsChecked());
+        EXPECT_TRUE(driver.Find<RadioButton>(L"Two").HasFocus()) << "the first that can be used";
+        driver.Press(Key::Down);
+        EXPECT_TRUE(driver.Find<RadioButton>(L"Three").IsChecked());
+        driver.Press(Key::Up);
+        EXPECT_TRUE(driver.Find<RadioButton>(L"Two").IsChecked());
         driver.Press(Key::Return);
     });
     EXPECT_EQ(type, 2);
@@ -136,6 +151,23 @@ TEST_F(DispatcherTest, ACancelledFormLeavesTheHolderEmpty) {
     driver.Then([&] { driver.Press(Key::Escape); });
     EXPECT_EQ(Edit(), 2);
     EXPECT_TRUE(holder.IsEmpty());
+}
+
+TEST_F(DispatcherTest, OnlyTheChooserOfCtaDataBlocksLooksAtTheRoom) {
+    const auto expectRow = [&](const wchar_t* row, bool isEnabled) {
+        driver.Then([this, row, isEnabled] {
+            EXPECT_EQ(driver.Find<RadioButton>(row).IsEnabled(), isEnabled);
+            driver.Press(Key::Escape);
+        });
+    };
+    CtaDataBlock block;
+    expectRow(L"Colorimetry", false);
+    EditCtaDataBlock(nullptr, block, 3);
+    expectRow(L"Colorimetry", true);
+    EditCtaDataBlock(nullptr, block, 4);
+    DisplayIdDataBlock displayId;
+    expectRow(L"Vendor-specific", true);
+    EditDisplayIdDataBlock(nullptr, displayId, 3, 1);
 }
 
 TEST_F(DispatcherTest, EmptyAndOtherDescriptorsHaveNoForm) {

@@ -371,6 +371,10 @@ TEST_F(FormRows, AComboBoxWithOtherTakesAnyNumber) {
         EXPECT_EQ(box.GetItemText(box.GetSelection()), L"Other") << "typing goes on";
         driver.Type(L"5");
         ExpectValid(number);
+        driver.Enter(number, L"1");
+        driver.Press(Key::Tab);
+        EXPECT_EQ(box.GetItemText(box.GetSelection()), L"Other") << "it was typed";
+        driver.Enter(number, L"25");
         Confirm();
     });
     EXPECT_EQ(item.other, 25);

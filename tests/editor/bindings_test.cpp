@@ -138,11 +138,11 @@ TEST_F(EditorTest, EditingWithoutASelectionOpensNothing) {
 TEST_F(EditorTest, AMoveOutOfTheListLeavesItsOrder) {
     const Sample::EntryList before = list;
     controls.ListBox.SetSelection(2);
-    editor.MoveItem(1);
+    editor.MoveItemDown();
     EXPECT_EQ(list, before);
     EXPECT_EQ(controls.ListBox.GetSelection(), ListBox::NoSelection) << "where it would have gone there is no row";
     controls.ListBox.SetSelection(0);
-    editor.MoveItem(-1);
+    editor.MoveItemUp();
     EXPECT_EQ(list, before);
     EXPECT_EQ(updates, 2);
 }

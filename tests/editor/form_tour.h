@@ -32,6 +32,15 @@ public:
         PressAll(window);
     }
 
+    // The next form that opens, unless its class was seen; it is cancelled.
+    void BeginNext() {
+        post([this] {
+            UI::Window& window = *UI::Window::GetRunning();
+            if (!seen.contains(window.GetName())) Visit(window);
+            UI::EndRun(UI::IdCancel);
+        });
+    }
+
     // The class names of all forms that were open.
     const std::set<std::wstring>& GetSeen() const { return seen; }
 
@@ -44,6 +53,7 @@ private:
         if (!toured.insert(name).second) return;
         look(window, name);
         PressAll(window);
+        if (Unfold(window)) look(window, name + ", unfolded");
         if (FillWithNonsense(window)) look(window, name + ", invalid");
         hasMoreKinds = hadMoreKinds;
     }
@@ -70,6 +80,18 @@ private:
             else
                 Press(*button, list);
         }
+    }
+
+    // Shows the rest of a form that has more than it opens with.
+    static bool Unfold(UI::Window& window) {
+        UI::Controls::Button* unfold = nullptr;
+        for (UI::Control* control : window.GetControls()) {
+            if (dynamic_cast<UI::Controls::ListBox*>(control)) return false;  // where the arrow moves a row
+            auto* button = dynamic_cast<UI::Controls::Button*>(control);
+            if (button && button->IsVisible() && button->GetText() == L"\u25BC") unfold = button;
+        }
+        if (unfold) unfold->DispatchNotification(UI::Controls::Button::Clicked);
+        return unfold != nullptr;
     }
 
     // Only as far as a form that is cancelled then.

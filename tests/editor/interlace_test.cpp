@@ -15,11 +15,13 @@ TEST_F(ResolutionForm, InterlaceOfThe1080LinesGoesOverIntoTheKnownPorches) {
     fields.vback = 36;
     fields.interlaced = true;
     ConvertInterlace(fields);
+    EXPECT_EQ(fields.vfront, 4);
     EXPECT_EQ(fields.vsync, 10);
     EXPECT_EQ(fields.vback, 31);
     EXPECT_EQ(fields.vtotal, 1125);
     fields.interlaced = false;
     ConvertInterlace(fields);
+    EXPECT_EQ(fields.vfront, 4);
     EXPECT_EQ(fields.vsync, 5);
     EXPECT_EQ(fields.vback, 36);
 }
@@ -42,7 +44,7 @@ TEST_F(ResolutionForm, InterlaceDoublesAndHalvesOtherPorchesAndKeepsBlankOnes) {
     EXPECT_EQ(fields.vblank, Undefined);
 }
 
-TEST_F(ResolutionForm, TurningInterlaceOnConvertsWhatIsShown) {
+TEST_F(ResolutionForm, TurningInterlaceOnAndOffConvertsWhatIsShown) {
     EdidDetailedResolution item;
     Run(item, [&] {
         driver.Enter(Box(L"Active:", Vertical), L"1080");
@@ -51,6 +53,8 @@ TEST_F(ResolutionForm, TurningInterlaceOnConvertsWhatIsShown) {
         driver.Enter(Box(L"Back porch:", Vertical), L"36");
         ClickInterlaced();
         EXPECT_EQ(Counts(Vertical), L"1080 4 10 31 45 1125");
+        ClickInterlaced();
+        EXPECT_EQ(Counts(Vertical), L"1080 4 5 36 45 1125");
         Leave();
     });
 }

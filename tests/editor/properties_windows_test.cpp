@@ -72,6 +72,27 @@ TEST(PropertiesForm, TheVersionChoosesTheDigitalInterfaceControl) {
     });
 }
 
+TEST(PropertiesForm, ANumberOfItsOwnGivesWayToTheRowThatTheSignalTypeBrings) {
+    Driver driver;
+    EdidPropertiesFields fields = EdidProperties();
+    fields.revision = 4;
+    RunProperties(driver, fields, [&] {
+        auto& depth = driver.Find<ComboBox>(L"Digital color depth:");
+        auto& interface = driver.Find<ComboBox>(L"Digital interface:");
+        driver.Choose(depth, L"Other");
+        driver.Enter(driver.Find<TextBox>(L"Digital color depth:"), L"7");
+        driver.Choose(interface, L"Other");
+        auto& number = driver.Find<TextBox>(L"Digital interface:");
+        driver.Enter(number, L"9");
+        driver.Choose(driver.Find<ComboBox>(L"Signal type:"), L"Analog");
+        driver.Choose(driver.Find<ComboBox>(L"Signal type:"), L"Digital");
+        EXPECT_EQ(depth.GetItemText(depth.GetSelection()), L"Undefined");
+        EXPECT_EQ(interface.GetItemText(interface.GetSelection()), L"Undefined");
+        EXPECT_FALSE(number.IsVisible());
+        driver.Press(Key::Escape);
+    });
+}
+
 TEST(PropertiesForm, TheModelYearTakesTheWeek) {
     Driver driver;
     EdidPropertiesFields fields = EdidProperties();

@@ -20,7 +20,11 @@ protected:
     int Open(typename FormWindow::Item& item, const std::function<void()>& steps) {
         driver.Then(steps);
         FormWindow window(nullptr);
-        return window.Run(item);
+        if constexpr (requires { item.GetSize(); }) {
+            return window.Run(item, item.GetSize());
+        } else {
+            return window.Run(item);
+        }
     }
     int Run(EdidDetailedResolution& item, const std::function<void()>& steps) {
         return Open<EdidDetailedResolutionWindow>(item, steps);

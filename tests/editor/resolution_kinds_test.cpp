@@ -86,6 +86,7 @@ TEST_F(ResolutionForm, TheOtherFieldsShowWhenAskedFor) {
     EdidDetailedResolution item;
     Run(item, [&] {
         EXPECT_ANY_THROW(Box(L"Image size:"));
+        EXPECT_TRUE(driver.Find<ComboBox>(L"Sync type:").IsVisible()) << "no other field";
         Click(L"\u25BC");
         auto& box = Box(L"Image size:");
         driver.Enter(box, L"531");
@@ -101,7 +102,6 @@ TEST_F(ResolutionForm, AModeMakesTheSyncDigitalAndSeparate) {
     item.syncType = EdidDetailedResolutionSyncTypeEnum::AnalogComposite;
     item.serrations = true;
     Run(item, [&] {
-        Click(L"\u25BC");
         const ComboBox& type = driver.Find<ComboBox>(L"Sync type:");
         EXPECT_TRUE(driver.Find<CheckBox>(L"Serrations").IsEnabled());
         EXPECT_FALSE(driver.Find<ComboBox>(L"Sync polarity:").IsEnabled());
@@ -112,6 +112,28 @@ TEST_F(ResolutionForm, AModeMakesTheSyncDigitalAndSeparate) {
         Confirm();
     });
     EXPECT_EQ(item.syncType, EdidDetailedResolutionSyncTypeEnum::DigitalSeparate);
+}
+
+TEST_F(ResolutionForm, TheSyncTypeOpensThePolaritiesTheLineItIsOnAndSerrations) {
+    EdidDetailedResolution item;
+    Run(item, [&] {
+        const auto open = [&] {
+            std::wstring all;
+            for (const int axis : {Horizontal, Vertical})
+                all += driver.Find<ComboBox>(L"Sync polarity:", axis).IsEnabled() ? L"+" : L"-";
+            all += driver.Find<ComboBox>(L"Sync on:").IsEnabled() ? L"+" : L"-";
+            return all + (driver.Find<CheckBox>(L"Serrations").IsEnabled() ? L"+" : L"-");
+        };
+        auto& type = driver.Find<ComboBox>(L"Sync type:");
+        EXPECT_EQ(open(), L"++--") << "digital separate, as a new one is";
+        driver.Choose(type, L"Analog composite");
+        EXPECT_EQ(open(), L"--++");
+        driver.Choose(type, L"Bipolar analog composite");
+        EXPECT_EQ(open(), L"--++");
+        driver.Choose(type, L"Digital composite");
+        EXPECT_EQ(open(), L"+--+");
+        Leave();
+    });
 }
 
 TEST_F(ResolutionForm, EachKindHasItsTitleAndItsOwnFields) {
@@ -141,19 +163,20 @@ TEST_F(ResolutionForm, EachKindHasItsTitleAndItsOwnFields) {
          L"Detailed Resolution r2", L"4:2:0");
 }
 
-TEST_F(ResolutionForm, TheActualRatesGiveWayWhereTheDescriptorHasNoRoomForTheItem) {
-    const auto look = [this](int bytes, const wchar_t* text) {
+TEST_F(ResolutionForm, WithoutRoomForTheItemTheActualRatesGiveWayAndOkIsClosed) {
+    const auto look = [this](int bytes, const wchar_t* text, bool canConfirm) {
         DisplayId2DetailedResolution item;
         item.extraBytes = Bytes{1, 2};
         driver.Then([&] {
             driver.Find<Label>(text);
+            EXPECT_EQ(CanConfirm(), canConfirm);
             Leave();
         });
         DisplayId2DetailedResolutionWindow window(nullptr);
         EXPECT_EQ(window.Run(item, bytes), IdCancel);
     };
-    look(22, L"Actual: 60.000 Hz");
-    look(21, L"(no space left)");
+    look(22, L"Actual: 60.000 Hz", true);
+    look(21, L"(no space left)", false);
 }
 
 }  // namespace

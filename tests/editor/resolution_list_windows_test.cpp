@@ -186,4 +186,34 @@ TEST_F(CvtForm, HasItsRatesInTheirOrderAndNoBoxForOne) {
     EXPECT_EQ(TextOf(item), "1280x720 (16:9) @ 75 Hz");
 }
 
+TEST_F(CvtForm, ANewOneBearsNoMarksAndASizeOffTheGrainIsRed) {
+    Run([&] {
+        EXPECT_FALSE(CanConfirm());
+        EXPECT_TRUE(Box(L"Width:").HasValidStyle());
+        EXPECT_TRUE(Box(L"Height:").HasValidStyle());
+        const auto expectRed = [&](const wchar_t* label, const wchar_t* text, bool isRed) {
+            driver.Enter(Box(label), text);
+            EXPECT_EQ(Box(label).HasValidStyle(), !isRed) << String(text).ToUtf8();
+            EXPECT_EQ(CanConfirm(), !isRed) << String(text).ToUtf8();
+        };
+        driver.Click(Check(L"60 Hz"));
+        driver.Choose(Combo(L"Preferred refresh rate"), L"60 Hz");
+        expectRed(L"Height:", L"1081", true);
+        expectRed(L"Height:", L"1080", false);
+        expectRed(L"Width:", L"1921", true);
+        expectRed(L"Width:", L"1920", false);
+        Leave();
+    });
+}
+
+TEST_F(CvtForm, AHeightThatWasTypedOutlastsARatio) {
+    Run([&] {
+        driver.Enter(Box(L"Height:"), L"1080");
+        driver.Choose(Combo(L"Aspect ratio:"), L"16:9");
+        EXPECT_EQ(Box(L"Height:").GetText(), L"1080");
+        EXPECT_EQ(Box(L"Width:").GetText(), L"1920");
+        Leave();
+    });
+}
+
 }  // namespace

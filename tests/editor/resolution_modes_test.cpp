@@ -73,7 +73,7 @@ const ModeCase ModeCases[] = {
      L"1280 48 128 304 480 1760 - | 960 6 8 151 165 1125 + | 75.000 42.187 74.25 | 75.000 42.187 74.25 | OK"},
     {L"OVT standard", L"3840", L"2160", L"60", L"",
      L"3840 56 32 32 120 3960 + | 2160 26 8 46 80 2240 + | 60.000 134.401 532.23 | 60.000 134.401 532.23 | OK",
-     L"3840 56 32 32 120 3960 + | 2160 26 8 46 80 2240 + | 60.000! 67.202 266.12 | 60.001 67.202 266.12 | no",
+     L"3840 56 32 32 120 3960 + | 2160 26 8 46! 80! 2240! + | 60.000! 67.202 266.12 | 60.001 67.202 266.12 | no",
      L"3840 56 32 32 120 3960 + | 2160 26 8 46 80 2240 + | 60.000 67.202 266.12 | 60.001 67.202 266.12 | OK",
      L""},
     {L"CVT standard", L"1280", L"1024", L"75", L"",
@@ -83,7 +83,7 @@ const ModeCase ModeCases[] = {
      L"2560 48 32 80 160 2720 + | 1440 3 5 33 41 1481 - | 60.000 88.860 241.70 | 60.000 88.860 241.70 | OK",
      L"2560 48 32 80 160 2720 + | 1440 6 10 27 43 1483 - | 60.000 44.492 121.02 | 60.003 44.492 121.02 | OK"},
     {L"CVT-RB2 standard", L"2560", L"1440", L"144", L"",
-     L"2560 8 32 40 80 2640 + | 1440 89 8 6 103 1543 - | 144.000! 222.193 586.59 | 144.000 222.193 586.59 | no",
+     L"2560 8 32 40 80 2640 + | 1440 89! 8 6 103 1543 - | 144.000! 222.193 586.59 | 144.000 222.193 586.59 | no",
      L"2560 8 32 40 80 2640 + | 1440 76 16 13 105 1545 - | 144.000 111.242 293.68 | 144.003 111.242 293.68 | OK",
      L"",
      L"2560 8 32 40 80 2640 + | 1440 89 8 6 103 1543 - | 144.000 222.193 586.59 | 144.000 222.193 586.59 | OK"},
@@ -91,17 +91,17 @@ const ModeCase ModeCases[] = {
      L"1024 56 112 168 336 1360 - | 768 1 3 30 34 802 + | 75.000 60.154 81.81 | 75.005 60.154 81.81 | OK",
      L"1024 24 104 128 256 1280 - | 768 2 6 29 37 805 + | 75.000 30.187 38.64 | 75.000 30.187 38.64 | OK"},
     {L"GTF standard", L"640", L"480", L"8", L"",
-     L"640 -136 32 -104 -208 432 - | 480 1 3 -1 3 483 + | 8.000! 3.865 1.67 | 8.003 3.865 1.67 | no",
-     L"640 -200 24 -176 -352 288 - | 480 2 6 -3 5 485 + | 8.000! 1.944 0.56 | 8.018 1.944 0.56 | no"},
+     L"640 -136! 32 -104! -208! 432! - | 480 1 3 -1! 3! 483! + | 8.000! 3.865 1.67 | 8.003 3.865 1.67 | no",
+     L"640 -200! 24 -176! -352! 288! - | 480 2 6 -3! 5! 485! + | 8.000! 1.944 0.56 | 8.018 1.944 0.56 | no"},
     {L"CVT standard", L"1280", L"1024", L"0", L"",
-     L"1280 _ _ _ _ _ - | 1024 _ _ _ _ _ + | 0.000! _ _ | - - - | no",
-     L"1280 _ _ _ _ _ - | 1024 _ _ _ _ _ + | 0.000! _ _ | - - - | no"},
+     L"1280 _! _! _! _! _! - | 1024 _! _! _! _! _! + | 0.000! _! _! | - - - | no",
+     L"1280 _! _! _! _! _! - | 1024 _! _! _! _! _! + | 0.000! _! _! | - - - | no"},
     {L"QFT calculator", L"1920", L"1080", L"60", L"",
-     L"1920 16 96 48 160 2080 - | 1080 10 2 _ _ 201 - | 60.000! 12.115 25.20 | 60.012 12.062 25.09 | no",
-     L"1920 16 96 48 160 2080 - | 1080 20 4 _ _ 403 - | 60.000! 12.115 25.20 | 60.006 12.091 25.15 | no"},
+     L"1920 16 96 48 160 2080 - | 1080 10 2 _! _! 201! - | 60.000! 12.115 25.20 | 60.012 12.062 25.09 | no",
+     L"1920 16 96 48 160 2080 - | 1080 20 4 _! _! 403! - | 60.000! 12.115 25.20 | 60.006 12.091 25.15 | no"},
     {L"QFT calculator", L"1920", L"1080", L"60", L"594",
      L"1920 16 96 48 160 2080 - | 1080 10 2 3667 3679 4759 - | 60.000 285.576 594.00 | 60.000 285.543 593.93 | OK",
-     L"1920 16 96 48 160 2080 - | 1080 20 4 8415 8439 9519 - | 60.000! 285.576 594.00 | 60.000 285.572 593.99 | no",
+     L"1920 16 96 48 160 2080 - | 1080 20 4 8415! 8439! 9519! - | 60.000! 285.576 594.00 | 60.000 285.572 593.99 | no",
      L"1920 16 96 48 160 2080 - | 1080 20 4 8415 8439 9519 - | 60.000 285.576 594.00 | 60.000 285.572 593.99 | OK",
      L""},
     // clang-format on
@@ -153,6 +153,38 @@ protected:
         }
         return all;
     }
+    // The form of another kind shows what the item of that kind makes of what is on the clipboard.
+    template <class FormWindow>
+    void ExpectPasted() {
+        typename FormWindow::Item item;
+        item.Paste(DetailedResolutionClipboard());
+        const int bytes = item.GetSize();
+        const ItemStatus status = item.GetStatus(bytes);
+        const auto mark = [&](const char* name) { return std::wstring(status.IsProper(name) ? L"" : L"!"); };
+        const auto count = [&](const char* name, int value) {
+            return (value == Undefined ? L"_" : std::to_wstring(value)) + mark(name) + L" ";
+        };
+        const auto rate = [&](Decimal value, int decimals) {
+            const std::wstring text = DecimalToText(value, {decimals}).ToWide();
+            return text.empty() ? L"_" : text;
+        };
+        const auto actual = [&](Decimal value, int decimals) {
+            return value.IsUndefined() ? L"-" : DecimalToText(value, {decimals}).ToWide();
+        };
+        const std::wstring expected =
+            count("hactive", item.hactive) + count("hfront", item.hfront) + count("hsync", item.hsync) +
+            count("hback", item.hback) + count("hblank", item.hblank) + count("htotal", item.htotal) +
+            (item.hpolarity ? L"+" : L"-") + L" | " + count("vactive", item.vactive) + count("vfront", item.vfront) +
+            count("vsync", item.vsync) + count("vback", item.vback) + count("vblank", item.vblank) +
+            count("vtotal", item.vtotal) + (item.vpolarity ? L"+" : L"-") + L" | " + rate(item.vrate, 3) +
+            mark("vrate") + L" " + rate(item.hrate, 3) + mark("hrate") + L" " + rate(item.pixelclock, 3) +
+            mark("pixelclock") + L" | " + actual(item.actualvrate, 3) + L" " + actual(item.actualhrate, 3) + L" " +
+            actual(item.actualpixelclock, 3) + L" | " + (item.IsValidAll(bytes) ? L"OK" : L"no");
+        Look<FormWindow>([&] {
+            Click(L"Paste");
+            EXPECT_EQ(Shown(), expected);
+        });
+    }
     std::wstring Shown() {
         return ReadAxis(0) + L" | " + ReadAxis(1) + L" | " + ReadRates() + L" | " + ReadActual() + L" | " +
                (CanConfirm() ? L"OK" : L"no");
@@ -174,6 +206,32 @@ TEST_P(ResolutionModes, ShowWhatFollowsFromThePicture) {
         EXPECT_EQ(Shown(), *row.pasted != 0 ? row.pasted : row.interlaced);
         ClickInterlaced();
         EXPECT_EQ(Shown(), *row.progressive != 0 ? row.progressive : row.typed);
+    });
+    ExpectPasted<DisplayId2DetailedResolutionWindow>();
+    ExpectPasted<DisplayId2DetailedResolutionWindowR2>();
+    // And back: what was calculated for another kind is calculated anew for the first.
+    Look<DisplayId2DetailedResolutionWindow>([&] {
+        Type(row);
+        Click(L"Copy");
+    });
+    Look<EdidDetailedResolutionWindow>([&] {
+        Click(L"Paste");
+        EXPECT_EQ(Shown(), row.typed);
+        ClickInterlaced();
+        EXPECT_EQ(Shown(), row.interlaced);
+    });
+}
+
+// The pixel clock of CVT 1920 x 1200 with reduced blanking is 154.128 MHz; DisplayID v2 has steps of 1 kHz.
+TEST_F(ResolutionForm, TheClockOfDisplayIdVersion2HasThreeDecimals) {
+    DisplayId2DetailedResolution item;
+    Open<DisplayId2DetailedResolutionWindow>(item, [&] {
+        Choose(L"CVT-RB standard");
+        Picture(L"1920", L"1200", L"60");
+        driver.Press(Key::Tab);
+        EXPECT_EQ(Box(L"Pixel clock:").GetText(), L"154.128");
+        driver.Find<Label>(L"Actual: 154.128 MHz");
+        Leave();
     });
 }
 

@@ -27,18 +27,22 @@ TEST_F(ResolutionForm, AutomaticPcFillsTheTimingAtEachKey) {
 
 TEST_F(ResolutionForm, ARateOfZeroEmptiesAllThatFollowsAndClosesOk) {
     EdidDetailedResolution item;
-    EXPECT_EQ(Run(item,
-                  [&] {
-                      Choose(L"CVT standard");
-                      Picture(L"1280", L"1024", L"0");
-                      EXPECT_EQ(Counts(Horizontal), L"1280     ");
-                      EXPECT_EQ(Counts(Vertical), L"1024     ");
-                      EXPECT_EQ(Box(L"Pixel clock:").GetText(), L"");
-                      EXPECT_FALSE(CanConfirm());
-                      Confirm();
-                      Leave();
-                  }),
-              IdCancel);
+    EXPECT_EQ(
+        Run(item,
+            [&] {
+                Choose(L"CVT standard");
+                Picture(L"1280", L"1024", L"0");
+                EXPECT_EQ(Counts(Horizontal), L"1280     ");
+                EXPECT_EQ(Counts(Vertical), L"1024     ");
+                EXPECT_EQ(Box(L"Scan rate:").GetText(), L"");
+                EXPECT_EQ(Box(L"Pixel clock:").GetText(), L"");
+                for (const wchar_t* readOut : {L"Actual: \u2013 Hz", L"Actual: \u2013 kHz", L"Actual: \u2013 MHz"})
+                    EXPECT_TRUE(driver.Find<Label>(readOut).IsVisible());
+                EXPECT_FALSE(CanConfirm());
+                Confirm();
+                Leave();
+            }),
+        IdCancel);
     EXPECT_EQ(item, EdidDetailedResolution());
 }
 
@@ -62,6 +66,32 @@ TEST_F(ResolutionForm, TypingARateMakesItTheOneThatIsKept) {
         Confirm();
     });
     EXPECT_EQ(item.frequencyType, DetailedResolutionFrequencyTypeEnum::PixelClock);
+}
+
+TEST_F(ResolutionForm, TypingTheRefreshRateOfAModeMakesItTheOneThatIsKept) {
+    EdidDetailedResolution item;
+    Run(item, [&] {
+        driver.Click(Radio(L"Pixel clock:"));
+        Choose(L"CVT standard");
+        driver.Enter(Box(L"Refresh rate:"), L"75");
+        Confirm();
+    });
+    EXPECT_EQ(item.frequencyType, DetailedResolutionFrequencyTypeEnum::RefreshRate);
+}
+
+TEST_F(ResolutionForm, ARateOfTwelveCharactersIsShownWhole) {
+    EdidDetailedResolution item;
+    Run(item, [&] {
+        for (const int axis : {Horizontal, Vertical}) {
+            for (const wchar_t* label : {L"Front porch:", L"Sync width:", L"Back porch:"})
+                driver.Enter(Box(label, axis), label[0] == L'B' ? L"0" : L"1");
+            driver.Enter(Box(L"Active:", axis), axis == Horizontal ? L"8" : L"1");
+        }
+        driver.Enter(Box(L"Pixel clock:"), L"655.35");
+        const auto& readOut = driver.Find<Label>(L"Actual: 21845000.000 Hz");
+        EXPECT_GE(readOut.GetWidth(), readOut.Measure(readOut.GetText()).Width);
+        Leave();
+    });
 }
 
 TEST_F(ResolutionForm, ABadTextStaysAndIsRed) {

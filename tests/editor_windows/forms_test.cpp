@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <utility>
 
+#include "editor/all_forms.h"
 #include "editor/main_window.h"
 #include "model/edid/text_descriptor.h"
 #include "store/load.h"
@@ -116,7 +117,11 @@ TEST_P(FormsOnScreen, ShowTheirControlsWholeAndApart) {
         UI::EndRun(UI::IdCancel);
     });
     EXPECT_EQ(window.Run(), UI::IdCancel);
-    EXPECT_GT(tour.GetSeen().size(), 5u);
+    Forms::ForEachForm([&](auto sample) {
+        tour.BeginNext();
+        sample.edit(nullptr, sample.item, sample.bytes);
+    });
+    EXPECT_GT(tour.GetSeen().size(), 30u);
 }
 
 std::vector<Scene> GetScenes() {

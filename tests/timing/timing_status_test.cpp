@@ -131,7 +131,7 @@ TEST(DisplayIdTimingAvailability, OpensItsOwnFieldsWithTheRoomForThem) {
     EXPECT_EQ(openOwn(DisplayId1DetailedResolution().GetAvailable()), (Names{"aspectRatio", "stereo", "preferred"}));
     DisplayId2DetailedResolutionR2 item;
     item.extraBytes = Bytes{1, 2};
-    const Names all{"size", "aspectRatio", "stereo", "preferred", "extraBytes"};
+    const Names all{"Size", "aspectRatio", "stereo", "preferred", "extraBytes"};
     EXPECT_EQ(openOwn(item.GetAvailable()), all);
     EXPECT_EQ(openOwn(item.GetAvailable(22)), all);
     EXPECT_EQ(openOwn(item.GetAvailable(21)), (Names{"aspectRatio", "stereo", "preferred"}));
