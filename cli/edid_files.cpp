@@ -12,15 +12,12 @@ namespace VNT::Cli {
 
 namespace {
 
-constexpr std::size_t LargestFile = 1024 * 1024;
-
 fs::path PathOf(const std::string& utf8) { return fs::path(std::u8string(utf8.begin(), utf8.end())); }
 
 Bytes ReadStream(std::istream& in, const std::string& name) {
-    std::vector<std::uint8_t> bytes(LargestFile + 1);
+    std::vector<std::uint8_t> bytes(MaxFileBytes);
     in.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
     if (in.bad()) throw Failure(name, "can't be read");
-    if (in.gcount() > static_cast<std::streamsize>(LargestFile)) throw Failure(name, "too large to be an EDID");
     bytes.resize(static_cast<std::size_t>(in.gcount()));
     return Bytes(std::move(bytes));
 }

@@ -7,7 +7,7 @@
 
 namespace VNT::Cli {
 
-// All bytes of FILE, or of standard input for "-". Fails on what can't be read, and on anything over 1 MiB.
+// The bytes of FILE, or of standard input for "-", as far as any format reaches. Fails on what can't be read.
 Bytes ReadFileBytes(const std::string& file, const Console& console);
 // FILE as the editor's import reads it. Fails if it is no EDID.
 Edid ImportFile(const std::string& file, const Console& console);

@@ -46,7 +46,9 @@ public:
 
     // The box, below `top` with its caption, and all in it; returns the box's lower edge.
     int Place(int x, int top, int width) const {
-        const int y = top + group.Box.GetOverhang();
+        // Without a caption the frame itself stands where the caption of others does.
+        const int overhang = group.Box.GetOverhang();
+        const int y = top + overhang - (group.Box.GetText().empty() ? std::min(overhang, metrics.Spacing) : 0);
         const UI::Padding& padding = group.Box.GetStyle().ContentPadding;
         int bottom = y + padding.Top;
         bool isFirst = true;
@@ -70,13 +72,13 @@ private:
             const std::size_t end = column + static_cast<std::size_t>(cell->Span);
             columns.resize(std::max(columns.size(), end));
             const int missing = cell->GetLeast().Width - GetWidth(*cell, column);
-            if (cell->Span == span) columns[end - 1] += std::max(missing, 0);
+            if (!cell->Stretches && cell->Span == span) columns[end - 1] += std::max(missing, 0);
             column = end;
         }
     }
     // The width of a cell that begins in that column, before any is stretched.
     int GetWidth(const Cell& cell, std::size_t column) const {
-        if (!group.IsAligned) return cell.GetLeast().Width;
+        if (!group.IsAligned || cell.Stretches) return cell.GetLeast().Width;
         int width = (cell.Span - 1) * metrics.SmallSpacing;
         for (int i = 0; i < cell.Span; ++i) width += columns[column + static_cast<std::size_t>(i)];
         return width;

@@ -203,6 +203,15 @@ public:
         last.clear();
         return Label(text).Span();
     }
+    // Of the field that stands behind it in the row.
+    template <class F>
+    TGroup& LabelOf(F field, const std::wstring& text) {
+        Begin();
+        auto& cell = AddCell<UI::Controls::Label>(text, text);
+        cell.Field = Forms::Bind(fields, field).Name;
+        cell.IsPart = true;
+        return *this;
+    }
     // The read-out of a calculated value, as wide as `pattern`.
     template <class F>
     TGroup& Actual(F field, const std::wstring& pattern, const VNT::DecimalFormat& format, const std::wstring& unit) {

@@ -133,9 +133,10 @@ void AnyDetailedResolutionWindow<X>::AddFrequencies() {
 
 EdidDetailedResolutionWindow::EdidDetailedResolutionWindow(UI::Window* parent)
     : AnyDetailedResolutionWindow(parent, L"EdidDetailedResolutionWindow", L"Detailed Resolution") {
-    auto sync = Group(L"").Aligned();
+    auto sync = Group(L"");
     sync.Row(L"Sync type:").Combo(Field<&Fields::syncType>, EdidDetailedResolutionSyncTypeEnum::Texts);
-    sync.Row(L"Sync on:").Combo(Field<&Fields::syncOn>, EdidDetailedResolutionSyncOnEnum::Texts);
+    sync.LabelOf(Field<&Fields::syncOn>, L"Sync on:");
+    sync.Combo(Field<&Fields::syncOn>, EdidDetailedResolutionSyncOnEnum::Texts);
     sync.Check(Field<&Fields::serrations>, L"Serrations");
     auto other = OtherGroup(L"Other fields").Aligned();
     other.Row(L"Image size:").Number(Field<&Fields::imageWidth>, L"0000", L"mm");

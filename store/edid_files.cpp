@@ -8,14 +8,11 @@ namespace VNT {
 
 namespace {
 
-// More than any reader looks at, whatever blanks and line ends stand between the bytes of a text.
-constexpr int LargestFile = 4 * MaxTextFileCharacters;
-
 // Nothing of a file that can't be read.
 Bytes ReadFile(const fs::path& path) {
     std::ifstream in(path, std::ios::binary);
-    std::vector<std::uint8_t> bytes(LargestFile);
-    in.read(reinterpret_cast<char*>(bytes.data()), LargestFile);
+    std::vector<std::uint8_t> bytes(MaxFileBytes);
+    in.read(reinterpret_cast<char*>(bytes.data()), MaxFileBytes);
     bytes.resize(static_cast<std::size_t>(in.gcount()));
     return Bytes(std::move(bytes));
 }

@@ -33,7 +33,7 @@ struct FileDialog {
 
 struct ChosenFile {
     std::filesystem::path Path;
-    int TypeIndex = 1;  // of `Types`, counted from 1
+    int TypeIndex = 1;  // of `Types`, counted from 1, where the file is to be saved
     bool operator==(const ChosenFile&) const = default;
 };
 

@@ -10,6 +10,8 @@ namespace VNT {
 // hex (TXT). The readers return false, with `edid` unchanged, for bytes that are no EDID in their format.
 inline constexpr int MaxBinaryFileBytes = 0x10400;  // of a BIN or DAT file; what is behind is not looked at
 inline constexpr int MaxTextFileCharacters = 0x80000;
+// More than any reader looks at, whatever blanks and line ends stand between the bytes of a text.
+inline constexpr int MaxFileBytes = 4 * MaxTextFileCharacters;
 
 bool ReadBin(const Bytes& file, Edid& edid);
 bool ReadDat(const Bytes& file, Edid& edid);

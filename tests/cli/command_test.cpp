@@ -108,7 +108,13 @@ TEST_F(Commands, BadFilesAreOneLineAndStatus2) {
     Put(folder_ / "short", Samples::Block(127, 0));
     ExpectRefused(Call({"show", Path("short")}), Path("short") + ": is no EDID in BIN, DAT or TXT format");
     Put(folder_ / "noise", Samples::Block(10 * 1024 * 1024, 0x5B));
-    ExpectRefused(Call({"show", Path("noise")}), Path("noise") + ": too large to be an EDID");
+    ExpectRefused(Call({"show", Path("noise")}), Path("noise") + ": is no EDID in BIN, DAT or TXT format");
+}
+
+TEST_F(Commands, WhatStandsBehindAnEdidInALargeFileIsNotLookedAt) {
+    const std::string edid = Content(Sample(0));
+    std::ofstream(folder_ / "large", std::ios::binary) << edid << std::string(10 * 1024 * 1024, 'x');
+    EXPECT_EQ(Call({"show", Path("large")}).out, Call({"show", Sample(0)}).out);
 }
 
 TEST_F(Commands, ShowReadsStandardInput) {

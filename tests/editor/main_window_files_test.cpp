@@ -160,11 +160,24 @@ TEST_F(MainWindowFiles, ADialogThatFailsSaysWhere) {
 }
 
 TEST_F(MainWindowFiles, AnImportReplacesWhatIsShownAndClearsTheSelections) {
-    displays[0].CurrentData = MakeExtendedEdid(2);
+    const auto addStandard = [](const Bytes& bytes) {
+        Edid edid;
+        edid.Read(bytes);
+        EdidFields fields = edid;
+        EdidStandardResolutionFields resolution;
+        resolution.width = 800;
+        resolution.refreshRate = 60;
+        resolution.fieldsPresent = EdidStandardResolutionFieldsPresentEnum::WidthAndAspectRatio;
+        fields.standardResolutions.Add(EdidStandardResolution(resolution));
+        return Edid(fields).GetBytes();
+    };
+    displays[0].CurrentData = addStandard(MakeExtendedEdid(2));
     Look([&] {
         driver.Click(List(Descriptors(1)), 0);
+        driver.Click(List(Standards(1)), 0);
         driver.Click(List(Extensions(2)), 1);
-        ImportFile(Put(MakeExtendedEdid(3)));
+        ImportFile(Put(addStandard(MakeExtendedEdid(3))));
+        EXPECT_EQ(List(Standards(1)).GetSelection(), ListBox::NoSelection);
         EXPECT_EQ(List(Descriptors(1)).GetSelection(), ListBox::NoSelection);
         EXPECT_EQ(List(Extensions(3)).GetCount(), 3);
         EXPECT_EQ(List(Extensions(3)).GetSelection(), ListBox::NoSelection);

@@ -398,6 +398,40 @@ TEST_F(MainWindowForm, ABlockWithoutAFormStaysAsItIs) {
     EXPECT_EQ(after[0].CurrentData, displays[0].CurrentData);
 }
 
+TEST_F(MainWindowForm, AnAddedExtensionBlockIsTheLastAndAnEditedOneStaysSelected) {
+    displays[0].CurrentData = MakeExtendedEdid(1);
+    driver.Then([&] { driver.Click(ButtonOf(Extensions(1), L"Add...")); });
+    driver.Then([&] {
+        EXPECT_EQ(driver.GetWindow().GetTitle(), L"Add Extension Block");
+        driver.Press(Key::Return);
+    });
+    driver.Then([&] {
+        EXPECT_EQ(driver.GetWindow().GetTitle(), L"CTA-861 Extension Block");
+        driver.Press(Key::Return);
+    });
+    driver.Then([&] {
+        const ListBox& list = List(Extensions(2));
+        EXPECT_EQ(list.GetCount(), 2);
+        EXPECT_EQ(list.GetSelection(), 1);
+        driver.Click(ButtonOf(Extensions(2), L"\u25B2"));
+        driver.Click(ButtonOf(Extensions(2), L"Edit..."));
+    });
+    driver.Then([&] {
+        driver.Click(driver.Find<CheckBox>(L"Supports basic audio"));
+        driver.Press(Key::Return);
+    });
+    Run([&] {
+        EXPECT_EQ(List(Extensions(2)).GetSelection(), 0);
+        driver.Click(Button(L"OK"));
+    });
+    const Bytes& bytes = after[0].CurrentData;
+    EXPECT_EQ(bytes.Size(), 3 * 128);
+    EXPECT_EQ(bytes.At(126), 2);
+    EXPECT_EQ(bytes.At(128), 0x02) << "a CTA-861 block";
+    EXPECT_EQ(bytes.At(128 + 3) & 0x40, 0x40) << "that supports basic audio";
+    EXPECT_EQ(bytes.At(256 + 1), 1) << "and the one that was there";
+}
+
 TEST_F(MainWindowForm, TheCountOfBlocksFollowsTheirList) {
     displays[0].CurrentData = MakeExtendedEdid(3);
     Run([&] {
@@ -453,6 +487,18 @@ public:
     using MainWindow::MainWindow;
     EdidFields& GetFields() { return fields; }
 };
+
+TEST_F(MainWindowForm, OkStoresWhatNoUpdateHasStored) {
+    OpenMainWindow window(displays);
+    driver.Then([&] {
+        window.GetFields().properties.vendorId = U"NEW";
+        driver.Press(Key::Return);
+    });
+    EXPECT_EQ(window.Run(), IdOk);
+    EXPECT_EQ(window.GetDisplays()[0].CurrentData, MakeEdid("NEW", "FIRST"));
+    EXPECT_FALSE(window.GetDisplays()[0].Saved);
+    EXPECT_TRUE(window.GetDisplays()[1].Saved);
+}
 
 TEST_F(MainWindowForm, AWorkingCopyThatCantBeWrittenIsUndone) {
     OpenMainWindow window(displays);

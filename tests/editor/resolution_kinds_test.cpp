@@ -122,6 +122,7 @@ TEST_F(ResolutionForm, TheSyncTypeOpensThePolaritiesTheLineItIsOnAndSerrations) 
             for (const int axis : {Horizontal, Vertical})
                 all += driver.Find<ComboBox>(L"Sync polarity:", axis).IsEnabled() ? L"+" : L"-";
             all += driver.Find<ComboBox>(L"Sync on:").IsEnabled() ? L"+" : L"-";
+            EXPECT_EQ(driver.Find<Label>(L"Sync on:").IsEnabled(), driver.Find<ComboBox>(L"Sync on:").IsEnabled());
             return all + (driver.Find<CheckBox>(L"Serrations").IsEnabled() ? L"+" : L"-");
         };
         auto& type = driver.Find<ComboBox>(L"Sync type:");

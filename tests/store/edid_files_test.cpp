@@ -62,6 +62,26 @@ TEST_F(EdidFiles, ComeBackInEachFormat) {
     EXPECT_EQ(List(), "edid ");
 }
 
+TEST_F(EdidFiles, LinesEndAsTheSystemHasThemAndBytesStayBytes) {
+#ifdef _WIN32
+    const std::string end = "\r\n";
+#else
+    const std::string end = "\n";
+#endif
+    ASSERT_TRUE(ExportTxt(folder / "txt", edid));
+    EXPECT_EQ(Get(folder / "txt").find('\n'), 47 + end.size() - 1) << "behind 16 bytes and their blanks";
+    EXPECT_TRUE(Get(folder / "txt").ends_with(end));
+    ASSERT_TRUE(ExportDat(folder / "dat", edid));
+    EXPECT_TRUE(Get(folder / "dat").ends_with(end));
+    EXPECT_EQ(Get(folder / "dat").find("\r\n") != std::string::npos, end == "\r\n");
+    Bytes bytes = edid.GetBytes();
+    bytes.At(20) = 0x0A;
+    bytes.At(127) = static_cast<std::uint8_t>(ComputeChecksum(bytes));
+    ASSERT_TRUE(edid.Read(bytes));
+    ASSERT_TRUE(ExportBin(folder / "bin", edid));
+    EXPECT_EQ(fs::file_size(folder / "bin"), 128u);
+}
+
 TEST_F(EdidFiles, TheFormatIsNotThatOfTheName) {
     ASSERT_TRUE(ExportTxt(folder / "a.bin", edid));
     EXPECT_TRUE(Get(folder / "a.bin").starts_with("00 FF FF"));
