@@ -12,7 +12,7 @@ namespace VNT {
 // prefix of the frame, and the lengths that an edit may leave of them, ascending. An item from elsewhere may have any.
 struct SizedShape {
     int fixed = 0;
-    TFew<int> steps{};
+    TFew<int, 12> steps{};
 
     constexpr int Least() const { return steps.begin() == steps.end() ? fixed : *steps.begin(); }
     // The `PresentLength` of an item with bytes behind all of its fields.
@@ -54,7 +54,9 @@ public:
 // behind the fields, kept. A read and a write never change an item's length, whatever that is: what lies beyond a short
 // item's end reads as zero bits and isn't written. An edited item takes the length that its fields need.
 //
-// Particular: `Accepts(peek)`, `Normalize()`, `FillTexts(table)`, `HasContent()`, `GetExtraLimits(room)`.
+// Particular: `Accepts(peek)`, `Normalize()`, `FillTexts(table)`, `HasContent()`, `GetExtraLimits(room)`; `KeepsExtra`;
+// of a kind whose bytes tell its length in a way of their own `GetPresentLength()`, `AllowsLength(presentLength)` and
+// `GetNeeded(bytes)`.
 template <class X, class AnyX, class TypeEnum, TypeEnum value, class Fields>
 class TSizedItem : public TCommonTypeSize<X, TypeEnum, value, AnyX, AnyX>, public Fields {
 public:
@@ -69,8 +71,9 @@ public:
     // An edited item. X's constructor from its fields calls this.
     void SetFields(const Fields& fields) {
         static_cast<Fields&>(*this) = fields;
+        if (!X::KeepsExtra) this->Extra = Bytes();
         Self().Normalize();
-        UpdateSize();
+        Self().UpdateSize();
     }
 
     bool Read(ByteRange range) override {
@@ -80,8 +83,7 @@ public:
         this->Size = peek.size;
         LayoutReader io(range);
         X::Map(io, Self());
-        const int present = std::clamp(this->Size - PrefixSize, 0, X::Shape.fixed);
-        PresentLength = this->Extra.IsEmpty() ? present : X::Shape.Longer();
+        PresentLength = Self().GetPresentLength();
         Self().NormalizeRead();
         return true;
     }
@@ -127,7 +129,7 @@ public:
         X::template MapPrefix<IO>(io, item);
         io.Check("Size", item.Size >= PrefixSize + X::Shape.Least() && item.Size <= io.Available(),
                  item.Size <= io.Available());
-        io.Check("PresentLength", X::Shape.Allows(item.PresentLength), true);
+        io.Check("PresentLength", X::AllowsLength(item.PresentLength), true);
         X::MapFields(io, item);
         io.Rest("Extra", item.Extra, item.GetExtraLimits(GetExtraRoom(io.Available())));
     }
@@ -144,25 +146,35 @@ public:
     bool HasContent() const { return true; }
     TextFormat GetFormat() const { return X::Format; }
     TLimitPair<CountLimits> GetExtraLimits(int room) const { return CountLimits{0, room}; }
+    // Whether an edit keeps the bytes behind the fields.
+    static constexpr bool KeepsExtra = true;
+    int GetPresentLength() const {
+        return this->Extra.IsEmpty() ? std::clamp(this->Size - PrefixSize, 0, X::Shape.fixed) : X::Shape.Longer();
+    }
+    static bool AllowsLength(int presentLength) { return X::Shape.Allows(presentLength); }
+    // The bytes behind the prefix that say something, of which the last that is not 0 is at `bytes`.
+    int GetNeeded(int bytes) const { return bytes; }
 
-private:
-    static int Clamp(int size) { return std::clamp(size, 0, AnyX::MaxSize); }
-
+protected:
     // The length that an edited item takes: the shortest that holds every byte that says something.
     void UpdateSize() {
         PresentLength = X::Shape.fixed;
         LayoutRuler ruler(AnyX::MaxSize);
         X::Map(ruler, Self());
         this->Size = ruler.Bytes();
-        PresentLength = this->Extra.IsEmpty() ? std::min(this->Size - PrefixSize, X::Shape.fixed) : X::Shape.Longer();
-        if (PresentLength == X::Shape.fixed && this->Size == PrefixSize + X::Shape.fixed) TrimToStep();
+        if (this->Extra.IsEmpty() && this->Size <= PrefixSize + X::Shape.fixed) TrimToStep();
+        PresentLength = Self().GetPresentLength();
     }
+
+private:
+    static int Clamp(int size) { return std::clamp(size, 0, AnyX::MaxSize); }
+
     void TrimToStep() {
         Bytes scratch(this->Size, 0);
         LayoutWriter io(scratch);
         X::Map(io, Self());
-        PresentLength = X::Shape.Holding(scratch.LastIndexNot(0) - PrefixSize);
-        this->Size = PrefixSize + PresentLength;
+        const int needed = Self().GetNeeded(scratch.LastIndexNot(0) - PrefixSize);
+        this->Size = std::min(this->Size, PrefixSize + X::Shape.Holding(needed));
     }
     X& Self() { return static_cast<X&>(*this); }
     const X& Self() const { return static_cast<const X&>(*this); }
