@@ -150,7 +150,8 @@ public:
         return cell.Control;
     }
 
-    // Check boxes: of a bool, of one flag, of all flags of a vocabulary (which may be texts alone, in order).
+    // Check boxes: of a bool, of one flag, of all flags of a vocabulary that the field can hold. The vocabulary may be
+    // texts alone, in order.
     template <class F>
     TGroup& Check(F field, const std::wstring& text) {
         Begin();
@@ -167,10 +168,13 @@ public:
         return *this;
     }
     template <class F, class Value, std::size_t count>
-    TGroup& Checks(F field, const VNT::ValueText<Value> (&rows)[count]) {
+    TGroup& Checks(F field, const VNT::ValueText<Value> (&rows)[count], const std::wstring& unit = {}) {
         BeginRow(Forms::RowKind::Columns);
-        for (const auto& row : rows)
-            AddFlag(Forms::Bind(fields, field), static_cast<int>(row.value), VNT::String(row.text).ToWide());
+        auto bound = Forms::Bind(fields, field);
+        for (const auto& row : rows) {
+            if (CanHold(bound.Value, row.value))
+                AddFlag(bound, static_cast<int>(row.value), VNT::String(row.text).ToWide() + unit);
+        }
         return *this;
     }
     template <class F, std::size_t count>
@@ -386,6 +390,11 @@ private:
         auto& cell = AddCell<UI::Controls::CheckBox>(text, text);
         cell.Field = name;
         return cell;
+    }
+    template <class Flags>
+    static bool CanHold(const Flags&, auto flag) {
+        if constexpr (requires { Flags::Holds(flag); }) return Flags::Holds(flag);
+        return true;
     }
     template <class T>
     void AddFlag(Forms::TBoundField<T> field, int bit, const std::wstring& text) {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "model/core/layout.h"
+#include "model/core/bytes.h"
 #include "model/core/text_string.h"
 
 namespace VNT {

@@ -17,13 +17,18 @@ struct ValueText {
     const char* text;
 };
 
-// n flags in an integer (n up to 32), masked on construction. `E` is a structure with the enumeration `Enum` in it.
-template <class E, int n>
+namespace Detail {
+constexpr std::uint32_t LowBits(int n) { return n == 32 ? 0xFFFFFFFFu : (1u << n) - 1; }
+}  // namespace Detail
+
+// n flags in an integer (n up to 32), masked on construction: those of `mask` can be set, the others never are. `E` is
+// a structure with the enumeration `Enum` in it.
+template <class E, int n, std::uint32_t mask = Detail::LowBits(n)>
 class TFlags {
 public:
     using Flag = typename E::Enum;
     static constexpr int BitCount = n;
-    static constexpr std::uint32_t AllBits = n == 32 ? 0xFFFFFFFFu : (1u << n) - 1;
+    static constexpr std::uint32_t AllBits = mask;
 
     constexpr TFlags() = default;
     constexpr explicit TFlags(std::uint32_t bits) : bits_(bits & AllBits) {}
@@ -31,23 +36,24 @@ public:
     constexpr bool operator==(const TFlags&) const = default;
 
 protected:
-    constexpr bool TestMask(std::uint32_t mask) const { return (bits_ & mask) != 0; }
-    constexpr void SetMask(std::uint32_t mask, bool on) { bits_ = on ? (bits_ | mask) & AllBits : bits_ & ~mask; }
+    constexpr bool TestMask(std::uint32_t bits) const { return (bits_ & bits) != 0; }
+    constexpr void SetMask(std::uint32_t bits, bool on) { bits_ = on ? (bits_ | bits) & AllBits : bits_ & ~bits; }
 
 private:
     std::uint32_t bits_ = 0;
 };
 
 // The enumeration's value k is bit k counted from the lowest.
-template <class E, int n>
-class TFlagsLsb : public TFlags<E, n> {
+template <class E, int n, std::uint32_t mask = Detail::LowBits(n)>
+class TFlagsLsb : public TFlags<E, n, mask> {
 public:
     using Flag = typename E::Enum;
-    using TFlags<E, n>::TFlags;
+    using TFlags<E, n, mask>::TFlags;
     constexpr TFlagsLsb(std::initializer_list<Flag> set) {
         for (const Flag flag : set) Set(flag, true);
     }
     static constexpr std::uint32_t Mask(Flag flag) { return 1u << static_cast<int>(flag); }
+    static constexpr bool Holds(Flag flag) { return (Mask(flag) & mask) != 0; }  // whether it can be set
     constexpr bool Test(Flag flag) const { return this->TestMask(Mask(flag)); }
     constexpr void Set(Flag flag, bool on) { this->SetMask(Mask(flag), on); }
 };

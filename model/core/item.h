@@ -36,7 +36,8 @@ public:
     template <class T, class Coding, class L>
     void Number(const char*, const BitPlace&, const T&, const Coding&, const TLimitPair<L>&) {}
     void Data(const char*, int, const Bytes&, const TLimitPair<CountLimits>&) {}
-    void Rest(const char*, const Bytes&, const TLimitPair<CountLimits>&) {}
+    template <class T>
+    void Rest(const char*, const T&, const TLimitPair<CountLimits>&) {}
     void Check(const char*, bool, bool) {}
     template <class Item>
     void Part(const char* name, int, const Item& part, bool, bool) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "model/core/bytes.h"
+#include "model/core/characters.h"
 #include "model/core/limits.h"
 
 // One layout, many visitors. An item says once what its bytes are, in
@@ -80,6 +81,8 @@ template <class T, class L>
 bool Passes(const T& value, const L& limits) {
     if constexpr (std::is_enum_v<T>) {
         return limits.Contains(static_cast<int>(value));
+    } else if constexpr (FlagHolder<T>) {
+        return limits.Contains(static_cast<int>(value.GetBits()));
     } else {
         return limits.Contains(value);
     }
@@ -132,7 +135,11 @@ public:
     void Data(const char*, int count, Bytes& value, const TLimitPair<CountLimits>&) {
         value = Bytes(range_.Take(count));
     }
+    // What is left: bytes, or characters of a byte each.
     void Rest(const char*, Bytes& value, const TLimitPair<CountLimits>&) { value = Bytes(range_.TakeRest()); }
+    void Rest(const char*, String& value, const TLimitPair<CountLimits>&) {
+        value = CharactersOfBytes(range_.TakeRest());
+    }
     // An item or list of its own in the next `count` bytes.
     template <class Item>
     void Part(const char*, int count, Item& item, bool, bool) {
@@ -194,6 +201,9 @@ public:
     }
     void Rest(const char*, const Bytes& value, const TLimitPair<CountLimits>&) {
         range_.Take(value.Size()).CopyFrom(value);
+    }
+    void Rest(const char*, const String& value, const TLimitPair<CountLimits>&) {
+        range_.Take(value.Length()).CopyFrom(BytesOfCharacters(value, value.Length()));
     }
     template <class Item>
     void Part(const char*, int count, const Item& item, bool, bool) {
@@ -266,6 +276,10 @@ public:
     }
     void Rest(const char* name, const Bytes& value, const TLimitPair<CountLimits>& limits) {
         sink_.Report(name, limits.proper.Contains(value.Size()), limits.all.Contains(value.Size()));
+    }
+    void Rest(const char* name, const String& value, const TLimitPair<CountLimits>& limits) {
+        const bool fits = AreBytes(value);
+        sink_.Report(name, fits && limits.proper.Contains(value.Length()), fits && limits.all.Contains(value.Length()));
     }
     // `proper` and `all` are what the part's own tests say.
     template <class Item>
@@ -349,7 +363,8 @@ public:
     void Data(const char* name, int, const Bytes& value, const TLimitPair<CountLimits>& pair) {
         Rest(name, value, pair);
     }
-    void Rest(const char* name, const Bytes&, const TLimitPair<CountLimits>& pair) {
+    template <class T>
+    void Rest(const char* name, const T&, const TLimitPair<CountLimits>& pair) {
         limits.push_back({name, pair.proper, pair.all});
     }
     template <class Item>

@@ -38,14 +38,10 @@ public:
         Pass(count);
         Report(name);
     }
-    // There is room for bytes behind the rest only where one more could stand.
     void Rest(const char* name, const VNT::Bytes& value, const TLimitPair<CountLimits>&) {
-        const int start = position_;
-        Pass(1);
-        Report(name);
-        position_ = start;
-        Pass(value.Size());
+        PassRest(name, value.Size());
     }
+    void Rest(const char* name, const String& value, const TLimitPair<CountLimits>&) { PassRest(name, value.Length()); }
     template <class Item>
     void Part(const char* name, int count, const Item&, bool, bool) {
         Pass(count);
@@ -69,6 +65,14 @@ private:
     static constexpr int BitsPerByte = 8;
 
     void Pass(int count) { position_ = (Bytes() + count) * BitsPerByte; }
+    // It can be edited only where there is room for one byte at least.
+    void PassRest(const char* name, int count) {
+        const int start = position_;
+        Pass(1);
+        Report(name);
+        position_ = start;
+        Pass(count);
+    }
     void Report(const char* name) {
         if (reach_ == nullptr || reach_->IsPresent(name)) return;
         const bool isReached = Bytes() <= Available();

@@ -54,9 +54,9 @@ public:
 // behind the fields, kept. A read and a write never change an item's length, whatever that is: what lies beyond a short
 // item's end reads as zero bits and isn't written. An edited item takes the length that its fields need.
 //
-// Particular: `Accepts(peek)`, `Normalize()`, `FillTexts(table)`, `HasContent()`, `GetExtraLimits(room)`; `KeepsExtra`;
-// of a kind whose bytes tell its length in a way of their own `GetPresentLength()`, `AllowsLength(presentLength)` and
-// `GetNeeded(bytes)`.
+// Particular: `Accepts(peek)`, `Normalize()`, `FillTexts(table)`, `HasContent()`, `GetExtraLimits(room)`; `KeepsExtra`,
+// `HasRest()`; of a kind whose bytes tell its length in a way of their own `GetPresentLength()`,
+// `AllowsLength(presentLength)` and `GetNeeded(bytes)`.
 template <class X, class AnyX, class TypeEnum, TypeEnum value, class Fields>
 class TSizedItem : public TCommonTypeSize<X, TypeEnum, value, AnyX, AnyX>, public Fields {
 public:
@@ -148,8 +148,10 @@ public:
     TLimitPair<CountLimits> GetExtraLimits(int room) const { return CountLimits{0, room}; }
     // Whether an edit keeps the bytes behind the fields.
     static constexpr bool KeepsExtra = true;
+    // Whether there are bytes behind the fixed ones.
+    bool HasRest() const { return !this->Extra.IsEmpty(); }
     int GetPresentLength() const {
-        return this->Extra.IsEmpty() ? std::clamp(this->Size - PrefixSize, 0, X::Shape.fixed) : X::Shape.Longer();
+        return Self().HasRest() ? X::Shape.Longer() : std::clamp(this->Size - PrefixSize, 0, X::Shape.fixed);
     }
     static bool AllowsLength(int presentLength) { return X::Shape.Allows(presentLength); }
     // The bytes behind the prefix that say something, of which the last that is not 0 is at `bytes`.

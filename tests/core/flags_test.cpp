@@ -30,6 +30,18 @@ TEST(Flags, AreMaskedToTheirBitsOnConstruction) {
     EXPECT_EQ(Lsb().GetBits(), 0u);
 }
 
+TEST(Flags, OnlyThoseOfTheMaskCanBeSet) {
+    using Some = TFlagsLsb<Direction, 5, 0b01010u>;
+    EXPECT_EQ(Some(0xFFFFFFFFu).GetBits(), 0b01010u);
+    Some flags({Direction::First, Direction::Second});
+    EXPECT_EQ(flags.GetBits(), 0b00010u);
+    flags.Set(Direction::Fifth, true);
+    flags.Set(Direction::Fourth, true);
+    EXPECT_EQ(flags.GetBits(), 0b01010u);
+    EXPECT_TRUE(Some::Holds(Direction::Fourth));
+    EXPECT_FALSE(Some::Holds(Direction::First));
+}
+
 TEST(Flags, LsbCountsFromTheLowestBit) {
     EXPECT_EQ(Lsb({Direction::First}).GetBits(), 0b00001u);
     EXPECT_EQ(Lsb({Direction::Fifth}).GetBits(), 0b10000u);

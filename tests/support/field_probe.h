@@ -12,13 +12,15 @@
 // Visitors that look at and change the fields of any item by their names, without knowing its class.
 namespace VNT::Testing {
 
-// A field's value as a number: millionths of a Decimal, the bits of flags, the length of bytes.
+// A field's value as a number: millionths of a Decimal, the bits of flags, the length of bytes or a text.
 template <class T>
 std::int64_t NumberOf(const T& value) {
     if constexpr (std::is_same_v<T, Decimal>) {
         return value.Millionths();
     } else if constexpr (std::is_same_v<T, Bytes>) {
         return value.Size();
+    } else if constexpr (std::is_same_v<T, String>) {
+        return value.Length();
     } else if constexpr (Detail::FlagHolder<T>) {
         return value.GetBits();
     } else {
@@ -32,6 +34,8 @@ T ValueOf(std::int64_t number) {
         return Decimal::FromMillionths(number);
     } else if constexpr (std::is_same_v<T, Bytes>) {
         return Bytes(static_cast<int>(number), 0x5A);
+    } else if constexpr (std::is_same_v<T, String>) {
+        return String(std::u32string(static_cast<std::size_t>(number), U'Z'));
     } else if constexpr (Detail::FlagHolder<T>) {
         return T(static_cast<std::uint32_t>(number));
     } else {
@@ -45,6 +49,7 @@ struct FieldProbe {
     std::int64_t number;
     bool proper;
     bool all;
+    bool isRest = false;  // of what is left of the bytes
 };
 
 // For each field: the least and greatest value of both limits, what is one beyond, what they list beside their range.
@@ -56,7 +61,7 @@ public:
     void Kept(const char* name, const BitPlace& place, const T&) {
         const std::int64_t most = place.Most();
         Add(name, 0, true, true);
-        Add(name, std::is_same_v<T, bool> ? 1 : most, true, true);
+        Add(name, HeldBy<T>(most), true, true);
         if constexpr (std::is_same_v<T, int>) {
             Add(name, -1, false, false);
             Add(name, most + 1, false, false);
@@ -66,22 +71,19 @@ public:
     void Number(const char* name, const BitPlace&, const T&, const TLimitPair<L>& limits) {
         for (const L& set : {limits.proper, limits.all}) {
             for (const std::int64_t number : Extremes(set))
-                Add(name, number, Contains<T>(limits.proper, number), Contains<T>(limits.all, number));
+                Add(name, HeldBy<T>(number), Contains<T>(limits.proper, number), Contains<T>(limits.all, number));
         }
     }
     template <class T, class Coding, class L>
     void Number(const char* name, const BitPlace& place, const T& value, const Coding&, const TLimitPair<L>& limits) {
         Number(name, place, value, limits);
     }
-    void Data(const char* name, int, const Bytes& value, const TLimitPair<CountLimits>& limits) {
-        Rest(name, value, limits);
+    void Data(const char* name, int, const Bytes&, const TLimitPair<CountLimits>& limits) {
+        AddSizes(name, limits, false);
     }
-    void Rest(const char* name, const Bytes&, const TLimitPair<CountLimits>& limits) {
-        for (const CountLimits& set : {limits.proper, limits.all}) {
-            for (const int size : {set.min - 1, set.min, set.max, set.max + 1}) {
-                if (size >= 0) Add(name, size, limits.proper.Contains(size), limits.all.Contains(size));
-            }
-        }
+    template <class T>
+    void Rest(const char* name, const T&, const TLimitPair<CountLimits>& limits) {
+        AddSizes(name, limits, true);
     }
     template <class Item>
     void Part(const char*, int, const Item&, bool, bool) {}
@@ -96,8 +98,20 @@ public:
     std::vector<FieldProbe> probes;
 
 private:
-    void Add(const char* name, std::int64_t number, bool proper, bool all) {
-        probes.push_back({name, number, proper, all});
+    void Add(const char* name, std::int64_t number, bool proper, bool all, bool isRest = false) {
+        probes.push_back({name, number, proper, all, isRest});
+    }
+    void AddSizes(const char* name, const TLimitPair<CountLimits>& limits, bool isRest) {
+        for (const CountLimits& set : {limits.proper, limits.all}) {
+            for (const int size : {set.min - 1, set.min, set.max, set.max + 1}) {
+                if (size >= 0) Add(name, size, limits.proper.Contains(size), limits.all.Contains(size), isRest);
+            }
+        }
+    }
+    // What is left of a number in the field.
+    template <class T>
+    static std::int64_t HeldBy(std::int64_t number) {
+        return NumberOf(ValueOf<T>(number));
     }
     template <class T, class L>
     static bool Contains(const L& limits, std::int64_t number) {
@@ -138,7 +152,10 @@ public:
         Touch(name, value);
     }
     void Data(const char* name, int, Bytes& value, const TLimitPair<CountLimits>&) { Touch(name, value); }
-    void Rest(const char* name, Bytes& value, const TLimitPair<CountLimits>&) { Touch(name, value); }
+    template <class T>
+    void Rest(const char* name, T& value, const TLimitPair<CountLimits>&) {
+        Touch(name, value);
+    }
     template <class Item>
     void Part(const char*, int, Item&, bool, bool) {}
     template <class Items, class L>
