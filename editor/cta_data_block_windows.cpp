@@ -1,5 +1,6 @@
 #include "editor/cta_data_block_windows.h"
 
+#include "editor/cta_audio_windows.h"
 #include "model/cta/extension_override.h"
 
 using namespace VNT;
@@ -16,6 +17,12 @@ CtaGSyncDataBlockWindow::CtaGSyncDataBlockWindow(UI::Window* parent)
     Group(L"Min refresh rate").Number(Field<&Fields::MinRefreshRate>, L"000", L"Hz");
 }
 
+CtaProductInfoDataBlockWindow::CtaProductInfoDataBlockWindow(UI::Window* parent)
+    : TItemWindow(parent, L"CtaProductInfoDataBlockWindow", L"Product Information") {
+    Group(L"Vendor ID").Hex(Field<&Fields::VendorId>, L"AAAAAA");
+    Group(L"Name").SizedText(Field<&Fields::Name>, [this] { return Item::GetExtraRoom(GetBytes()); });
+}
+
 namespace {
 
 template <class FormWindow>
@@ -28,6 +35,8 @@ constexpr Forms::TFormRow<CtaDataBlock> DataBlockForms[] = {
     FormOf<CtaColorimetryDataBlockWindow>(),
     Forms::NoForm<CtaExtensionOverrideDataBlock, CtaDataBlock>(),
     FormOf<CtaGSyncDataBlockWindow>(),
+    FormOf<CtaProductInfoDataBlockWindow>(),
+    FormOf<CtaSpeakerAllocationDataBlockWindow>(),
     FormOf<CtaVendorSpecificDataBlockWindow>(),
     FormOf<CtaVendorSpecificAudioDataBlockWindow>(),
     FormOf<CtaVendorSpecificVideoDataBlockWindow>(),

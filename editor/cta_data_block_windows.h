@@ -4,6 +4,7 @@
 #include "editor/add_window.h"
 #include "model/cta/colorimetry.h"
 #include "model/cta/gsync.h"
+#include "model/cta/product_info.h"
 #include "model/cta/vendor_specific.h"
 
 class CtaColorimetryDataBlockWindow : public TItemWindow<VNT::CtaColorimetryDataBlock> {
@@ -14,6 +15,11 @@ public:
 class CtaGSyncDataBlockWindow : public TItemWindow<VNT::CtaGSyncDataBlock> {
 public:
     explicit CtaGSyncDataBlockWindow(UI::Window* parent);
+};
+
+class CtaProductInfoDataBlockWindow : public TItemWindow<VNT::CtaProductInfoDataBlock> {
+public:
+    explicit CtaProductInfoDataBlockWindow(UI::Window* parent);
 };
 
 // The vendor's number and what the vendor says.

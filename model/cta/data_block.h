@@ -16,9 +16,11 @@ struct CtaDataBlockTypeId {
 
     enum Enum : int {
         VendorSpecific = 0x3,
+        SpeakerAllocation = 0x4,
         VendorSpecificVideo = 0x1000001,
         Colorimetry = 0x1000005,
         VendorSpecificAudio = 0x1000011,
+        ProductInfo = 0x1000021,
         ExtensionOverride = 0x1000078,
         GSync = 0x200044B,
         Other = 0x5000000,
@@ -89,6 +91,12 @@ struct CtaDataBlockFields {
     Bytes Extra;  // what stands behind the known fields
     bool operator==(const CtaDataBlockFields&) const = default;
 };
+
+// An IEEE OUI as texts show it.
+inline String GetOuiText(int oui) {
+    constexpr int radix = 16, digits = 6;
+    return NumberText(oui, radix, digits, true);
+}
 
 template <class X, CtaDataBlockTypeId::Enum id, class Fields>
 using TCtaDataBlock = TSizedItem<X, AnyCtaDataBlock, CtaDataBlockTypeId::Enum, id, Fields>;

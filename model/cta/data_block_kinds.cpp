@@ -2,6 +2,8 @@
 #include "model/cta/extension_override.h"
 #include "model/cta/gsync.h"
 #include "model/cta/other_data_block.h"
+#include "model/cta/product_info.h"
+#include "model/cta/speaker_allocation.h"
 #include "model/cta/vendor_specific.h"
 
 namespace VNT {
@@ -18,6 +20,8 @@ constexpr TKind<AnyCtaDataBlock> Rows[] = {
     Kind<CtaColorimetryDataBlock>("Colorimetry", 4),
     Kind<CtaExtensionOverrideDataBlock>("Extension override", 3),
     Kind<CtaGSyncDataBlock>("G-SYNC", 6),
+    Kind<CtaProductInfoDataBlock>("Product information", 5),
+    Kind<CtaSpeakerAllocationDataBlock>("Speaker allocation", 4),
     Kind<CtaVendorSpecificDataBlock>("Vendor-specific", 4),
     Kind<CtaVendorSpecificAudioDataBlock>("Vendor-specific audio", 5),
     Kind<CtaVendorSpecificVideoDataBlock>("Vendor-specific video", 5),

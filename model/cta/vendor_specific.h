@@ -17,8 +17,7 @@ public:
 
     static bool Accepts(const SizedPeek& peek) { return peek.plainType == id; }
     void FillTexts(TextTable& table) const {
-        constexpr int radix = 16, digits = 6;
-        table.Set(U"{vendorid}", NumberText(this->VendorId, radix, digits, true));
+        table.Set(U"{vendorid}", GetOuiText(this->VendorId));
         FillSizeTexts(table, {0, 0, this->Extra.Size(), this->GetExtraRoom(AnyCtaDataBlock::MaxSize)},
                       SizeOnlyTextFormat());
     }

@@ -2,6 +2,8 @@
 #include "model/cta/extension_override.h"
 #include "model/cta/gsync.h"
 #include "model/cta/other_data_block.h"
+#include "model/cta/product_info.h"
+#include "model/cta/speaker_allocation.h"
 #include "model/cta/vendor_specific.h"
 #include "tests/support/sized_suite.h"
 
@@ -11,9 +13,9 @@ namespace {
 struct CtaDataBlockFamily {
     using Holder = CtaDataBlock;
     using Kinds = CtaDataBlockKinds;
-    using Items =
-        ItemList<CtaColorimetryDataBlock, CtaExtensionOverrideDataBlock, CtaGSyncDataBlock, CtaVendorSpecificDataBlock,
-                 CtaVendorSpecificAudioDataBlock, CtaVendorSpecificVideoDataBlock, CtaOtherDataBlock>;
+    using Items = ItemList<CtaColorimetryDataBlock, CtaExtensionOverrideDataBlock, CtaGSyncDataBlock,
+                           CtaProductInfoDataBlock, CtaSpeakerAllocationDataBlock, CtaVendorSpecificDataBlock,
+                           CtaVendorSpecificAudioDataBlock, CtaVendorSpecificVideoDataBlock, CtaOtherDataBlock>;
 
     // Of any length that the type can have.
     static Bytes Frame(int type, const Fill& fill) {

@@ -5,7 +5,7 @@
 #include "model/cta/gsync.h"
 #include "model/cta/other_data_block.h"
 #include "model/cta/vendor_specific.h"
-#include "tests/support/items.h"
+#include "tests/support/cta.h"
 
 namespace VNT::Testing {
 namespace {
@@ -13,19 +13,6 @@ namespace {
 template <class X>
 CtaDataBlock Hold(const X& block) {
     return CtaDataBlock(block.Clone());
-}
-
-// The holder reads the bytes as X, which says `text` and writes the same bytes.
-template <class X>
-X CheckBlock(const char* hex, const std::string& text) {
-    const Bytes bytes = FromHex(hex);
-    const auto holder = ReadAs<CtaDataBlock>(bytes);
-    X block;
-    EXPECT_TRUE(block.Assign(holder)) << hex;
-    EXPECT_EQ(holder.GetSize(), bytes.Size()) << hex;
-    EXPECT_EQ(TextOf(holder), text) << hex;
-    EXPECT_EQ(BytesOf(holder, bytes.Size()), bytes) << hex;
-    return block;
 }
 
 CtaDataBlockList ReadList(const char* hex) {

@@ -17,7 +17,7 @@ protected:
     int Run(const std::function<void()>& steps) {
         driver.Then(steps);
         FormWindow window(nullptr);
-        return window.Run(item);
+        return window.Run(item, bytes);
     }
     // Clicks what opens a further form, and does the steps there.
     void In(UI::Controls::Button& opener, const std::function<void()>& steps) {
@@ -36,6 +36,13 @@ protected:
 
     UI::Headless::Driver driver;
     Item item;
+    int bytes = GetMostBytes();  // that the item may take, where its size is its own
+
+private:
+    static constexpr int GetMostBytes() {
+        if constexpr (requires { Item::MaxSize; }) return Item::MaxSize;
+        return 0;
+    }
 };
 
 }  // namespace VNT::Testing
