@@ -1,6 +1,6 @@
 #include "editor/color_descriptor_windows.h"
 
-#include "editor/coordinate_rows.h"
+#include "editor/raw_rows.h"
 
 using namespace VNT;
 
@@ -15,8 +15,12 @@ void EdidColorPointDescriptorWindow::AddPoint(const std::wstring& caption, std::
     const Item::PointNames& names = Item::Names[index];
     auto group = Group(caption).Aligned();
     group.Row(L"Index #:").Number(Forms::TBoundField{point.index, names.index}, L"000");
-    AddCoordinateRow(group, fields, L"White x:", point.x, point.rawX, names.rawX);
-    AddCoordinateRow(group, fields, L"White y:", point.y, point.rawY, names.rawY);
+    const auto addCoordinate = [&](const wchar_t* label, Decimal& value, int& raw, const char* name) {
+        AddRawRow(group, Forms::CoordinateRow, fields.useRaw, label, Forms::TBoundField{value, name},
+                  Forms::TBoundField{raw, name});
+    };
+    addCoordinate(L"White x:", point.x, point.rawX, names.rawX);
+    addCoordinate(L"White y:", point.y, point.rawY, names.rawY);
     group.Row(L"Gamma:").Number(Forms::TBoundField{point.gamma, names.gamma}, L"0.00");
 }
 

@@ -1,6 +1,7 @@
 #include "editor/cta_data_block_windows.h"
 
 #include "editor/cta_audio_windows.h"
+#include "editor/cta_sync_windows.h"
 #include "model/cta/extension_override.h"
 
 using namespace VNT;
@@ -9,12 +10,6 @@ CtaColorimetryDataBlockWindow::CtaColorimetryDataBlockWindow(UI::Window* parent)
     : TItemWindow(parent, L"CtaColorimetryDataBlockWindow", L"Colorimetry") {
     Group(L"Colorimetry").Checks(Field<&Fields::Flags>, CtaColorimetryDataBlockFlagEnum::ColorTexts);
     Group(L"Metadata").Checks(Field<&Fields::Flags>, CtaColorimetryDataBlockFlagEnum::MetadataTexts);
-}
-
-CtaGSyncDataBlockWindow::CtaGSyncDataBlockWindow(UI::Window* parent)
-    : TItemWindow(parent, L"CtaGSyncDataBlockWindow", L"G-SYNC") {
-    Group(L"Version").Number(Field<&Fields::Version>, L"000");
-    Group(L"Min refresh rate").Number(Field<&Fields::MinRefreshRate>, L"000", L"Hz");
 }
 
 CtaProductInfoDataBlockWindow::CtaProductInfoDataBlockWindow(UI::Window* parent)
@@ -34,7 +29,9 @@ constexpr auto FormOf() {
 constexpr Forms::TFormRow<CtaDataBlock> DataBlockForms[] = {
     FormOf<CtaColorimetryDataBlockWindow>(),
     Forms::NoForm<CtaExtensionOverrideDataBlock, CtaDataBlock>(),
+    FormOf<CtaFreeSyncDataBlockWindow>(),
     FormOf<CtaGSyncDataBlockWindow>(),
+    FormOf<CtaMicrosoftDataBlockWindow>(),
     FormOf<CtaProductInfoDataBlockWindow>(),
     FormOf<CtaSpeakerAllocationDataBlockWindow>(),
     FormOf<CtaVendorSpecificDataBlockWindow>(),

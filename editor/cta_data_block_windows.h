@@ -3,18 +3,12 @@
 
 #include "editor/add_window.h"
 #include "model/cta/colorimetry.h"
-#include "model/cta/gsync.h"
 #include "model/cta/product_info.h"
 #include "model/cta/vendor_specific.h"
 
 class CtaColorimetryDataBlockWindow : public TItemWindow<VNT::CtaColorimetryDataBlock> {
 public:
     explicit CtaColorimetryDataBlockWindow(UI::Window* parent);
-};
-
-class CtaGSyncDataBlockWindow : public TItemWindow<VNT::CtaGSyncDataBlock> {
-public:
-    explicit CtaGSyncDataBlockWindow(UI::Window* parent);
 };
 
 class CtaProductInfoDataBlockWindow : public TItemWindow<VNT::CtaProductInfoDataBlock> {

@@ -65,6 +65,12 @@ public:
         AddBox(Forms::Bind(fields, field), Forms::PlainText(), pattern);
         return *this;
     }
+    // As many bytes as the field always has, on one line.
+    template <class F>
+    TGroup& HexBytes(F field, const std::wstring& pattern) {
+        AddBox(Forms::Bind(fields, field), Forms::HexDump(), pattern);
+        return *this;
+    }
     // A text or bytes that fill the group, whose caption tells how many of `most()` characters or bytes are left.
     template <class F>
     TGroup& SizedText(F field, std::function<int()> most) {

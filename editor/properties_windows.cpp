@@ -1,6 +1,6 @@
 #include "editor/properties_windows.h"
 
-#include "editor/coordinate_rows.h"
+#include "editor/raw_rows.h"
 
 using namespace VNT;
 
@@ -15,8 +15,9 @@ EdidColorCoordinatesWindow::EdidColorCoordinatesWindow(UI::Window* parent)
 void EdidColorCoordinatesWindow::AddPoint(const std::wstring& caption, Fields::Coordinate x) {
     auto group = Group(caption).Aligned();
     for (const auto at : {static_cast<std::size_t>(x), static_cast<std::size_t>(x) + 1}) {
-        AddCoordinateRow(group, fields, at == static_cast<std::size_t>(x) ? L"x:" : L"y:", fields.value[at],
-                         fields.raw[at], EdidColorCoordinates::Names[at]);
+        const char* name = EdidColorCoordinates::Names[at];
+        AddRawRow(group, Forms::CoordinateRow, fields.useRaw, at == static_cast<std::size_t>(x) ? L"x:" : L"y:",
+                  Forms::TBoundField{fields.value[at], name}, Forms::TBoundField{fields.raw[at], name});
     }
 }
 

@@ -88,6 +88,9 @@ struct TLimitPair {
 
 constexpr TLimitPair<ValueLimits> Within(int min, int max) { return ValueLimits{min, max}; }
 constexpr TLimitPair<ValueLimits> Within(const ValueLimits& proper, const ValueLimits& all) { return {proper, all}; }
+constexpr TLimitPair<ValueLimits> WithinOrUndefined(int min, int max) {
+    return ValueLimits{min, max, 0, 0, {Undefined}};
+}
 constexpr TLimitPair<LongLimits> Within(const LongLimits& both) { return both; }
 constexpr TLimitPair<DecimalLimits> Within(const DecimalLimits& both) { return both; }
 constexpr TLimitPair<EnumLimits> OneOf(int count) { return EnumLimits{count}; }
@@ -132,6 +135,7 @@ struct TValueCoding {
     }
 };
 using ValueCoding = TValueCoding<int>;
+inline constexpr ValueCoding ZeroIsUndefined{0, 1, {{0, Undefined}}};
 using LongCoding = TValueCoding<std::int64_t>;
 using DecimalCoding = TValueCoding<Decimal>;
 

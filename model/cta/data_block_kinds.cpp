@@ -1,6 +1,8 @@
 #include "model/cta/colorimetry.h"
 #include "model/cta/extension_override.h"
+#include "model/cta/freesync.h"
 #include "model/cta/gsync.h"
+#include "model/cta/microsoft.h"
 #include "model/cta/other_data_block.h"
 #include "model/cta/product_info.h"
 #include "model/cta/speaker_allocation.h"
@@ -19,7 +21,9 @@ constexpr TKind<AnyCtaDataBlock> Kind(const char* title, int addSize) {
 constexpr TKind<AnyCtaDataBlock> Rows[] = {
     Kind<CtaColorimetryDataBlock>("Colorimetry", 4),
     Kind<CtaExtensionOverrideDataBlock>("Extension override", 3),
+    Kind<CtaFreeSyncDataBlock>("FreeSync", 9),
     Kind<CtaGSyncDataBlock>("G-SYNC", 6),
+    Kind<CtaMicrosoftDataBlock>("Microsoft", 22),
     Kind<CtaProductInfoDataBlock>("Product information", 5),
     Kind<CtaSpeakerAllocationDataBlock>("Speaker allocation", 4),
     Kind<CtaVendorSpecificDataBlock>("Vendor-specific", 4),

@@ -68,13 +68,11 @@ public:
 
     template <class IO>
     static void Map(IO& io, auto& block) {
-        constexpr ValueCoding zeroIsUndefined{0, 1, {{0, Undefined}}};
         io.Constant(8, EdidExtensionBlockTypeId::Cta);
         io.Number("version", 8, block.version, Within({1, 255}, {0, 255}));
         // What the offset has to be hangs on the lists: it is tested with them.
         io.Number("detailedOffset", 8, block.detailedOffset, block.GetOffsetLimits());
-        io.Number("nativeDetailedCount", 4, block.nativeDetailedCount, zeroIsUndefined,
-                  TLimitPair<ValueLimits>(ValueLimits{1, 15, 0, 0, {Undefined}}));
+        io.Number("nativeDetailedCount", 4, block.nativeDetailedCount, ZeroIsUndefined, WithinOrUndefined(1, 15));
         io.Kept("flags", 4, block.flags);
         io.Area(BodyBytes, [&block](auto& body) {
             const int area = std::clamp(block.detailedOffset - HeadBytes, 0, BodyBytes);

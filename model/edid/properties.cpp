@@ -6,7 +6,6 @@ namespace VNT {
 
 namespace {
 
-constexpr ValueCoding ZeroIsUndefined{0, 1, {{0, Undefined}}};
 constexpr LongCoding LongZeroIsUndefined{0, 1, {{0, Undefined}}};
 constexpr ValueCoding YearCoding{1990, 1, {{0, Undefined}}};
 const DecimalCoding AspectCoding{Decimal(99, 2), Decimal(1, 2)};

@@ -115,8 +115,8 @@ public:
         io.Number("hsync", {{9, 0, 8}, {11, 4, 2}}, item.hsync, TLimitPair(h.sync, hAll.sync));
         io.Number("vfront", {{10, 4, 4}, {11, 2, 2}}, item.vfront, lines, TLimitPair(v.front, vAll.front));
         io.Number("vsync", {{10, 0, 4}, {11, 0, 2}}, item.vsync, lines, TLimitPair(v.sync, vAll.sync));
-        io.Number("imageWidth", {{12, 0, 8}, {14, 4, 4}}, item.imageWidth, ImageCoding, ImageLimits);
-        io.Number("imageHeight", {{13, 0, 8}, {14, 0, 4}}, item.imageHeight, ImageCoding, ImageLimits);
+        io.Number("imageWidth", {{12, 0, 8}, {14, 4, 4}}, item.imageWidth, ZeroIsUndefined, ImageLimits);
+        io.Number("imageHeight", {{13, 0, 8}, {14, 0, 4}}, item.imageHeight, ZeroIsUndefined, ImageLimits);
         io.Number("hborder", {{15, 0, 8}}, item.hborder, BorderLimits(item.hactive, h.active, 1));
         io.Number("vborder", {{16, 0, 8}}, item.vborder, lines, BorderLimits(item.vactive, v.active, grain));
         io.Number("stereo", {{17, 0, 1}, {17, 5, 2}}, item.stereo,
@@ -131,8 +131,7 @@ private:
     friend TDetailedResolution;
 
     static constexpr DecimalCoding ClockCoding{Decimal(), Decimal(1, 2), {}};
-    static constexpr ValueCoding ImageCoding{0, 1, {{0, Undefined}}};
-    static constexpr TLimitPair<ValueLimits> ImageLimits{ValueLimits{1, 4095, 0, 0, {Undefined}}};
+    static constexpr TLimitPair<ValueLimits> ImageLimits = WithinOrUndefined(1, 4095);
     static constexpr BitPlace SyncBitA{{17, 1, 1}};
     static constexpr BitPlace SyncBitB{{17, 2, 1}};
 

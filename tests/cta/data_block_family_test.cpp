@@ -1,6 +1,8 @@
 #include "model/cta/colorimetry.h"
 #include "model/cta/extension_override.h"
+#include "model/cta/freesync.h"
 #include "model/cta/gsync.h"
+#include "model/cta/microsoft.h"
 #include "model/cta/other_data_block.h"
 #include "model/cta/product_info.h"
 #include "model/cta/speaker_allocation.h"
@@ -13,9 +15,13 @@ namespace {
 struct CtaDataBlockFamily {
     using Holder = CtaDataBlock;
     using Kinds = CtaDataBlockKinds;
-    using Items = ItemList<CtaColorimetryDataBlock, CtaExtensionOverrideDataBlock, CtaGSyncDataBlock,
-                           CtaProductInfoDataBlock, CtaSpeakerAllocationDataBlock, CtaVendorSpecificDataBlock,
-                           CtaVendorSpecificAudioDataBlock, CtaVendorSpecificVideoDataBlock, CtaOtherDataBlock>;
+    using Items = ItemList<CtaColorimetryDataBlock, CtaExtensionOverrideDataBlock, CtaFreeSyncDataBlock,
+                           CtaGSyncDataBlock, CtaMicrosoftDataBlock, CtaProductInfoDataBlock,
+                           CtaSpeakerAllocationDataBlock, CtaVendorSpecificDataBlock, CtaVendorSpecificAudioDataBlock,
+                           CtaVendorSpecificVideoDataBlock, CtaOtherDataBlock>;
+
+    static bool IsBlankWhenNew(int type) { return type == CtaDataBlockTypeId::FreeSync; }
+    static bool NeedsAllItsBytes(int type) { return type == CtaDataBlockTypeId::Microsoft; }
 
     // Of any length that the type can have.
     static Bytes Frame(int type, const Fill& fill) {

@@ -95,6 +95,10 @@ bool FormUser::Takes(TextBox& box, const std::wstring& text) {
 std::optional<std::wstring> FormUser::FindLeast(TextBox& box) {
     std::vector<std::wstring> tried;
     if (const auto edges = FindEdges(box)) tried.push_back(edges->within.front());
+    if (const auto limits = LimitsOf(box)) {
+        const auto* count = std::get_if<CountLimits>(&limits->proper);
+        if (count != nullptr) tried.push_back(HexText(Bytes(count->min, 0)).ToWide());
+    }
     for (const wchar_t* text : {L"0000", L"00", L"A", L"AAA", L"00.00.00.00"}) tried.push_back(text);
     for (int number = 0; number < MostTried; ++number) tried.push_back(Print(number, 0));
     for (const std::wstring& text : tried) {

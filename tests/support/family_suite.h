@@ -17,6 +17,11 @@
 //         static Bytes Frame(int type, const Fill& fill);       // bytes of that type, of `fill` where they are free
 //     };
 //     INSTANTIATE_TYPED_TEST_SUITE_P(X, FamilySuite, XFamily);
+//
+// and, where a kind can't be written before its user fills it in,
+//
+//     static bool IsBlankWhenNew(int type);    // a new item
+//     static bool NeedsAllItsBytes(int type);  // one made from the fields of a short one
 namespace VNT::Testing {
 
 template <class... X>
@@ -51,6 +56,17 @@ template <class X>
 bool HasPlaceFor(const X& item, const FieldProbe& probe) {
     if constexpr (Sized<X>) return !probe.isRest && item.PresentLength >= X::Shape.fixed;
     return true;
+}
+
+template <class Family>
+bool IsBlankWhenNew(int type) {
+    if constexpr (requires { Family::IsBlankWhenNew(type); }) return Family::IsBlankWhenNew(type);
+    return false;
+}
+template <class Family>
+bool NeedsAllItsBytes(int type) {
+    if constexpr (requires { Family::NeedsAllItsBytes(type); }) return Family::NeedsAllItsBytes(type);
+    return false;
 }
 
 inline Bytes Filled(int size, const Fill& fill) {
@@ -220,6 +236,8 @@ TYPED_TEST_P(FamilySuite, FromItsFieldsTwiceIsAsOnce) {
             const X once(static_cast<const typename X::FieldsType&>(item));
             const X twice(static_cast<const typename X::FieldsType&>(once));
             EXPECT_EQ(once, twice) << ToHex(bytes);
+            if (NeedsAllItsBytes<TypeParam>(static_cast<int>(X::TypeValue)) && !item.IsValid() && !once.IsValidAll())
+                return;
             const int size = GetSizeOf(once, bytes);
             const Bytes written = BytesOf(once, size);
             ASSERT_FALSE(written.IsEmpty()) << ToHex(bytes);

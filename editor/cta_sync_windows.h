@@ -1,0 +1,22 @@
+// The forms of the vendors' data blocks on variable refresh and on the use of a display.
+#pragma once
+
+#include "editor/add_window.h"
+#include "model/cta/freesync.h"
+#include "model/cta/gsync.h"
+#include "model/cta/microsoft.h"
+
+class CtaFreeSyncDataBlockWindow : public TItemWindow<VNT::CtaFreeSyncDataBlock> {
+public:
+    explicit CtaFreeSyncDataBlockWindow(UI::Window* parent);
+};
+
+class CtaGSyncDataBlockWindow : public TItemWindow<VNT::CtaGSyncDataBlock> {
+public:
+    explicit CtaGSyncDataBlockWindow(UI::Window* parent);
+};
+
+class CtaMicrosoftDataBlockWindow : public TItemWindow<VNT::CtaMicrosoftDataBlock> {
+public:
+    explicit CtaMicrosoftDataBlockWindow(UI::Window* parent);
+};
