@@ -23,4 +23,12 @@ DisplayIdBlockType PeekDisplayIdBlockType(ByteRange range) {
     return block;
 }
 
+SizedPeek AnyDisplayIdDataBlock::Peek(ByteRange range) {
+    DisplayIdBlockType block = PeekDisplayIdBlockType(range);
+    constexpr int firstOfR2 = 2;
+    if (block.type == DisplayIdDataBlockTypeId::DetailedResolutionList2 && block.revision >= firstOfR2)
+        block.type = block.plainType = DisplayIdDataBlockTypeId::DetailedResolutionList2R2;
+    return block;
+}
+
 }  // namespace VNT

@@ -10,6 +10,20 @@ namespace VNT {
 
 struct DisplayIdDataBlockTypeId {
     enum Enum : int {
+        ProductId1 = 0x00,
+        DisplayParameters1 = 0x01,
+        DetailedResolutionList1 = 0x03,
+        RangeLimits1 = 0x09,
+        SerialNumber1 = 0x0A,
+        Text1 = 0x0B,
+        TiledDisplayTopology1 = 0x12,
+        ProductId2 = 0x20,
+        DetailedResolutionList2 = 0x22,
+        DetailedResolutionList2R2 = 0x222,  // the tag 0x22 from block revision 2 on
+        RangeLimits2 = 0x25,
+        DisplayInterface2 = 0x26,
+        TiledDisplayTopology2 = 0x28,
+        ContainerId2 = 0x29,
         VendorSpecific2 = 0x7E,
         VendorSpecific1 = 0x7F,
         CtaDataBlockList = 0x81,
@@ -35,7 +49,8 @@ public:
     static constexpr int MaxSize = FrameBytes + 255;
     static constexpr int NoType = DisplayIdDataBlockTypeId::None;
 
-    static SizedPeek Peek(ByteRange range) { return PeekDisplayIdBlockType(range); }
+    // With the type of the one kind that a revision tells from another of its tag.
+    static SizedPeek Peek(ByteRange range);
     static constexpr int GetPrefixSize(int) { return FrameBytes; }
     template <int tag, class IO>
     static void MapPrefix(IO& io, auto& block) {

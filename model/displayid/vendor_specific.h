@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/core/characters.h"
 #include "model/displayid/data_block.h"
+#include "model/displayid/vendor_id.h"
 
 namespace VNT {
 
@@ -25,11 +25,11 @@ public:
     }
 
     static bool Accepts(const SizedPeek& peek) { return peek.plainType == TypeValue; }
-    void FillTexts(TextTable& table) const { table.Set(U"{vendorid}", vendorId); }
+    void FillTexts(TextTable& table) const { table.Set(U"{vendorid}", DescribeDisplayIdVendor(vendorId)); }
 
     template <class IO>
     static void MapFields(IO& io, auto& block) {
-        MapCharacters(io, "vendorId", 3, block.vendorId);
+        MapDisplayIdVendor(io, block.vendorId);
     }
 };
 
@@ -51,15 +51,11 @@ public:
     }
 
     static bool Accepts(const SizedPeek& peek) { return peek.plainType == TypeValue; }
-    void FillTexts(TextTable& table) const {
-        constexpr int radix = 16, digits = 6;
-        table.Set(U"{vendorid}", NumberText(vendorId, radix, digits, true));
-    }
+    void FillTexts(TextTable& table) const { table.Set(U"{vendorid}", DescribeDisplayIdVendor(vendorId)); }
 
     template <class IO>
     static void MapFields(IO& io, auto& block) {
-        io.Order(BitOrder::Msb);
-        io.Number("vendorId", 24, block.vendorId, Within(0, 0xFFFFFF));
+        MapDisplayIdVendor(io, block.vendorId);
     }
 };
 

@@ -1,5 +1,13 @@
+#include "model/displayid/container_id.h"
 #include "model/displayid/cta_data_block_list.h"
+#include "model/displayid/detailed_resolutions.h"
+#include "model/displayid/display_interface.h"
+#include "model/displayid/display_parameters.h"
 #include "model/displayid/other_data_block.h"
+#include "model/displayid/product_id.h"
+#include "model/displayid/range_limits.h"
+#include "model/displayid/text_data_block.h"
+#include "model/displayid/tiled_display_topology.h"
 #include "model/displayid/vendor_specific.h"
 #include "tests/support/sized_suite.h"
 
@@ -9,16 +17,30 @@ namespace {
 struct DisplayIdDataBlockFamily {
     using Holder = DisplayIdDataBlock;
     using Kinds = DisplayIdDataBlockKinds;
-    using Items = ItemList<DisplayId1VendorSpecificDataBlock, DisplayId2VendorSpecificDataBlock,
-                           DisplayIdCtaDataBlockListDataBlock, DisplayIdOtherDataBlock>;
+    using Items =
+        ItemList<DisplayId1ProductIdDataBlock, DisplayId1DisplayParametersDataBlock,
+                 DisplayId1DetailedResolutionListDataBlock, DisplayId1RangeLimitsDataBlock,
+                 DisplayId1SerialNumberDataBlock, DisplayId1TextDataBlock, DisplayId1TiledDisplayTopologyDataBlock,
+                 DisplayId2ProductIdDataBlock, DisplayId2DetailedResolutionListDataBlock,
+                 DisplayId2DetailedResolutionListDataBlockR2, DisplayId2RangeLimitsDataBlock,
+                 DisplayId2DisplayInterfaceDataBlock, DisplayId2TiledDisplayTopologyDataBlock,
+                 DisplayId2ContainerIdDataBlock, DisplayId1VendorSpecificDataBlock, DisplayId2VendorSpecificDataBlock,
+                 DisplayIdCtaDataBlockListDataBlock, DisplayIdOtherDataBlock>;
 
     // Of any length that a section in an extension block has room for.
     static Bytes Frame(int type, const Fill& fill) {
-        constexpr int unclaimedTag = 0x55, mostPayload = 118;
-        const int length = fill() % (mostPayload + 1);
+        using Id = DisplayIdDataBlockTypeId;
+        constexpr int unclaimedTag = 0x55, mostPayload = 118, tags = 256, revisions = 8;
+        // Three zero bytes are no block.
+        const int length = std::max(type == Id::ProductId1 ? 1 : 0, fill() % (mostPayload + 1));
         Bytes bytes = Filled(AnyDisplayIdDataBlock::FrameBytes + length, fill);
-        bytes.At(0) = static_cast<std::uint8_t>(type == DisplayIdDataBlockTypeId::Other ? unclaimedTag : type);
+        bytes.At(0) = static_cast<std::uint8_t>(type == Id::Other ? unclaimedTag : type % tags);
         bytes.At(2) = static_cast<std::uint8_t>(length);
+        const int revision = bytes.At(1) % revisions;
+        const int wanted = type == Id::DetailedResolutionList2     ? revision % 2
+                           : type == Id::DetailedResolutionList2R2 ? std::max(revision, 2)
+                                                                   : revision;
+        bytes.At(1) = static_cast<std::uint8_t>(bytes.At(1) - revision + wanted);
         return bytes;
     }
 };

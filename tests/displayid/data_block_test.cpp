@@ -3,23 +3,10 @@
 #include "model/displayid/cta_data_block_list.h"
 #include "model/displayid/other_data_block.h"
 #include "model/displayid/vendor_specific.h"
-#include "tests/support/items.h"
+#include "tests/displayid/check_block.h"
 
 namespace VNT::Testing {
 namespace {
-
-// The holder reads the bytes as X, which says `text` and writes the same bytes.
-template <class X>
-X CheckBlock(const char* hex, const std::string& text) {
-    const Bytes bytes = FromHex(hex);
-    const auto holder = ReadAs<DisplayIdDataBlock>(bytes);
-    X block;
-    EXPECT_TRUE(block.Assign(holder)) << hex;
-    EXPECT_EQ(holder.GetSize(), bytes.Size()) << hex;
-    EXPECT_EQ(TextOf(holder), text) << hex;
-    EXPECT_EQ(BytesOf(holder, bytes.Size()), bytes) << hex;
-    return block;
-}
 
 TEST(DisplayIdDataBlock, ThePeekTellsSevenValues) {
     const DisplayIdBlockType block = PeekDisplayIdBlockType(FromHex("7E 8A 04 00 0C 03 55 99"));

@@ -104,12 +104,15 @@ TEST(DisplayIdSection, ALengthThatTheRangeDoesNotHoldIsNoSection) {
 }
 
 TEST(DisplayIdSection, TheVersionDoesNotChooseTheKinds) {
-    const char* payload = "7E 00 03 12 34 56 7F 00 03 41 42 43";
+    using Id = DisplayIdDataBlockTypeId;
+    const char* payload = "20 00 00 00 01 00 22 00 00 22 02 00 7E 00 03 12 34 56 7F 00 03 41 42 43";
     for (const int version : {1, 2}) {
         const auto section = CheckSection(Section(payload, version), true);
-        ASSERT_EQ(section.dataBlocks.GetCount(), 2);
-        EXPECT_EQ(section.dataBlocks.At(0).GetType(), DisplayIdDataBlockTypeId::VendorSpecific2);
-        EXPECT_EQ(section.dataBlocks.At(1).GetType(), DisplayIdDataBlockTypeId::VendorSpecific1);
+        ASSERT_EQ(section.dataBlocks.GetCount(), 6);
+        int index = 0;
+        for (const int type : {Id::ProductId2, Id::ProductId1, Id::DetailedResolutionList2,
+                               Id::DetailedResolutionList2R2, Id::VendorSpecific2, Id::VendorSpecific1})
+            EXPECT_EQ(section.dataBlocks.At(index++).GetType(), type);
     }
 }
 
