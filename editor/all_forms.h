@@ -6,6 +6,7 @@
 
 #include "editor/cta_data_block_windows.h"
 #include "editor/descriptor_windows.h"
+#include "editor/displayid2_data_block_windows.h"
 #include "editor/displayid_data_block_windows.h"
 #include "editor/extension_block_windows.h"
 #include "editor/properties_windows.h"
@@ -53,6 +54,8 @@ void ForEachForm(const Visitor& visit) {
                                                   DisplayId2DetailedResolution::MinSize);
     VisitForm<DisplayId2DetailedResolutionWindowR2>(visit, "DisplayID v2 detailed resolution r2",
                                                     DisplayId2DetailedResolutionR2::MinSize);
+    VisitForm<DisplayId2DisplayInterfaceColorimetryWindow>(visit, "Display interface colorimetry",
+                                                           DisplayId2DisplayInterfaceColorimetry::FrameSize);
     VisitFamily(visit, EdidDescriptorForms(), EdidDescriptorKinds::All(), AnyEdidDescriptor::FrameSize);
     VisitFamily(visit, EdidRangeLimitsTimingForms(), EdidRangeLimitsTimingKinds::All(),
                 AnyEdidRangeLimitsTiming::FrameSize);

@@ -1,18 +1,21 @@
 #include "editor/displayid_data_block_windows.h"
 
 #include "editor/cta_data_block_windows.h"
+#include "editor/displayid1_data_block_windows.h"
+#include "editor/displayid2_data_block_windows.h"
+#include "model/edid/captions.h"
 
 using namespace VNT;
 
 DisplayId1VendorSpecificDataBlockWindow::DisplayId1VendorSpecificDataBlockWindow(UI::Window* parent)
     : TDisplayIdDataBlockWindow(parent, L"DisplayId1VendorSpecificDataBlockWindow", L"Vendor-Specific") {
-    Group(L"Vendor ID").Text(Field<&Fields::vendorId>, L"WWW");
+    AddVendorId();
     AddHexData();
 }
 
 DisplayId2VendorSpecificDataBlockWindow::DisplayId2VendorSpecificDataBlockWindow(UI::Window* parent)
     : TDisplayIdDataBlockWindow(parent, L"DisplayId2VendorSpecificDataBlockWindow", L"Vendor-Specific") {
-    Group(L"Vendor ID").Hex(Field<&Fields::vendorId>, L"AAAAAA");
+    AddVendorId();
     AddHexData();
 }
 
@@ -34,10 +37,20 @@ constexpr auto FormOf() {
 
 // In the order of the choosers.
 constexpr Forms::TFormRow<DisplayIdDataBlock> Forms1[] = {
-    FormOf<DisplayId1VendorSpecificDataBlockWindow>(),
+    FormOf<DisplayId1DetailedResolutionListDataBlockWindow>(), FormOf<DisplayId1ProductIdDataBlockWindow>(),
+    FormOf<DisplayId1DisplayParametersDataBlockWindow>(),      FormOf<DisplayId1RangeLimitsDataBlockWindow>(),
+    FormOf<DisplayId1SerialNumberDataBlockWindow>(),           FormOf<DisplayId1TextDataBlockWindow>(),
+    FormOf<DisplayId1TiledDisplayTopologyDataBlockWindow>(),   FormOf<DisplayId1VendorSpecificDataBlockWindow>(),
     FormOf<DisplayIdCtaDataBlockListDataBlockWindow>(),
 };
 constexpr Forms::TFormRow<DisplayIdDataBlock> Forms2[] = {
+    FormOf<DisplayId2DetailedResolutionListDataBlockWindow>(),
+    FormOf<DisplayId2DetailedResolutionListDataBlockWindowR2>(),
+    FormOf<DisplayId2ProductIdDataBlockWindow>(),
+    FormOf<DisplayId2RangeLimitsDataBlockWindow>(),
+    FormOf<DisplayId2DisplayInterfaceDataBlockWindow>(),
+    FormOf<DisplayId2TiledDisplayTopologyDataBlockWindow>(),
+    FormOf<DisplayId2ContainerIdDataBlockWindow>(),
     FormOf<DisplayId2VendorSpecificDataBlockWindow>(),
     FormOf<DisplayIdCtaDataBlockListDataBlockWindow>(),
 };

@@ -1,26 +1,10 @@
-// The forms of the DisplayID data blocks.
+// The choosers of the DisplayID data blocks, and the forms of the kinds that both versions have.
 #pragma once
 
 #include "editor/add_window.h"
+#include "editor/displayid_data_block_window.h"
 #include "model/displayid/cta_data_block_list.h"
 #include "model/displayid/vendor_specific.h"
-#include "model/edid/captions.h"
-
-// What all of them begin with.
-template <class X>
-class TDisplayIdDataBlockWindow : public TItemWindow<X> {
-public:
-    using Fields = typename TItemWindow<X>::Fields;
-
-protected:
-    TDisplayIdDataBlockWindow(UI::Window* parent, const std::wstring& className, const std::wstring& title)
-        : TItemWindow<X>(parent, className, title) {
-        this->Group(L"Revision").Number(Field<&Fields::revision>, L"00");
-    }
-    void AddHexData() {
-        this->Group(L"Hex data").SizedHex(Field<&Fields::Extra>, [this] { return X::GetExtraRoom(this->GetBytes()); });
-    }
-};
 
 class DisplayId1VendorSpecificDataBlockWindow
     : public TDisplayIdDataBlockWindow<VNT::DisplayId1VendorSpecificDataBlock> {
@@ -42,12 +26,16 @@ public:
 
 class AddDisplayId1DataBlockWindow : public AddWindow {
 public:
+    static constexpr bool NeedsRoom = true;
+
     AddDisplayId1DataBlockWindow(UI::Window* parent, std::vector<AddRow> offered)
         : AddWindow(parent, L"AddDisplayId1DataBlockWindow", L"Add Data Block", std::move(offered)) {}
 };
 
 class AddDisplayId2DataBlockWindow : public AddWindow {
 public:
+    static constexpr bool NeedsRoom = true;
+
     AddDisplayId2DataBlockWindow(UI::Window* parent, std::vector<AddRow> offered)
         : AddWindow(parent, L"AddDisplayId2DataBlockWindow", L"Add Data Block", std::move(offered)) {}
 };

@@ -55,6 +55,12 @@ public:
         AddBox(Forms::Bind(fields, field), Forms::HexDigits{static_cast<int>(pattern.size())}, pattern);
         return *this;
     }
+    // So many bytes that a box of one line shows them.
+    template <class F>
+    TGroup& HexBytes(F field, const std::wstring& pattern) {
+        AddBox(Forms::Bind(fields, field), Forms::HexDump(), pattern);
+        return *this;
+    }
     template <class F>
     TGroup& Dotted(F field, const std::wstring& pattern) {
         AddBox(Forms::Bind(fields, field), Forms::DottedNibbles(), pattern);
@@ -105,7 +111,10 @@ public:
         auto& cell = AddComboCell(bound.Name, rows);
         UI::Controls::ComboBox& box = cell.Control;
         window.BindComboBox(box, rows, bound.Value, GetOnChange(cell));
-        cell.Show = [&box, rows, &value = bound.Value](const auto&) { box.SetSelection(FindRow(rows, value)); };
+        cell.Show = [&box, rows, &value = bound.Value](const auto&) {
+            const int found = FindRow(rows, value);
+            box.SetSelection(found != UI::Controls::ComboBox::NoSelection ? found : FindOther(rows));
+        };
         return *this;
     }
     template <class F, class Value, std::size_t count>
@@ -377,6 +386,13 @@ private:
     static int FindRow(std::span<const VNT::ValueText<Value>> rows, const auto& value) {
         const auto found =
             std::find_if(rows.begin(), rows.end(), [&value](const auto& row) { return value == row.value; });
+        return found == rows.end() ? UI::Controls::ComboBox::NoSelection : static_cast<int>(found - rows.begin());
+    }
+    // The row that stands for every value without one.
+    template <class Value>
+    static int FindOther(std::span<const VNT::ValueText<Value>> rows) {
+        const auto found = std::find_if(rows.begin(), rows.end(),
+                                        [](const auto& row) { return std::string_view(row.text) == "Other"; });
         return found == rows.end() ? UI::Controls::ComboBox::NoSelection : static_cast<int>(found - rows.begin());
     }
     static void AddChoice(Forms::TControlCell<UI::Controls::ComboBox>& cell, const std::wstring& text) {

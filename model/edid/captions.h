@@ -23,6 +23,8 @@ inline constexpr ListCaptions DataBlockCaptions{U"Data blocks ({sizelefttext})",
                                                 U"No data blocks"};
 inline constexpr ListCaptions CvtResolutionCaptions{U"CVT resolutions ({countlefttext})",
                                                     U"CVT resolutions (no space left)", U"No CVT resolutions"};
+inline constexpr ListCaptions ColorimetryCaptions{U"Colorimetry ({countlefttext})", U"Colorimetry (no space left)",
+                                                  U"No colorimetry"};
 inline constexpr ListCaptions ExtensionBlockCaptions{U"Extension blocks ({countlefttext})", U"",
                                                      U"No extension blocks"};
 

@@ -153,7 +153,7 @@ TEST_F(DispatcherTest, ACancelledFormLeavesTheHolderEmpty) {
     EXPECT_TRUE(holder.IsEmpty());
 }
 
-TEST_F(DispatcherTest, OnlyTheChooserOfCtaDataBlocksLooksAtTheRoom) {
+TEST_F(DispatcherTest, TheChoosersOfDataBlocksLookAtTheRoom) {
     const auto expectRow = [&](const wchar_t* row, bool isEnabled) {
         driver.Then([this, row, isEnabled] {
             EXPECT_EQ(driver.Find<RadioButton>(row).IsEnabled(), isEnabled);
@@ -166,8 +166,14 @@ TEST_F(DispatcherTest, OnlyTheChooserOfCtaDataBlocksLooksAtTheRoom) {
     expectRow(L"Colorimetry", true);
     EditCtaDataBlock(nullptr, block, 4);
     DisplayIdDataBlock displayId;
-    expectRow(L"Vendor-specific", true);
-    EditDisplayIdDataBlock(nullptr, displayId, 3, 1);
+    for (const int version : {1, 2}) {
+        expectRow(L"Vendor-specific", false);
+        EditDisplayIdDataBlock(nullptr, displayId, 5, version);
+        expectRow(L"Vendor-specific", true);
+        EditDisplayIdDataBlock(nullptr, displayId, 6, version);
+        expectRow(L"Detailed resolutions", true);
+        EditDisplayIdDataBlock(nullptr, displayId, 3, version);
+    }
 }
 
 TEST_F(DispatcherTest, EmptyAndOtherDescriptorsHaveNoForm) {
