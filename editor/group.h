@@ -55,12 +55,6 @@ public:
         AddBox(Forms::Bind(fields, field), Forms::HexDigits{static_cast<int>(pattern.size())}, pattern);
         return *this;
     }
-    // So many bytes that a box of one line shows them.
-    template <class F>
-    TGroup& HexBytes(F field, const std::wstring& pattern) {
-        AddBox(Forms::Bind(fields, field), Forms::HexDump(), pattern);
-        return *this;
-    }
     template <class F>
     TGroup& Dotted(F field, const std::wstring& pattern) {
         AddBox(Forms::Bind(fields, field), Forms::DottedNibbles(), pattern);

@@ -101,7 +101,6 @@ std::optional<std::wstring> FormUser::FindLeast(TextBox& box) {
     }
     for (const wchar_t* text : {L"0000", L"00", L"A", L"AAA", L"00.00.00.00"}) tried.push_back(text);
     for (int number = 0; number < MostTried; ++number) tried.push_back(Print(number, 0));
-    tried.emplace_back(32, L'0');  // bytes of a number that is fixed
     for (const std::wstring& text : tried) {
         if (Takes(box, text)) return text;
     }
