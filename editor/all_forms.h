@@ -5,6 +5,7 @@
 #include <string>
 
 #include "editor/cta_data_block_windows.h"
+#include "editor/cta_hdr_windows.h"
 #include "editor/descriptor_windows.h"
 #include "editor/displayid2_data_block_windows.h"
 #include "editor/displayid_data_block_windows.h"
@@ -61,6 +62,8 @@ void ForEachForm(const Visitor& visit) {
                 AnyEdidRangeLimitsTiming::FrameSize);
     VisitFamily(visit, EdidExtensionBlockForms(), EdidExtensionBlockKinds::All(), AnyEdidExtensionBlock::FrameSize);
     VisitFamily(visit, CtaDataBlockForms(), CtaDataBlockKinds::All(), AnyCtaDataBlock::MaxSize);
+    VisitFamily(visit, CtaHdrDynamicMetadataForms(), CtaHdrDynamicMetadataKinds::All(),
+                AnyCtaHdrDynamicMetadata::MaxSize);
     VisitFamily(visit, DisplayId1DataBlockForms(), DisplayIdDataBlockKinds::All(), AnyDisplayIdDataBlock::MaxSize);
     VisitFamily(visit, DisplayId2DataBlockForms(), DisplayIdDataBlockKinds::All(), AnyDisplayIdDataBlock::MaxSize);
 }
@@ -78,6 +81,8 @@ void ForEachChooser(const Visitor& visit) {
     visit(TFormSample<EdidExtensionBlock>{
         "Add extension block", {}, &EditEdidExtensionBlock, AnyEdidExtensionBlock::FrameSize});
     visit(TFormSample<CtaDataBlock>{"Add CTA data block", {}, &EditCtaDataBlock, AnyCtaDataBlock::MaxSize});
+    visit(TFormSample<CtaHdrDynamicMetadata>{
+        "Add HDR dynamic metadata", {}, &EditCtaHdrDynamicMetadata, AnyCtaHdrDynamicMetadata::MaxSize});
     visit(TFormSample<DisplayIdDataBlock>{
         "Add DisplayID v1 data block", {}, &EditNewBlock<1>, AnyDisplayIdDataBlock::MaxSize});
     visit(TFormSample<DisplayIdDataBlock>{

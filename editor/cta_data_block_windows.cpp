@@ -1,6 +1,7 @@
 #include "editor/cta_data_block_windows.h"
 
 #include "editor/cta_audio_windows.h"
+#include "editor/cta_hdr_windows.h"
 #include "editor/cta_sync_windows.h"
 #include "model/cta/extension_override.h"
 
@@ -31,6 +32,9 @@ constexpr Forms::TFormRow<CtaDataBlock> DataBlockForms[] = {
     Forms::NoForm<CtaExtensionOverrideDataBlock, CtaDataBlock>(),
     FormOf<CtaFreeSyncDataBlockWindow>(),
     FormOf<CtaGSyncDataBlockWindow>(),
+    FormOf<CtaHdrStaticMetadataDataBlockWindow>(),
+    FormOf<CtaHdrDynamicMetadataListDataBlockWindow>(),
+    FormOf<CtaHdr10PlusDataBlockWindow>(),
     FormOf<CtaMicrosoftDataBlockWindow>(),
     FormOf<CtaProductInfoDataBlockWindow>(),
     FormOf<CtaSpeakerAllocationDataBlockWindow>(),

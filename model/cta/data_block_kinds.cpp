@@ -2,6 +2,9 @@
 #include "model/cta/extension_override.h"
 #include "model/cta/freesync.h"
 #include "model/cta/gsync.h"
+#include "model/cta/hdr10_plus.h"
+#include "model/cta/hdr_dynamic_metadata_list.h"
+#include "model/cta/hdr_static_metadata.h"
 #include "model/cta/microsoft.h"
 #include "model/cta/other_data_block.h"
 #include "model/cta/product_info.h"
@@ -23,6 +26,9 @@ constexpr TKind<AnyCtaDataBlock> Rows[] = {
     Kind<CtaExtensionOverrideDataBlock>("Extension override", 3),
     Kind<CtaFreeSyncDataBlock>("FreeSync", 9),
     Kind<CtaGSyncDataBlock>("G-SYNC", 6),
+    Kind<CtaHdrStaticMetadataDataBlock>("HDR static metadata", 4),
+    Kind<CtaHdrDynamicMetadataListDataBlock>("HDR dynamic metadata", 2),
+    Kind<CtaHdr10PlusDataBlock>("HDR10+", 6),
     Kind<CtaMicrosoftDataBlock>("Microsoft", 22),
     Kind<CtaProductInfoDataBlock>("Product information", 5),
     Kind<CtaSpeakerAllocationDataBlock>("Speaker allocation", 4),

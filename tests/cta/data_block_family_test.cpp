@@ -2,6 +2,9 @@
 #include "model/cta/extension_override.h"
 #include "model/cta/freesync.h"
 #include "model/cta/gsync.h"
+#include "model/cta/hdr10_plus.h"
+#include "model/cta/hdr_dynamic_metadata_list.h"
+#include "model/cta/hdr_static_metadata.h"
 #include "model/cta/microsoft.h"
 #include "model/cta/other_data_block.h"
 #include "model/cta/product_info.h"
@@ -16,7 +19,8 @@ struct CtaDataBlockFamily {
     using Holder = CtaDataBlock;
     using Kinds = CtaDataBlockKinds;
     using Items = ItemList<CtaColorimetryDataBlock, CtaExtensionOverrideDataBlock, CtaFreeSyncDataBlock,
-                           CtaGSyncDataBlock, CtaMicrosoftDataBlock, CtaProductInfoDataBlock,
+                           CtaGSyncDataBlock, CtaHdrStaticMetadataDataBlock, CtaHdrDynamicMetadataListDataBlock,
+                           CtaHdr10PlusDataBlock, CtaMicrosoftDataBlock, CtaProductInfoDataBlock,
                            CtaSpeakerAllocationDataBlock, CtaVendorSpecificDataBlock, CtaVendorSpecificAudioDataBlock,
                            CtaVendorSpecificVideoDataBlock, CtaOtherDataBlock>;
 
@@ -41,6 +45,27 @@ struct CtaDataBlockFamily {
 };
 INSTANTIATE_TYPED_TEST_SUITE_P(CtaDataBlock, FamilySuite, CtaDataBlockFamily);
 INSTANTIATE_TYPED_TEST_SUITE_P(CtaDataBlock, SizedSuite, CtaDataBlockFamily);
+
+struct CtaHdrDynamicMetadataFamily {
+    using Holder = CtaHdrDynamicMetadata;
+    using Kinds = CtaHdrDynamicMetadataKinds;
+    using Items = ItemList<CtaType1HdrDynamicMetadata, CtaType2HdrDynamicMetadata, CtaType3HdrDynamicMetadata,
+                           CtaType4HdrDynamicMetadata, CtaType0x100HdrDynamicMetadata, CtaOtherHdrDynamicMetadata>;
+
+    // Of any length that a data block has room for.
+    static Bytes Frame(int type, const Fill& fill) {
+        constexpr int unclaimedType = 5, most = 30, prefix = 3;
+        const int size = prefix + fill() % (most - prefix + 1);
+        Bytes bytes = Filled(size, fill);
+        ByteRange range = bytes;
+        range.WriteLsb(8, static_cast<std::uint32_t>(size - 1));
+        range.WriteLsb(16,
+                       static_cast<std::uint32_t>(type == CtaHdrDynamicMetadataTypeId::Other ? unclaimedType : type));
+        return bytes;
+    }
+};
+INSTANTIATE_TYPED_TEST_SUITE_P(CtaHdrDynamicMetadata, FamilySuite, CtaHdrDynamicMetadataFamily);
+INSTANTIATE_TYPED_TEST_SUITE_P(CtaHdrDynamicMetadata, SizedSuite, CtaHdrDynamicMetadataFamily);
 
 }  // namespace
 }  // namespace VNT::Testing
