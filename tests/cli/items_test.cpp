@@ -78,6 +78,27 @@ TEST(ShowItems, PrintsStandardResolutionsAndEmptyRows) {
               "Detailed resolutions and descriptors (4 slots left)\n  No detailed resolutions or descriptors\n");
 }
 
+TEST(ShowItems, PrintsTheRecordsOfADataBlock) {
+    const Samples::Block types{0x02, 0x03, 0x00, 0x03, 0x01, 0x00, 0x01};
+    const auto cta = Samples::Cta(0,
+                                  {Samples::ExtendedDataBlock(6, {5, 1}), Samples::ExtendedDataBlock(7, types),
+                                   Samples::DataBlock(3, {0x1A, 0, 0, 2, 1, 48, 144, 0})},
+                                  {});
+    Samples::Base base{.vendor = "QOR"};
+    base.extensions = 1;
+    EXPECT_EQ(Section(Bytes(Samples::BaseBlock(base) + cta), "Extension blocks"),
+              "Extension blocks (254 slots left)\n"
+              "  CTA-861: 3 data blocks, 0 detailed resolutions, 0 descriptors\n"
+              "    Data blocks (101 bytes left)\n"
+              "      HDR static metadata\n"
+              "      HDR dynamic metadata: 2 types\n"
+              "        Type 3\n"
+              "        Type 1\n"
+              "      FreeSync: 48-144 Hz\n"
+              "    Detailed resolutions and descriptors (5 slots left)\n"
+              "      No detailed resolutions or descriptors\n");
+}
+
 TEST(CheckItems, NamesExactlyTheItemsThatAreOutOfLimits) {
     Samples::Block name = Samples::Text(0xFC, "NAME");
     name[17] = 0;

@@ -171,7 +171,7 @@ TEST_F(HdrDynamicForm, Type3AndUnknownTypesHaveNoForm) {
         auto& list = driver.Find<ListBox>(L"Types (24 bytes left)");
         ExpectRows(L"Types (24 bytes left)", {L"Type 3", L"Other (5)"});
         for (const int row : {0, 1}) {
-            driver.Choose(list, row);
+            driver.Click(list, row);
             driver.Click(Named(L"Edit..."));
         }
         EXPECT_EQ(driver.CountStepsLeft(), 0u);
@@ -184,7 +184,7 @@ TEST_F(HdrDynamicForm, ARecordIsEditedInTheRoomThatTheOthersLeave) {
     Read("E8 07 03 01 00 11 02 03 00");
     bytes = 9;
     EXPECT_EQ(Run([&] {
-                  driver.Choose(driver.Find<ListBox>(L"Types (no space left)"), 0);
+                  driver.Click(driver.Find<ListBox>(L"Types (no space left)"), 0);
                   In(Named(L"Edit..."), [&] {
                       EXPECT_EQ(Box(L"Version").GetText(), L"1");
                       driver.Enter(Box(L"Version"), L"16");

@@ -128,7 +128,8 @@ TEST(CtaExtensionBlockForm, ANewOverrideTakesTheFirstRowWithoutAForm) {
 }
 
 TEST(CtaExtensionBlockForm, NothingCanBeAddedWhereNothingFits) {
-    for (const int bytesLeft : {3, 2}) {
+    const int least = GetLeastAddSize(CtaDataBlockKinds::All());
+    for (const int bytesLeft : {least, least - 1}) {
         Driver driver;
         EdidCtaExtensionBlockFields fields = FilledWith(29);
         CtaVendorSpecificDataBlockFields vendor;
@@ -136,9 +137,9 @@ TEST(CtaExtensionBlockForm, NothingCanBeAddedWhereNothingFits) {
         fields.dataBlocks.Add(CtaDataBlock(CtaVendorSpecificDataBlock(vendor).Clone()));
         EdidCtaExtensionBlock block(fields);
         driver.Then([&] {
-            const bool hasRoom = bytesLeft >= 3;
-            const auto* caption = hasRoom ? L"Data blocks (3 bytes left)" : L"Data blocks (no space left)";
-            EXPECT_EQ(driver.Find<Button>({caption, L"Add..."}).IsEnabled(), hasRoom);
+            const bool hasRoom = bytesLeft >= least;
+            const auto caption = String(GetSizeText(0, least, U"Data blocks ({sizelefttext})")).ToWide();
+            EXPECT_EQ(driver.Find<Button>({hasRoom ? caption : L"Data blocks (no space left)", L"Add..."}).IsEnabled(), hasRoom);
             EXPECT_FALSE(
                 driver.Find<Button>({L"Detailed resolutions and descriptors (no space left)", L"Add..."}).IsEnabled());
             driver.Press(Key::Escape);
