@@ -86,7 +86,7 @@ TEST(ShowItems, PrintsTheRecordsOfADataBlock) {
                                   {});
     Samples::Base base{.vendor = "QOR"};
     base.extensions = 1;
-    EXPECT_EQ(Section(Bytes(Samples::BaseBlock(base) + cta), "Extension blocks"),
+    EXPECT_EQ(Section(Bytes(Samples::operator+(Samples::BaseBlock(base), cta)), "Extension blocks"),
               "Extension blocks (254 slots left)\n"
               "  CTA-861: 3 data blocks, 0 detailed resolutions, 0 descriptors\n"
               "    Data blocks (101 bytes left)\n"

@@ -139,7 +139,8 @@ TEST(CtaExtensionBlockForm, NothingCanBeAddedWhereNothingFits) {
         driver.Then([&] {
             const bool hasRoom = bytesLeft >= least;
             const auto caption = String(GetSizeText(0, least, U"Data blocks ({sizelefttext})")).ToWide();
-            EXPECT_EQ(driver.Find<Button>({hasRoom ? caption : L"Data blocks (no space left)", L"Add..."}).IsEnabled(), hasRoom);
+            EXPECT_EQ(driver.Find<Button>({hasRoom ? caption : L"Data blocks (no space left)", L"Add..."}).IsEnabled(),
+                      hasRoom);
             EXPECT_FALSE(
                 driver.Find<Button>({L"Detailed resolutions and descriptors (no space left)", L"Add..."}).IsEnabled());
             driver.Press(Key::Escape);
