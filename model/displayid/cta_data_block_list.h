@@ -30,6 +30,7 @@ public:
         table.Set(U"{counttext}",
                   ChooseByCount(dataBlocks.GetCount(), U"0 data blocks", U"1 data block", U"{count} data blocks"));
     }
+    bool HasRest() const { return !dataBlocks.IsEmpty() || !Extra.IsEmpty(); }
     TLimitPair<CountLimits> GetExtraLimits(int room) const {
         return CountLimits{0, std::max(0, room - dataBlocks.GetSize())};
     }

@@ -76,6 +76,7 @@ public:
         table.Set(U"{count}", count);
         table.Set(U"{counttext}", ChooseByCount(count, U"0 resolutions", U"1 resolution", U"{count} resolutions"));
     }
+    bool HasRest() const { return !this->resolutions.IsEmpty() || !this->Extra.IsEmpty(); }
     TLimitPair<CountLimits> GetExtraLimits(int room) const {
         return CountLimits{0, std::max(0, room - this->resolutions.GetSize())};
     }

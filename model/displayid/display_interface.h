@@ -112,6 +112,7 @@ public:
     }
 
     void Normalize() { colorimetryCount = colorimetry.GetCount(); }
+    bool HasRest() const { return !colorimetry.IsEmpty() || !Extra.IsEmpty(); }
     TLimitPair<CountLimits> GetExtraLimits(int room) const {
         return CountLimits{0, std::max(0, room - colorimetry.GetSize())};
     }

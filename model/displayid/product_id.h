@@ -71,8 +71,9 @@ public:
             8, [&] { return block.nameLength; }, [&](std::uint32_t raw) { SetNameLength(block, raw); });
         const bool isWhole = block.nameLength == block.name.Length();
         io.Check("nameLength", isWhole, isWhole || block.IsNameCutOff());
-        io.Area(block.nameLength, [&block](auto& area) {
-            area.Rest("name", block.name, TLimitPair(block.GetNameLengths(area.Available())));
+        const int available = io.Available();
+        io.Area(block.nameLength, [&block, available](auto& area) {
+            area.Rest("name", block.name, TLimitPair(CountLimits{0, block.GetNameRoom(available)}));
         });
     }
 
@@ -97,11 +98,6 @@ private:
     bool IsNameCutOff() const {
         constexpr int most = 255;
         return this->Extra.IsEmpty() && this->nameLength > this->name.Length() && this->nameLength <= most;
-    }
-    // The length that the rest of the block leaves to the name; none if `available` bytes don't hold the block.
-    CountLimits GetNameLengths(int available) const {
-        const int length = std::max(0, GetNameRoom(this->Size));
-        return this->Size <= available ? CountLimits{length, length} : CountLimits{1, 0};
     }
 };
 

@@ -16,16 +16,16 @@ class TDisplayId1TextDataBlock : public TDisplayIdDataBlock<X, id, DisplayId1Tex
 
 public:
     static constexpr SizedShape Shape{0};
+    static constexpr bool KeepsExtra = false;
 
+    bool HasRest() const { return HasContent(); }
     bool HasContent() const { return !this->text.IsEmpty(); }
     void FillTexts(TextTable& table) const { table.Set(U"{text}", this->text); }
     TLimitPair<CountLimits> GetExtraLimits(int) const { return CountLimits{0, 0}; }
 
     template <class IO>
     static void MapFields(IO& io, auto& block) {
-        constexpr CountLimits none{1, 0};
-        const int length = block.Size - Base::PrefixSize;
-        io.Rest("text", block.text, TLimitPair(block.Size <= io.Available() ? CountLimits{length, length} : none));
+        io.Rest("text", block.text, TLimitPair(CountLimits{0, Base::GetExtraRoom(io.Available())}));
     }
 
 protected:

@@ -3,7 +3,7 @@
 #include "model/displayid/cta_data_block_list.h"
 #include "model/displayid/other_data_block.h"
 #include "model/displayid/vendor_specific.h"
-#include "tests/displayid/check_block.h"
+#include "tests/support/displayid.h"
 
 namespace VNT::Testing {
 namespace {

@@ -4,7 +4,7 @@
 #include "model/displayid/range_limits.h"
 #include "model/displayid/text_data_block.h"
 #include "model/displayid/tiled_display_topology.h"
-#include "tests/displayid/check_block.h"
+#include "tests/support/displayid.h"
 
 namespace VNT::Testing {
 namespace {

@@ -1,21 +1,13 @@
 #pragma once
 
 #include "model/cta/data_block.h"
-#include "tests/support/items.h"
+#include "tests/support/check_block.h"
 
 namespace VNT::Testing {
 
-// The holder reads the bytes as X, which says `text` and writes the same bytes.
 template <class X>
 X CheckBlock(const char* hex, const std::string& text) {
-    const Bytes bytes = FromHex(hex);
-    const auto holder = ReadAs<CtaDataBlock>(bytes);
-    X block;
-    EXPECT_TRUE(block.Assign(holder)) << hex;
-    EXPECT_EQ(holder.GetSize(), bytes.Size()) << hex;
-    EXPECT_EQ(TextOf(holder), text) << hex;
-    EXPECT_EQ(BytesOf(holder, bytes.Size()), bytes) << hex;
-    return block;
+    return CheckHeld<CtaDataBlock, X>(hex, text);
 }
 
 }  // namespace VNT::Testing

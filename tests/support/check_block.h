@@ -1,15 +1,14 @@
 #pragma once
 
-#include "model/displayid/data_block.h"
 #include "tests/support/items.h"
 
 namespace VNT::Testing {
 
 // The holder reads the bytes as X, which says `text` and writes the same bytes.
-template <class X>
-X CheckBlock(const char* hex, const std::string& text) {
+template <class Holder, class X>
+X CheckHeld(const char* hex, const std::string& text) {
     const Bytes bytes = FromHex(hex);
-    const auto holder = ReadAs<DisplayIdDataBlock>(bytes);
+    const auto holder = ReadAs<Holder>(bytes);
     X block;
     EXPECT_TRUE(block.Assign(holder)) << hex;
     EXPECT_EQ(holder.GetSize(), bytes.Size()) << hex;

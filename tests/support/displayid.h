@@ -1,0 +1,13 @@
+#pragma once
+
+#include "model/displayid/data_block.h"
+#include "tests/support/check_block.h"
+
+namespace VNT::Testing {
+
+template <class X>
+X CheckBlock(const char* hex, const std::string& text) {
+    return CheckHeld<DisplayIdDataBlock, X>(hex, text);
+}
+
+}  // namespace VNT::Testing
