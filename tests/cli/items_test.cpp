@@ -99,6 +99,26 @@ TEST(ShowItems, PrintsTheRecordsOfADataBlock) {
               "      No detailed resolutions or descriptors\n");
 }
 
+TEST(ShowItems, PrintsTheBlocksOfADisplayIdSection) {
+    const auto section = Samples::DisplayId(
+        {Samples::DisplayIdBlock(0x20, 0, {0, 0x1A, 0x2B, 0x34, 0x12, 0, 0, 0, 0, 0, 24, 1, 0x51}),
+         Samples::DisplayIdBlock(0x26, 0, {0, 0, 0, 0, 0, 0, 0, 0, 2, 0x98, 0x13}),
+         Samples::DisplayIdBlock(0x81, 0, {0xE3, 5, 1, 0}), Samples::DisplayIdBlock(0x0B, 0, {0x41, 0x0A})});
+    Samples::Base base{.vendor = "QOR"};
+    base.extensions = 1;
+    EXPECT_EQ(Section(Bytes(Samples::operator+(Samples::BaseBlock(base), section)), "Extension blocks"),
+              "Extension blocks (254 slots left)\n"
+              "  DisplayID v1: 4 data blocks\n"
+              "    Data blocks (79 bytes left)\n"
+              "      Product identification: 001A2B1234 - Q\n"
+              "      Display interface\n"
+              "        Other (9) + ST 2084 EOTF\n"
+              "        sRGB + BT.1886 EOTF\n"
+              "      CTA-861 data blocks: 1 data block\n"
+              "        Colorimetry\n"
+              "      Text: A\\x0A\n");
+}
+
 TEST(CheckItems, NamesExactlyTheItemsThatAreOutOfLimits) {
     Samples::Block name = Samples::Text(0xFC, "NAME");
     name[17] = 0;
