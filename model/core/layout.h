@@ -55,6 +55,7 @@ template <class T>
 concept FlagHolder = requires(const T& t) {
     t.GetBits();
     T::BitCount;
+    T::AllBits;
 };
 
 template <class T>
@@ -176,13 +177,19 @@ public:
     explicit LayoutWriter(ByteRange range) : LayoutVisitor(range.Size()), range_(range) {}
 
     void Constant(const BitPlace& place, std::uint32_t raw) { place.Write(range_, order_, raw); }
+    // Flags with holes leave the bits there to whatever else writes them.
     template <class T>
     void Kept(const char*, const BitPlace& place, const T& value) {
-        place.Write(range_, order_, Detail::ToRaw(value));
+        std::uint32_t raw = Detail::ToRaw(value);
+        if constexpr (Detail::FlagHolder<T>) {
+            ByteRange before = range_;
+            raw |= place.Read(before, order_) & ~T::AllBits;
+        }
+        place.Write(range_, order_, raw);
     }
     template <class T, class L>
-    void Number(const char*, const BitPlace& place, const T& value, const TLimitPair<L>&) {
-        place.Write(range_, order_, Detail::ToRaw(value));
+    void Number(const char* name, const BitPlace& place, const T& value, const TLimitPair<L>&) {
+        Kept(name, place, value);
     }
     template <class T, class Coding, class L>
     void Number(const char*, const BitPlace& place, const T& value, const Coding& coding, const TLimitPair<L>&) {

@@ -131,6 +131,13 @@ TEST(LayoutWriter, WritesAConstantWhateverWasRead) {
     EXPECT_EQ(WriteSample(ReadSample(bytes), bytes.Size()), SampleBytes);
 }
 
+TEST(LayoutWriter, LeavesTheBitsBetweenFlagsWithHoles) {
+    Bytes bytes{0b10101010};
+    LayoutWriter writer(bytes);
+    writer.Kept("some", 8, TFlags<ColorEnum, 8, 0b00001111>(0b0101));
+    EXPECT_EQ(bytes, Bytes{0b10100101});
+}
+
 TEST(LayoutWriter, LeavesAloneWhatNoLineNames) {
     Bytes bytes(2, 0xFF);
     LayoutWriter writer(bytes);
