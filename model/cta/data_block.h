@@ -15,6 +15,7 @@ struct CtaDataBlockTypeId {
     static constexpr int Of(Family family, int code) { return family * FamilyStep + code; }
 
     enum Enum : int {
+        AudioFormatList = 0x1,
         VendorSpecific = 0x3,
         SpeakerAllocation = 0x4,
         VendorSpecificVideo = 0x1000001,

@@ -1,3 +1,4 @@
+#include "model/cta/audio_format_list.h"
 #include "model/cta/colorimetry.h"
 #include "model/cta/extension_override.h"
 #include "model/cta/freesync.h"
@@ -22,6 +23,7 @@ constexpr TKind<AnyCtaDataBlock> Kind(const char* title, int addSize) {
 
 // In the order of the "Add Data Block" form.
 constexpr TKind<AnyCtaDataBlock> Rows[] = {
+    Kind<CtaAudioFormatListDataBlock>("Audio formats", 1),
     Kind<CtaColorimetryDataBlock>("Colorimetry", 4),
     Kind<CtaExtensionOverrideDataBlock>("Extension override", 3),
     Kind<CtaFreeSyncDataBlock>("FreeSync", 9),

@@ -1,3 +1,4 @@
+#include "model/cta/audio_format_list.h"
 #include "model/cta/colorimetry.h"
 #include "model/cta/extension_override.h"
 #include "model/cta/freesync.h"
@@ -18,11 +19,11 @@ namespace {
 struct CtaDataBlockFamily {
     using Holder = CtaDataBlock;
     using Kinds = CtaDataBlockKinds;
-    using Items = ItemList<CtaColorimetryDataBlock, CtaExtensionOverrideDataBlock, CtaFreeSyncDataBlock,
-                           CtaGSyncDataBlock, CtaHdrStaticMetadataDataBlock, CtaHdrDynamicMetadataListDataBlock,
-                           CtaHdr10PlusDataBlock, CtaMicrosoftDataBlock, CtaProductInfoDataBlock,
-                           CtaSpeakerAllocationDataBlock, CtaVendorSpecificDataBlock, CtaVendorSpecificAudioDataBlock,
-                           CtaVendorSpecificVideoDataBlock, CtaOtherDataBlock>;
+    using Items = ItemList<CtaAudioFormatListDataBlock, CtaColorimetryDataBlock, CtaExtensionOverrideDataBlock,
+                           CtaFreeSyncDataBlock, CtaGSyncDataBlock, CtaHdrStaticMetadataDataBlock,
+                           CtaHdrDynamicMetadataListDataBlock, CtaHdr10PlusDataBlock, CtaMicrosoftDataBlock,
+                           CtaProductInfoDataBlock, CtaSpeakerAllocationDataBlock, CtaVendorSpecificDataBlock,
+                           CtaVendorSpecificAudioDataBlock, CtaVendorSpecificVideoDataBlock, CtaOtherDataBlock>;
 
     static bool IsBlankWhenNew(int type) { return type == CtaDataBlockTypeId::FreeSync; }
     static bool NeedsAllItsBytes(int type) { return type == CtaDataBlockTypeId::Microsoft; }

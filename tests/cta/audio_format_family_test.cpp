@@ -1,0 +1,38 @@
+#include "model/cta/audio_formats.h"
+#include "tests/support/family_suite.h"
+
+namespace VNT::Testing {
+namespace {
+
+struct CtaAudioFormatFamily {
+    using Holder = CtaAudioFormat;
+    using Kinds = CtaAudioFormatKinds;
+    using Items =
+        ItemList<CtaLpcmAudioFormat, CtaAc3AudioFormat, CtaMpeg1AudioFormat, CtaMp3AudioFormat, CtaMpeg2AudioFormat,
+                 CtaAacLcAudioFormat, CtaDtsAudioFormat, CtaAtracAudioFormat, CtaDsdAudioFormat, CtaEAc3AudioFormat,
+                 CtaDtsHdAudioFormat, CtaMatAudioFormat, CtaDstAudioFormat, CtaWmaProAudioFormat,
+                 CtaMpeg4HeAacAudioFormat, CtaMpeg4HeAacV2AudioFormat, CtaMpeg4AacLcAudioFormat,
+                 CtaMpeg4HeAacMpsAudioFormat, CtaMpeg4AacLcMpsAudioFormat, CtaMpegH3dAudioFormat, CtaAc4AudioFormat,
+                 CtaLpcm3dAudioFormat, CtaAuroCxAudioFormat, CtaMpegDUsacAudioFormat, CtaOtherAudioFormat>;
+
+    static Bytes Frame(int type, const Fill& fill) {
+        constexpr int unclaimedCode = 0, extendedCode = 15;
+        Bytes bytes = Filled(AnyCtaAudioFormat::FrameSize, fill);
+        ByteRange range = bytes;
+        range.Skip(3);
+        if (type == CtaAudioFormatTypeId::Other) {
+            range.WriteLsb(4, unclaimedCode);
+        } else if (type < CtaAudioFormatTypeId::Extended) {
+            range.WriteLsb(4, static_cast<std::uint32_t>(type));
+        } else {
+            range.WriteLsb(4, extendedCode);
+            range.Skip(12);
+            range.WriteLsb(5, static_cast<std::uint32_t>(type - CtaAudioFormatTypeId::Extended));
+        }
+        return bytes;
+    }
+};
+INSTANTIATE_TYPED_TEST_SUITE_P(CtaAudioFormat, FamilySuite, CtaAudioFormatFamily);
+
+}  // namespace
+}  // namespace VNT::Testing
