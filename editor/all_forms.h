@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "editor/cta_audio_format_windows.h"
 #include "editor/cta_data_block_windows.h"
 #include "editor/cta_hdr_windows.h"
 #include "editor/descriptor_windows.h"
@@ -62,6 +63,7 @@ void ForEachForm(const Visitor& visit) {
                 AnyEdidRangeLimitsTiming::FrameSize);
     VisitFamily(visit, EdidExtensionBlockForms(), EdidExtensionBlockKinds::All(), AnyEdidExtensionBlock::FrameSize);
     VisitFamily(visit, CtaDataBlockForms(), CtaDataBlockKinds::All(), AnyCtaDataBlock::MaxSize);
+    VisitFamily(visit, CtaAudioFormatForms(), CtaAudioFormatKinds::All(), AnyCtaAudioFormat::FrameSize);
     VisitFamily(visit, CtaHdrDynamicMetadataForms(), CtaHdrDynamicMetadataKinds::All(),
                 AnyCtaHdrDynamicMetadata::MaxSize);
     VisitFamily(visit, DisplayId1DataBlockForms(), DisplayIdDataBlockKinds::All(), AnyDisplayIdDataBlock::MaxSize);
@@ -81,6 +83,7 @@ void ForEachChooser(const Visitor& visit) {
     visit(TFormSample<EdidExtensionBlock>{
         "Add extension block", {}, &EditEdidExtensionBlock, AnyEdidExtensionBlock::FrameSize});
     visit(TFormSample<CtaDataBlock>{"Add CTA data block", {}, &EditCtaDataBlock, AnyCtaDataBlock::MaxSize});
+    visit(TFormSample<CtaAudioFormat>{"Add audio format", {}, &EditCtaAudioFormat, AnyCtaAudioFormat::FrameSize});
     visit(TFormSample<CtaHdrDynamicMetadata>{
         "Add HDR dynamic metadata", {}, &EditCtaHdrDynamicMetadata, AnyCtaHdrDynamicMetadata::MaxSize});
     visit(TFormSample<DisplayIdDataBlock>{

@@ -2,7 +2,13 @@
 #pragma once
 
 #include "editor/add_window.h"
+#include "model/cta/audio_format_list.h"
 #include "model/cta/speaker_allocation.h"
+
+class CtaAudioFormatListDataBlockWindow : public TItemWindow<VNT::CtaAudioFormatListDataBlock> {
+public:
+    explicit CtaAudioFormatListDataBlockWindow(UI::Window* parent);
+};
 
 class CtaSpeakerAllocationDataBlockWindow : public TItemWindow<VNT::CtaSpeakerAllocationDataBlock> {
 public:

@@ -28,6 +28,7 @@ constexpr auto FormOf() {
 
 // In the order of the chooser.
 constexpr Forms::TFormRow<CtaDataBlock> DataBlockForms[] = {
+    FormOf<CtaAudioFormatListDataBlockWindow>(),
     FormOf<CtaColorimetryDataBlockWindow>(),
     Forms::NoForm<CtaExtensionOverrideDataBlock, CtaDataBlock>(),
     FormOf<CtaFreeSyncDataBlockWindow>(),

@@ -55,6 +55,7 @@ using CtaAuroCxAudioFormatFields = TCtaFlagsAudioFormatFields<TCtaAudioFormatFie
 template <CtaAudioFormatTypeId::Enum id, class Fields = CtaFlagsAudioFormatFields, int mostFlags = 255>
 class TCtaFlagsAudioFormat : public TCtaAudioFormat<TCtaFlagsAudioFormat<id, Fields, mostFlags>, id, Fields> {
 public:
+    static constexpr int MostFlags = mostFlags;
     static constexpr TextFormat Format = TCtaFlagsAudioFormat::GetFormatOf(
         TCtaFlagsAudioFormat::HasChannels ? U"{maxchannelstext}, {sampleratestext}{flagstext}"
                                           : U"{sampleratestext}{flagstext}");
@@ -68,8 +69,8 @@ public:
     }
     template <class IO>
     static void MapFields(IO& io, auto& format) {
-        constexpr int bits = mostFlags > 7 ? 8 : 3;
-        io.Number("Flags", BitPlace{{2, 0, bits}}, format.Flags, Within(0, mostFlags));
+        constexpr int bits = MostFlags > 7 ? 8 : 3;
+        io.Number("Flags", BitPlace{{2, 0, bits}}, format.Flags, Within(0, MostFlags));
     }
 };
 
@@ -220,6 +221,12 @@ using CtaMpeg4AacLcMpsAudioFormat = TCtaMpeg4AacMpsAudioFormat<CtaAudioFormatTyp
 struct CtaMpegH3dAudioFormatProfileFlagEnum {
     enum Enum : int { LowComplexity, Baseline };
     static constexpr ValueText<Enum> Texts[] = {{LowComplexity, "Low complexity"}, {Baseline, "Baseline"}};
+};
+
+// Beside the numbers 1 to 7.
+struct CtaMpegH3dAudioFormatLevelEnum {
+    enum Enum : int { None = Undefined };
+    static constexpr ValueText<Enum> Texts[] = {{None, "Undefined"}};
 };
 
 struct CtaMpegH3dAudioFormatFields : TCtaAudioFormatFields<CtaSampleRates, 0x48080> {

@@ -21,6 +21,8 @@ inline constexpr ListCaptions DetailedResolutionCaptions{
     U"Detailed resolutions ({countlefttext})", U"Detailed resolutions (no space left)", U"No detailed resolutions"};
 inline constexpr ListCaptions DataBlockCaptions{U"Data blocks ({sizelefttext})", U"Data blocks (no space left)",
                                                 U"No data blocks"};
+inline constexpr ListCaptions AudioFormatCaptions{U"Audio formats ({countlefttext})", U"Audio formats (no space left)",
+                                                  U"No audio formats"};
 inline constexpr ListCaptions HdrDynamicMetadataCaptions{U"Types ({sizelefttext})", U"Types (no space left)",
                                                          U"No types"};
 inline constexpr ListCaptions CvtResolutionCaptions{U"CVT resolutions ({countlefttext})",

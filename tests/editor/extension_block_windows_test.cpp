@@ -167,7 +167,7 @@ TEST(CtaExtensionBlockForm, TheChooserOffersOnlyWhatFits) {
         driver.Enter(hex, L"0x12,0x34");
         driver.Click(driver.Find<Button>(L"OK"));
     });
-    driver.Then([&] { driver.Click(driver.Find<Button>({L"Data blocks (no space left)", L"Edit..."})); });
+    driver.Then([&] { driver.Click(driver.Find<Button>({L"Data blocks (1 byte left)", L"Edit..."})); });
     driver.Then([&] {
         EXPECT_EQ(driver.Find<TextBox>(L"Hex data (1 byte left)").GetText(), L"12 34");
         driver.Press(Key::Escape);
