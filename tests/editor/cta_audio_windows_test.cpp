@@ -97,7 +97,8 @@ TEST_F(AudioListForm, TakesAsManyFormatsAsThereIsRoomFor) {
 TEST_F(AudioListForm, AFormatWithoutAClassCannotBeOpened) {
     item = ReadAs<CtaAudioFormatListDataBlock>(FromHex("23 FF FF FF"));
     Run([&] {
-        driver.Find<UI::Controls::ListBox>(L"Audio formats (9 slots left)").SetSelection(0);
+        driver.Click(driver.Find<UI::Controls::ListBox>(L"Audio formats (9 slots left)"), 0);
+        EXPECT_TRUE(Named(L"Edit...").IsEnabled());
         driver.Click(Named(L"Edit..."));
         EXPECT_EQ(driver.GetWindow().GetTitle(), L"Audio Formats");
         Confirm();
