@@ -134,7 +134,11 @@ void Monkey::CheckSaved(int result, const DisplayList& edited) {
 
 void Monkey::Step() {
     driver.Then([this] { Step(); });
-    if (front != driver.GetWindow().GetHandle()) ComeTo(driver.GetWindow());
+    const Window& window = driver.GetWindow();
+    if (front != window.GetHandle()) ++seen[window.GetName()];
+    front = window.GetHandle();
+    // Asked for each time: a form may come to the front with the handle of the one before it.
+    LookAt(window);
     if (dice.HasMore()) {
         Act();
     } else {
@@ -143,9 +147,7 @@ void Monkey::Step() {
     Check();
 }
 
-void Monkey::ComeTo(const Window& window) {
-    front = window.GetHandle();
-    ++seen[window.GetName()];
+void Monkey::LookAt(const Window& window) {
     std::map<int, std::vector<Control*>> byKind;
     for (Control* control : window.GetControls()) {
         // Check boxes and buttons are one kind to the system.

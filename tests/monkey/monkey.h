@@ -61,7 +61,7 @@ private:
     void CheckSaved(int result, const VNT::DisplayList& edited);
     // One step of the script: an action, and the next step behind it.
     void Step();
-    void ComeTo(const UI::Window& window);
+    void LookAt(const UI::Window& window);
     void Act();
     void ActOn(UI::Control& control);
     void ActOnText(UI::Controls::TextBox& box);
