@@ -99,6 +99,28 @@ TEST(ShowItems, PrintsTheRecordsOfADataBlock) {
               "      No detailed resolutions or descriptors\n");
 }
 
+TEST(ShowItems, PrintsTheFormatsOfAnAudioBlock) {
+    const auto cta = Samples::Cta(
+        0,
+        {Samples::DataBlock(1, {0x09, 0x07, 0x07, 0x78, 0x04, 0x58, 0x00, 0x00, 0x00}),
+         Samples::DataBlock(4, {0x01, 0, 0}), Samples::ExtendedDataBlock(0x21, {0x56, 0x34, 0x12, 0, 0x51, 0x07})},
+        {});
+    Samples::Base base{.vendor = "QOR"};
+    base.extensions = 1;
+    EXPECT_EQ(Section(Bytes(Samples::operator+(Samples::BaseBlock(base), cta)), "Extension blocks"),
+              "Extension blocks (254 slots left)\n"
+              "  CTA-861: 3 data blocks, 0 detailed resolutions, 0 descriptors\n"
+              "    Data blocks (101 bytes left)\n"
+              "      Audio formats: 3 formats\n"
+              "        LPCM: 2 channels, 32/44.1/48 kHz, 16/20/24-bit\n"
+              "        MPEG-H 3D: 48 kHz\n"
+              "        Other\n"
+              "      Speaker allocation\n"
+              "      Product information: 123456 - Q\\x07\n"
+              "    Detailed resolutions and descriptors (5 slots left)\n"
+              "      No detailed resolutions or descriptors\n");
+}
+
 TEST(ShowItems, PrintsTheBlocksOfADisplayIdSection) {
     const auto section = Samples::DisplayId(
         {Samples::DisplayIdBlock(0x20, 0, {0, 0x1A, 0x2B, 0x34, 0x12, 0, 0, 0, 0, 0, 24, 1, 0x51}),
