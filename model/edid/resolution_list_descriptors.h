@@ -6,12 +6,6 @@
 
 namespace VNT {
 
-// The text of a descriptor that says how many resolutions it holds.
-constexpr TextFormat ResolutionCountFormat(std::u32string_view type) {
-    return {U"{type}: {description}", U"{type}: {description}", U"{counttext}", type};
-}
-void FillResolutionCount(TextTable& table, int count);
-
 struct EdidCvtResolutionListDescriptorFields {
     int version = 1;
     TFilledSlotList<EdidCvtResolutionList> resolutions;

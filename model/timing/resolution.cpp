@@ -20,4 +20,9 @@ void FillRefreshRateTexts(TextTable& table, const String& rate, const Resolution
     table.Set(U"{refreshratetext}", rate.IsEmpty() ? format.noRefreshRate : format.refreshRate);
 }
 
+void FillResolutionCount(TextTable& table, int count) {
+    table.Set(U"{count}", count);
+    table.Set(U"{counttext}", ChooseByCount(count, U"0 resolutions", U"1 resolution", U"{count} resolutions"));
+}
+
 }  // namespace VNT

@@ -63,4 +63,10 @@ void FillAspectRatioTexts(TextTable& table, const String& ratio, const Resolutio
 // {refreshrate}, {refreshratetext}; an empty `rate` shows none.
 void FillRefreshRateTexts(TextTable& table, const String& rate, const ResolutionTextFormat& format);
 
+// The text of what holds a list of resolutions and says how many.
+constexpr TextFormat ResolutionCountFormat(std::u32string_view type) {
+    return {U"{type}: {description}", U"{type}: {description}", U"{counttext}", type};
+}
+void FillResolutionCount(TextTable& table, int count);
+
 }  // namespace VNT

@@ -7,10 +7,15 @@
 #include "model/cta/hdr_dynamic_metadata_list.h"
 #include "model/cta/hdr_static_metadata.h"
 #include "model/cta/microsoft.h"
+#include "model/cta/native_video_resolution.h"
 #include "model/cta/other_data_block.h"
 #include "model/cta/product_info.h"
 #include "model/cta/speaker_allocation.h"
 #include "model/cta/vendor_specific.h"
+#include "model/cta/video_capability.h"
+#include "model/cta/video_format_list.h"
+#include "model/cta/video_lists.h"
+#include "model/cta/ycc420_capability_map.h"
 #include "tests/support/sized_suite.h"
 
 namespace VNT::Testing {
@@ -19,11 +24,31 @@ namespace {
 struct CtaDataBlockFamily {
     using Holder = CtaDataBlock;
     using Kinds = CtaDataBlockKinds;
-    using Items = ItemList<CtaAudioFormatListDataBlock, CtaColorimetryDataBlock, CtaExtensionOverrideDataBlock,
-                           CtaFreeSyncDataBlock, CtaGSyncDataBlock, CtaHdrStaticMetadataDataBlock,
-                           CtaHdrDynamicMetadataListDataBlock, CtaHdr10PlusDataBlock, CtaMicrosoftDataBlock,
-                           CtaProductInfoDataBlock, CtaSpeakerAllocationDataBlock, CtaVendorSpecificDataBlock,
-                           CtaVendorSpecificAudioDataBlock, CtaVendorSpecificVideoDataBlock, CtaOtherDataBlock>;
+    // clang-format off
+    using Items = ItemList<
+        CtaAudioFormatListDataBlock,
+        CtaColorimetryDataBlock,
+        CtaExtensionOverrideDataBlock,
+        CtaFreeSyncDataBlock,
+        CtaGSyncDataBlock,
+        CtaHdr10PlusDataBlock,
+        CtaHdrDynamicMetadataListDataBlock,
+        CtaHdrStaticMetadataDataBlock,
+        CtaMicrosoftDataBlock,
+        CtaNativeVideoResolutionDataBlock,
+        CtaProductInfoDataBlock,
+        CtaSpeakerAllocationDataBlock,
+        CtaVendorSpecificAudioDataBlock,
+        CtaVendorSpecificDataBlock,
+        CtaVendorSpecificVideoDataBlock,
+        CtaVideoCapabilityDataBlock,
+        CtaVideoFormatPreferenceDataBlock,
+        CtaVideoFormatResolutionListDataBlock,
+        CtaVideoResolutionListDataBlock,
+        CtaYcc420CapabilityMapDataBlock,
+        CtaYcc420VideoResolutionListDataBlock,
+        CtaOtherDataBlock>;
+    // clang-format on
 
     static bool IsBlankWhenNew(int type) { return type == CtaDataBlockTypeId::FreeSync; }
     static bool NeedsAllItsBytes(int type) { return type == CtaDataBlockTypeId::Microsoft; }
