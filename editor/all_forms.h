@@ -7,6 +7,7 @@
 #include "editor/cta_audio_format_windows.h"
 #include "editor/cta_data_block_windows.h"
 #include "editor/cta_hdr_windows.h"
+#include "editor/cta_video_windows.h"
 #include "editor/descriptor_windows.h"
 #include "editor/displayid2_data_block_windows.h"
 #include "editor/displayid_data_block_windows.h"
@@ -58,6 +59,12 @@ void ForEachForm(const Visitor& visit) {
                                                     DisplayId2DetailedResolutionR2::MinSize);
     VisitForm<DisplayId2DisplayInterfaceColorimetryWindow>(visit, "Display interface colorimetry",
                                                            DisplayId2DisplayInterfaceColorimetry::FrameSize);
+    VisitForm<CtaVideoResolutionWindow>(visit, "CTA video resolution", CtaVideoResolution::FrameSize);
+    VisitForm<CtaYcc420VideoResolutionWindow>(visit, "CTA 4:2:0 video resolution", CtaVideoResolution::FrameSize);
+    VisitForm<CtaVideoReferenceWindow>(visit, "CTA video reference", CtaVideoReference::FrameSize);
+    VisitForm<CtaVideoFormatResolutionWindow>(visit, "CTA video format resolution",
+                                              CtaVideoFormatResolution::FrameSize);
+    VisitForm<HdmiResolutionWindow>(visit, "HDMI resolution", HdmiResolution::FrameSize);
     VisitFamily(visit, EdidDescriptorForms(), EdidDescriptorKinds::All(), AnyEdidDescriptor::FrameSize);
     VisitFamily(visit, EdidRangeLimitsTimingForms(), EdidRangeLimitsTimingKinds::All(),
                 AnyEdidRangeLimitsTiming::FrameSize);

@@ -3,6 +3,7 @@
 #include "editor/cta_audio_windows.h"
 #include "editor/cta_hdr_windows.h"
 #include "editor/cta_sync_windows.h"
+#include "editor/cta_video_windows.h"
 #include "model/cta/extension_override.h"
 
 using namespace VNT;
@@ -37,11 +38,17 @@ constexpr Forms::TFormRow<CtaDataBlock> DataBlockForms[] = {
     FormOf<CtaHdrDynamicMetadataListDataBlockWindow>(),
     FormOf<CtaHdr10PlusDataBlockWindow>(),
     FormOf<CtaMicrosoftDataBlockWindow>(),
+    FormOf<CtaNativeVideoResolutionDataBlockWindow>(),
     FormOf<CtaProductInfoDataBlockWindow>(),
     FormOf<CtaSpeakerAllocationDataBlockWindow>(),
     FormOf<CtaVendorSpecificDataBlockWindow>(),
     FormOf<CtaVendorSpecificAudioDataBlockWindow>(),
     FormOf<CtaVendorSpecificVideoDataBlockWindow>(),
+    FormOf<CtaVideoCapabilityDataBlockWindow>(),
+    FormOf<CtaVideoFormatPreferenceDataBlockWindow>(),
+    FormOf<CtaVideoFormatResolutionListDataBlockWindow>(),
+    FormOf<CtaVideoResolutionListDataBlockWindow>(),
+    FormOf<CtaYcc420VideoResolutionListDataBlockWindow>(),
 };
 
 }  // namespace

@@ -41,7 +41,9 @@ namespace Forms {
 // for a new one.
 template <class List, class Limits>
 int GetBudget(const List& list, const Limits& limits, int index) {
-    if constexpr (requires { limits.BytesLeft(list); }) {
+    if constexpr (requires { limits.GetBudget(list, index); }) {
+        return limits.GetBudget(list, index);
+    } else if constexpr (requires { limits.BytesLeft(list); }) {
         return limits.BytesLeft(list) + (index < list.GetCount() ? list.At(index).GetSize() : 0);
     } else if constexpr (requires { limits.slotBytes; }) {
         return limits.slotBytes;
