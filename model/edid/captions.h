@@ -31,10 +31,10 @@ inline constexpr ListCaptions ColorimetryCaptions{U"Colorimetry ({countlefttext}
                                                   U"No colorimetry"};
 inline constexpr ListCaptions ExtensionBlockCaptions{U"Extension blocks ({countlefttext})", U"",
                                                      U"No extension blocks"};
-inline constexpr ListCaptions VideoReferenceCaptions{
-    U"Video references ({countlefttext})", U"Video references (no space left)", U"No video references"};
-inline constexpr ListCaptions VideoResolutionCaptions{
-    U"Video resolutions ({countlefttext})", U"Video resolutions (no space left)", U"No video resolutions"};
+inline constexpr ListCaptions VideoReferenceCaptions{U"Video references ({countlefttext})",
+                                                     U"Video references (no space left)", U"No video references"};
+inline constexpr ListCaptions VideoResolutionCaptions{U"Video resolutions ({countlefttext})",
+                                                      U"Video resolutions (no space left)", U"No video resolutions"};
 inline constexpr ListCaptions Ycc420VideoResolutionCaptions{U"4:2:0 video resolutions ({countlefttext})",
                                                             U"4:2:0 video resolutions (no space left)",
                                                             U"No 4:2:0 video resolutions"};
