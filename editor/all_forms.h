@@ -64,7 +64,6 @@ void ForEachForm(const Visitor& visit) {
     VisitForm<CtaVideoReferenceWindow>(visit, "CTA video reference", CtaVideoReference::FrameSize);
     VisitForm<CtaVideoFormatResolutionWindow>(visit, "CTA video format resolution",
                                               CtaVideoFormatResolution::FrameSize);
-    VisitForm<HdmiResolutionWindow>(visit, "HDMI resolution", HdmiResolution::FrameSize);
     VisitFamily(visit, EdidDescriptorForms(), EdidDescriptorKinds::All(), AnyEdidDescriptor::FrameSize);
     VisitFamily(visit, EdidRangeLimitsTimingForms(), EdidRangeLimitsTimingKinds::All(),
                 AnyEdidRangeLimitsTiming::FrameSize);

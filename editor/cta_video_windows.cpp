@@ -106,11 +106,6 @@ void CtaVideoReferenceWindow::Update() {
     TItemWindow::Update();
 }
 
-HdmiResolutionWindow::HdmiResolutionWindow(UI::Window* parent)
-    : TItemWindow(parent, L"HdmiResolutionWindow", L"HDMI Resolution") {
-    Group(L"Resolution").Row(L"Format:").ComboOther(Field<&Fields::id>, Forms::GetHdmiFormatRows(), L"000");
-}
-
 CtaVideoFormatResolutionWindow::CtaVideoFormatResolutionWindow(UI::Window* parent)
     : TItemWindow(parent, L"CtaVideoFormatResolutionWindow", L"Video Format Resolution") {
     using Flag = CtaVideoFormatResolutionFlagEnum;

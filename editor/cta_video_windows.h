@@ -95,11 +95,6 @@ public:
         : TCtaVideoResolutionWindow(parent, L"CtaYcc420VideoResolutionWindow", L"4:2:0 Video Resolution") {}
 };
 
-class HdmiResolutionWindow : public TItemWindow<VNT::HdmiResolution> {
-public:
-    explicit HdmiResolutionWindow(UI::Window* parent);
-};
-
 class CtaVideoFormatResolutionWindow : public TItemWindow<VNT::CtaVideoFormatResolution> {
 public:
     explicit CtaVideoFormatResolutionWindow(UI::Window* parent);
