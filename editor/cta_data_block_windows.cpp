@@ -1,6 +1,7 @@
 #include "editor/cta_data_block_windows.h"
 
 #include "editor/cta_audio_windows.h"
+#include "editor/cta_hdmi_windows.h"
 #include "editor/cta_hdr_windows.h"
 #include "editor/cta_sync_windows.h"
 #include "editor/cta_video_windows.h"
@@ -34,6 +35,7 @@ constexpr Forms::TFormRow<CtaDataBlock> DataBlockForms[] = {
     Forms::NoForm<CtaExtensionOverrideDataBlock, CtaDataBlock>(),
     FormOf<CtaFreeSyncDataBlockWindow>(),
     FormOf<CtaGSyncDataBlockWindow>(),
+    FormOf<CtaHdmi2DataBlockWindow>(),
     FormOf<CtaHdrStaticMetadataDataBlockWindow>(),
     FormOf<CtaHdrDynamicMetadataListDataBlockWindow>(),
     FormOf<CtaHdr10PlusDataBlockWindow>(),

@@ -3,6 +3,8 @@
 #include "model/cta/extension_override.h"
 #include "model/cta/freesync.h"
 #include "model/cta/gsync.h"
+#include "model/cta/hdmi.h"
+#include "model/cta/hdmi2.h"
 #include "model/cta/hdr10_plus.h"
 #include "model/cta/hdr_dynamic_metadata_list.h"
 #include "model/cta/hdr_static_metadata.h"
@@ -33,6 +35,8 @@ constexpr TKind<AnyCtaDataBlock> Rows[] = {
     Kind<CtaExtensionOverrideDataBlock>("Extension override", 3),
     Kind<CtaFreeSyncDataBlock>("FreeSync", 9),
     Kind<CtaGSyncDataBlock>("G-SYNC", 6),
+    Kind<CtaHdmiDataBlock>("HDMI v1", 6),
+    Kind<CtaHdmi2DataBlock>("HDMI v2", 8),
     Kind<CtaHdrStaticMetadataDataBlock>("HDR static metadata", 4),
     Kind<CtaHdrDynamicMetadataListDataBlock>("HDR dynamic metadata", 2),
     Kind<CtaHdr10PlusDataBlock>("HDR10+", 6),

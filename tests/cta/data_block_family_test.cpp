@@ -3,6 +3,8 @@
 #include "model/cta/extension_override.h"
 #include "model/cta/freesync.h"
 #include "model/cta/gsync.h"
+#include "model/cta/hdmi.h"
+#include "model/cta/hdmi2.h"
 #include "model/cta/hdr10_plus.h"
 #include "model/cta/hdr_dynamic_metadata_list.h"
 #include "model/cta/hdr_static_metadata.h"
@@ -31,6 +33,8 @@ struct CtaDataBlockFamily {
         CtaExtensionOverrideDataBlock,
         CtaFreeSyncDataBlock,
         CtaGSyncDataBlock,
+        CtaHdmiDataBlock,
+        CtaHdmi2DataBlock,
         CtaHdr10PlusDataBlock,
         CtaHdrDynamicMetadataListDataBlock,
         CtaHdrStaticMetadataDataBlock,
