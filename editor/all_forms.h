@@ -6,6 +6,7 @@
 
 #include "editor/cta_audio_format_windows.h"
 #include "editor/cta_data_block_windows.h"
+#include "editor/cta_hdmi_windows.h"
 #include "editor/cta_hdr_windows.h"
 #include "editor/cta_video_windows.h"
 #include "editor/descriptor_windows.h"
@@ -59,6 +60,9 @@ void ForEachForm(const Visitor& visit) {
                                                     DisplayId2DetailedResolutionR2::MinSize);
     VisitForm<DisplayId2DisplayInterfaceColorimetryWindow>(visit, "Display interface colorimetry",
                                                            DisplayId2DisplayInterfaceColorimetry::FrameSize);
+    VisitForm<HdmiResolutionWindow>(visit, "HDMI resolution", HdmiResolution::FrameSize);
+    VisitForm<HdmiStereoFormatWindow>(visit, "HDMI 3D format", HdmiStereoFormat::MaxSize);
+    VisitForm<HdmiStereoFormatsWindow>(visit, "HDMI 3D formats", HdmiStereoFormats::MaxSize);
     VisitForm<CtaVideoResolutionWindow>(visit, "CTA video resolution", CtaVideoResolution::FrameSize);
     VisitForm<CtaYcc420VideoResolutionWindow>(visit, "CTA 4:2:0 video resolution", CtaVideoResolution::FrameSize);
     VisitForm<CtaVideoReferenceWindow>(visit, "CTA video reference", CtaVideoReference::FrameSize);

@@ -35,6 +35,7 @@ constexpr Forms::TFormRow<CtaDataBlock> DataBlockForms[] = {
     Forms::NoForm<CtaExtensionOverrideDataBlock, CtaDataBlock>(),
     FormOf<CtaFreeSyncDataBlockWindow>(),
     FormOf<CtaGSyncDataBlockWindow>(),
+    FormOf<CtaHdmiDataBlockWindow>(),
     FormOf<CtaHdmi2DataBlockWindow>(),
     FormOf<CtaHdrStaticMetadataDataBlockWindow>(),
     FormOf<CtaHdrDynamicMetadataListDataBlockWindow>(),

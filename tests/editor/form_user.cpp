@@ -76,6 +76,10 @@ std::optional<FormUser::Edges> FormUser::FindEdges(TextBox& box) {
     const auto limits = LimitsOf(box);
     if (!limits || !IsOnlyBox(box)) return std::nullopt;
     const std::wstring before = box.GetText();
+    if (std::holds_alternative<ValueLimits>(limits->proper) && Takes(box, L"00.00.00.00")) {
+        driver.Enter(box, before);
+        return Edges{{L"0.0.0.0", L"15.15.15.15"}, {L"16.0.0.0", L"0.0.0.16"}};
+    }
     // A hex box takes its digits and no fewer.
     const int hexDigits = Takes(box, L"00FF") ? 4 : Takes(box, L"0000FF") ? 6 : 0;
     driver.Enter(box, before);
