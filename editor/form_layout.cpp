@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <numeric>
 
 #include "editor/form_rows.h"
 
@@ -8,6 +9,7 @@ namespace {
 
 constexpr int MostPerColumn = 24;  // of a grid
 constexpr int WideForm = 3;        // form widths of a form with a list
+constexpr int MostSpacings = 80;   // of a form's height, as a screen of 1080 lines shows it at 150 %
 
 using Cells = std::vector<std::unique_ptr<Cell>>;
 
@@ -185,6 +187,33 @@ bool HasWideCell(const Group& group) {
     return false;
 }
 
+// The column of each group, of so many as even as they go.
+std::vector<int> DivideInto(int count, const std::vector<int>& heights) {
+    const int total = std::accumulate(heights.begin(), heights.end(), 0);
+    std::vector<int> columns;
+    int above = 0;
+    for (const int height : heights) {
+        const int middle = above + height / 2;
+        columns.push_back(std::min(middle * count / total, count - 1));
+        above += height;
+    }
+    return columns;
+}
+
+int GetTallest(const std::vector<int>& heights, const std::vector<int>& columns) {
+    std::vector<int> sums(heights.size());
+    for (std::size_t i = 0; i < heights.size(); ++i) sums[static_cast<std::size_t>(columns[i])] += heights[i];
+    return *std::max_element(sums.begin(), sums.end());
+}
+
+// The columns that the groups need so that none is higher than `most`, as far as single groups allow it.
+std::vector<int> Divide(const std::vector<int>& heights, int most) {
+    std::vector<int> columns(heights.size());
+    for (int count = 2; count <= static_cast<int>(heights.size()) && GetTallest(heights, columns) > most; ++count)
+        columns = DivideInto(count, heights);
+    return columns;
+}
+
 // The left ones from the left edge on, the right ones up to the right edge; returns their lower edge.
 int PlaceButtons(const BottomButtons& buttons, int left, int y, int right, const UI::LayoutMetrics& metrics) {
     int x = left;
@@ -216,9 +245,28 @@ void LayOut(UI::Window& window, const std::vector<std::unique_ptr<Group>>& group
         isWide = isWide || HasWideCell(*group);
     }
     const int width = GetGroupWidth(layouts, isWide, metrics);
+    std::vector<int> heights;
     int y = padding.Top;
-    for (const GroupLayout& layout : layouts) y = layout.Place(padding.Left, y, width) + metrics.Spacing;
-    const int right = padding.Left + width;
+    for (const GroupLayout& layout : layouts) {
+        const int top = y;
+        y = layout.Place(padding.Left, top, width) + metrics.Spacing;
+        heights.push_back(y - top);
+    }
+    int right = padding.Left + width;
+    const int around = padding.Top + metrics.OkButtonHeight + padding.Bottom;
+    const int most = MostSpacings * metrics.Spacing - around;
+    if (y - padding.Top > most && !layouts.empty()) {
+        // Where they are too many for the screen they go on in a further column, as the rows of a chooser do.
+        const std::vector<int> columns = Divide(heights, most);
+        std::vector<int> bottoms(layouts.size(), padding.Top);
+        for (std::size_t i = 0; i < layouts.size(); ++i) {
+            int& bottom = bottoms[static_cast<std::size_t>(columns[i])];
+            const int x = padding.Left + columns[i] * (width + metrics.Spacing);
+            bottom = layouts[i].Place(x, bottom, width) + metrics.Spacing;
+            right = std::max(right, x + width);
+        }
+        y = *std::max_element(bottoms.begin(), bottoms.end());
+    }
     window.SetClientSize(right + padding.Right,
                          PlaceButtons(buttons, padding.Left, y, right, metrics) + padding.Bottom);
 }

@@ -1,6 +1,7 @@
 // Where a form's controls stand.
 #include <gtest/gtest.h>
 
+#include "editor/range_limits_windows.h"
 #include "tests/editor/sample_form.h"
 #include "ui/headless/driver.h"
 
@@ -89,14 +90,38 @@ TEST_P(FormLayout, AListStandsAboveItsButtons) {
 }
 
 TEST_P(FormLayout, GroupsStandOneBelowTheOther) {
-    Open<Sample::ItemForm>(Sample::Item(), [&] {
+    Open<EdidRangeLimitsSecondaryGtfTimingWindow>(EdidRangeLimitsSecondaryGtfTiming(), [&] {
         int bottom = 0;
-        for (const wchar_t* caption : {L"Numbers", L"Rates", L"Name (2 bytes left)", L"Kind", L"Radio", L"Flags"}) {
+        for (const wchar_t* caption : {L"Start frequency", L"C", L"M", L"K", L"J"}) {
             const auto& group = driver.Find<GroupBox>(caption);
             EXPECT_EQ(group.GetX(), metrics->WindowPadding.Left);
             EXPECT_GT(group.GetY(), bottom);
             bottom = group.GetBottom();
         }
+    });
+}
+
+TEST_P(FormLayout, GroupsThatAScreenCantShowGoOnInAColumnBesideThem) {
+    Open<Sample::ItemForm>(Sample::Item(), [&] {
+        int columns = 1;
+        const GroupBox* last = &driver.Find<GroupBox>(L"Numbers");
+        const int top = last->GetY();
+        for (const wchar_t* caption : {L"Rates", L"Name (2 bytes left)", L"Hex data (2 bytes left)", L"Kind", L"Radio",
+                                       L"Flags", L"Bits", L"Entries (3 slots left)"}) {
+            const auto& group = driver.Find<GroupBox>(caption);
+            if (group.GetX() == last->GetX()) {
+                EXPECT_GT(group.GetY(), last->GetBottom());
+            } else {
+                ++columns;
+                EXPECT_EQ(group.GetX(), last->GetRight() + metrics->Spacing);
+                EXPECT_EQ(group.GetY(), top);
+            }
+            EXPECT_GT(Get(L"OK").GetY(), group.GetBottom());
+            last = &group;
+        }
+        EXPECT_EQ(columns, 2);
+        EXPECT_EQ(Get(L"Cancel").GetRight(), last->GetRight());
+        EXPECT_LE(driver.GetWindow().GetClientHeight(), 640 * GetParam() / 96);
     });
 }
 

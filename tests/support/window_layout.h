@@ -47,6 +47,22 @@ inline bool Crosses(const UI::Control& control, const UI::Controls::GroupBox& bo
            control.GetBottom() > content.Bottom;
 }
 
+// The group box that a control stands in; null for one below the groups.
+inline const UI::Controls::GroupBox* FindGroup(const UI::Window& window, const UI::Control& control) {
+    for (const UI::Control* other : window.GetControls()) {
+        const auto* box = dynamic_cast<const UI::Controls::GroupBox*>(other);
+        if (box && box->IsVisible() && Overlap(*box, control)) return box;
+    }
+    return nullptr;
+}
+
+// Whether the group of `b` stands in a column to the right of that of `a`.
+inline bool IsInNextColumn(const UI::Window& window, const UI::Control& a, const UI::Control& b) {
+    const auto* left = FindGroup(window, a);
+    const auto* right = FindGroup(window, b);
+    return left && right && right->GetX() >= left->GetRight();
+}
+
 inline std::wstring Named(const UI::Control& control) { return L"\"" + control.GetText() + L"\""; }
 
 // A visible control that stands outside the window, is cut off, covers another or the frame of a group, or that Tab
