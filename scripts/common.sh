@@ -29,7 +29,7 @@ build() {
 on_screen() {
     local seconds=$1
     shift
-    xvfb-run -a -s '-screen 0 1920x1440x24' timeout -k 10 "$seconds" "$@"
+    xvfb-run -a -s '-screen 0 2560x1600x24' timeout -k 10 "$seconds" "$@"
 }
 
 # wine_prefix NAME [PROGRAM...]: makes build/NAME with the sample displays once (again when they or this file change),
