@@ -46,7 +46,10 @@ public:
     static void MapFields(IO& io, auto& block) {
         io.Through(
             2, [&block] { return block.List.DescriptorLength - 1; },
-            [&block](auto raw) { block.List.DescriptorLength = static_cast<int>(raw) + 1; });
+            [&](auto raw) {
+                if constexpr (!std::is_const_v<std::remove_reference_t<decltype(block)>>)
+                    block.List.DescriptorLength = static_cast<int>(raw) + 1;
+            });
         const int length = block.List.DescriptorLength;
         const bool isLength = length >= 1 && length <= CtaVideoFormatResolution::FrameSize;
         io.Check("DescriptorLength", isLength, isLength);

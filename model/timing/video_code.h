@@ -156,10 +156,12 @@ public:
     static void Map(IO& io, auto& item) {
         io.Through(
             8, [&item] { return item.code.Id + (item.native ? NativeMark : 0); },
-            [&item](auto raw) {
-                const int byte = static_cast<int>(raw);
-                item.native = byte > NativeMark && CanBeNative(byte - NativeMark);
-                item.code.Id = item.native ? byte - NativeMark : byte;
+            [&](auto raw) {
+                if constexpr (!std::is_const_v<std::remove_reference_t<decltype(item)>>) {
+                    const int byte = static_cast<int>(raw);
+                    item.native = byte > NativeMark && CanBeNative(byte - NativeMark);
+                    item.code.Id = item.native ? byte - NativeMark : byte;
+                }
             });
         // The codes whose byte would be that of a native one have none.
         const int code = item.code.Id;
