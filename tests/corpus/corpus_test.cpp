@@ -58,20 +58,20 @@ std::set<std::string> ChangedOf(const std::vector<NamedEdid>& edids) {
     return changed;
 }
 
-}  // namespace
+class EachSet : public testing::TestWithParam<std::string> {};
 
-TEST(Corpus, TheSamplesKeepEveryPromise) {
-    const std::vector<NamedEdid> samples = Samples();
-    ASSERT_FALSE(samples.empty());
-    EXPECT_EQ(ChangedOf(samples), std::set<std::string>());
-}
-
-TEST(Corpus, TheCorpusKeepsEveryPromiseButForTheKnownChanges) {
-    const std::vector<NamedEdid> corpus = Corpus(VANTELLE_SOURCE_DIR);
-    if (corpus.empty()) GTEST_SKIP() << "no corpus here";
+TEST_P(EachSet, KeepsEveryPromiseButForTheKnownChanges) {
+    const std::vector<NamedEdid> edids = EdidsOf(GetParam(), VANTELLE_SOURCE_DIR);
+    ASSERT_FALSE(edids.empty());
     std::set<std::string> known;
-    for (const auto& [file, reason] : KnownChanges) known.insert(file);
-    EXPECT_EQ(ChangedOf(corpus), known);
+    for (const NamedEdid& edid : edids) {
+        if (KnownChanges.contains(edid.name)) known.insert(edid.name);
+    }
+    EXPECT_EQ(ChangedOf(edids), known);
 }
 
+INSTANTIATE_TEST_SUITE_P(Of, EachSet, testing::ValuesIn(EdidSets(VANTELLE_SOURCE_DIR)),
+                         [](const auto& set) { return set.param; });
+
+}  // namespace
 }  // namespace VNT

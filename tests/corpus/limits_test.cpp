@@ -22,19 +22,17 @@ std::set<std::string> NamedPaths(const Bytes& block) {
     return paths;
 }
 
-void ExpectToNameWhatIsUnsound(const std::vector<NamedEdid>& edids) {
-    for (const NamedEdid& edid : edids) {
+class LimitsOfEachSet : public testing::TestWithParam<std::string> {};
+
+TEST_P(LimitsOfEachSet, AreNamedAsTheyAreBroken) {
+    for (const NamedEdid& edid : EdidsOf(GetParam(), VANTELLE_SOURCE_DIR)) {
         const Bytes block = edid.bytes.Slice(0, Edid::BlockSize);
         EXPECT_EQ(NamedPaths(block), UnsoundPaths(block)) << edid.name;
     }
 }
 
-TEST(Limits, OfTheSamplesAreNamedAsTheyAreBroken) { ExpectToNameWhatIsUnsound(Samples()); }
-
-TEST(Limits, OfTheCorpusAreNamedAsTheyAreBroken) {
-    if (Corpus(VANTELLE_SOURCE_DIR).empty()) GTEST_SKIP() << "no corpus here";
-    ExpectToNameWhatIsUnsound(Corpus(VANTELLE_SOURCE_DIR));
-}
+INSTANTIATE_TEST_SUITE_P(Of, LimitsOfEachSet, testing::ValuesIn(EdidSets(VANTELLE_SOURCE_DIR)),
+                         [](const auto& set) { return set.param; });
 
 // Blocks of random descriptors of every tag, each with a few bytes of a sound one, so that all limits are met.
 TEST(Limits, OfRandomBlocksAreNamedAsTheyAreBroken) {

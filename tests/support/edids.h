@@ -44,4 +44,14 @@ inline std::vector<NamedEdid> Corpus(const std::string& source) {
     return edids;
 }
 
+// What a test that is to hold for any EDID runs over, by name: the samples, and the corpus where there is one.
+inline std::vector<std::string> EdidSets(const std::string& source) {
+    std::vector<std::string> sets{"Samples"};
+    if (!Corpus(source).empty()) sets.push_back("Corpus");
+    return sets;
+}
+inline std::vector<NamedEdid> EdidsOf(const std::string& set, const std::string& source) {
+    return set == "Corpus" ? Corpus(source) : Samples();
+}
+
 }  // namespace VNT::Testing
