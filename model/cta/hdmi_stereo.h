@@ -39,6 +39,13 @@ private:
     const X& Self() const { return static_cast<const X&>(*this); }
 };
 
+// The structures that a format and the flags for all formats have alike, by their number.
+inline constexpr const char* HdmiStereoTexts[] = {
+    "Frame packing",       "Field alternative", "Line alternative",
+    "Side-by-side (full)", "L + depth",         "L + depth + graphics + graphics-depth",
+    "Top-and-bottom",
+};
+
 struct HdmiStereoFormatStructureEnum {
     enum Enum : int {
         FramePacking,
@@ -51,13 +58,13 @@ struct HdmiStereoFormatStructureEnum {
         SideBySideHalf = 8,  // this and what is above has a detail
     };
     static constexpr ValueText<Enum> Texts[] = {
-        {FramePacking, "Frame packing"},
-        {FieldAlternative, "Field alternative"},
-        {LineAlternative, "Line alternative"},
-        {SideBySideFull, "Side-by-side (full)"},
-        {LDepth, "L + depth"},
-        {LDepthGraphics, "L + depth + graphics + graphics-depth"},
-        {TopAndBottom, "Top-and-bottom"},
+        {FramePacking, HdmiStereoTexts[FramePacking]},
+        {FieldAlternative, HdmiStereoTexts[FieldAlternative]},
+        {LineAlternative, HdmiStereoTexts[LineAlternative]},
+        {SideBySideFull, HdmiStereoTexts[SideBySideFull]},
+        {LDepth, HdmiStereoTexts[LDepth]},
+        {LDepthGraphics, HdmiStereoTexts[LDepthGraphics]},
+        {TopAndBottom, HdmiStereoTexts[TopAndBottom]},
         {SideBySideHalf, "Side-by-side (half)"},
     };
 };
@@ -154,13 +161,13 @@ struct HdmiStereoFormatsStructureFlagEnum {
         SideBySideQuincunx = 15,
     };
     static constexpr ValueText<Enum> Texts[] = {
-        {FramePacking, "Frame packing"},
-        {FieldAlternative, "Field alternative"},
-        {LineAlternative, "Line alternative"},
-        {SideBySideFull, "Side-by-side (full)"},
-        {LDepth, "L + depth"},
-        {LDepthGraphics, "L + depth + graphics + graphics-depth"},
-        {TopAndBottom, "Top-and-bottom"},
+        {FramePacking, HdmiStereoTexts[FramePacking]},
+        {FieldAlternative, HdmiStereoTexts[FieldAlternative]},
+        {LineAlternative, HdmiStereoTexts[LineAlternative]},
+        {SideBySideFull, HdmiStereoTexts[SideBySideFull]},
+        {LDepth, HdmiStereoTexts[LDepth]},
+        {LDepthGraphics, HdmiStereoTexts[LDepthGraphics]},
+        {TopAndBottom, HdmiStereoTexts[TopAndBottom]},
         {SideBySideHorizontal, "Side-by-side (half) horizontal"},
         {SideBySideQuincunx, "Side-by-side (half) quincunx"},
     };
