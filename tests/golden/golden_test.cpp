@@ -1,0 +1,97 @@
+// Each file of facts agrees with the program. `scripts/golden --renew` writes them anew: read the difference as code.
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <set>
+
+#include "tests/golden/facts.h"
+
+namespace VNT::Testing {
+namespace {
+
+const std::filesystem::path Folder = VANTELLE_SOURCE_DIR "/tests/golden";
+
+std::string ReadFile(const std::filesystem::path& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// The first line that differs, which says more than two long texts.
+std::string FirstDifference(const std::string& expected, const std::string& actual) {
+    std::istringstream a(expected), b(actual);
+    for (int number = 1;; ++number) {
+        std::string is, was;
+        const bool hasWas = static_cast<bool>(std::getline(a, was)), hasIs = static_cast<bool>(std::getline(b, is));
+        if (!hasWas && !hasIs) return {};
+        if (was != is || hasWas != hasIs) {
+            return "line " + std::to_string(number) + "\n  file:    " + was + "\n  program: " + is;
+        }
+    }
+}
+
+class EachFactFile : public testing::TestWithParam<FactFile> {};
+
+TEST_P(EachFactFile, AgreesWithTheProgram) {
+    const FactFile& facts = GetParam();
+    const std::string text = facts.print();
+    if (std::getenv("VANTELLE_RENEW_GOLDEN") != nullptr) std::ofstream(Folder / facts.name) << text;
+    EXPECT_FALSE(text.empty());
+    EXPECT_EQ(FirstDifference(ReadFile(Folder / facts.name), text), "") << facts.name;
+}
+
+std::string NameOf(const testing::TestParamInfo<FactFile>& info) {
+    std::string name;
+    for (const char c : std::string(info.param.name)) {
+        if (std::isalpha(static_cast<unsigned char>(c)) != 0) name += c;
+    }
+    return name;
+}
+INSTANTIATE_TEST_SUITE_P(Facts, EachFactFile, testing::ValuesIn(FactFiles), NameOf);
+
+TEST(FactFiles, AreAllThatStandHere) {
+    std::set<std::string> known, there;
+    for (const FactFile& facts : FactFiles) known.insert(facts.name);
+    for (const auto& entry : std::filesystem::directory_iterator(Folder)) {
+        if (entry.path().extension() == ".txt" && entry.path().filename() != "CMakeLists.txt")
+            there.insert(entry.path().filename().string());
+    }
+    EXPECT_EQ(known, there);
+}
+
+// The arrays of texts in the headers of the model, as "Structure::Array".
+std::set<std::string> NamesOfVocabularies() {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(VANTELLE_SOURCE_DIR "/model")) {
+        if (entry.path().extension() != ".h") continue;
+        std::ifstream file(entry.path());
+        std::string scope;
+        for (std::string line; std::getline(file, line);) {
+            for (const std::string opening : {"struct ", "class "}) {
+                if (line.starts_with(opening))
+                    scope = line.substr(opening.size(), line.find_first_of(" ;", opening.size()) - opening.size());
+            }
+            if (line.starts_with("}")) scope.clear();
+            std::size_t at = line.find("constexpr ValueText<");
+            if (at == std::string::npos) at = line.find("constexpr const char* ");
+            const std::size_t end = line.find("[", at);
+            if (at == std::string::npos || end == std::string::npos) continue;
+            const std::size_t begin = line.find_last_of(" ", end) + 1;
+            names.insert((scope.empty() ? "" : scope + "::") + line.substr(begin, end - begin));
+        }
+    }
+    return names;
+}
+
+TEST(Vocabularies, LeaveNoArrayOfTextsOfTheModelOut) {
+    std::set<std::string> printed;
+    std::istringstream text(PrintVocabularies());
+    for (std::string line; std::getline(text, line);) {
+        if (!line.empty() && line[0] != ' ') printed.insert(line);
+    }
+    EXPECT_EQ(printed, NamesOfVocabularies());
+}
+
+}  // namespace
+}  // namespace VNT::Testing
