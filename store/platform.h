@@ -44,6 +44,9 @@ public:
     virtual SystemError SetValue(const std::wstring& name, ByteRange bytes) = 0;
     virtual SystemError DeleteValue(const std::wstring& name) = 0;
     virtual SystemError DeleteKey(const std::wstring& name) = 0;  // RegDeleteKeyW: fails while it has sub-keys
+    // Asked of a device's hardware key when its data are written. A door whose system takes a display's data only as a
+    // whole keeps back what is written, answers from that, and does it here; the others have done it already.
+    virtual SystemError Commit() { return SystemErrors::None; }
 };
 
 enum class DeviceProperty { Description = 2, DriverKey = 11 };  // property IDs of DEVPKEY_Device_...

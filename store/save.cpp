@@ -75,6 +75,7 @@ bool Display::Save(Platform& platform) {
     if (device == nullptr) return false;
     if (!WriteOverride(*device, CurrentData)) return false;
     WriteEdid(*device, EdidData);
+    if (device->Commit() != None) return false;
     OverrideData = CurrentData;
     Saved = true;
     return true;

@@ -113,6 +113,8 @@ public:
         return None;
     }
 
+    SystemError Commit() override { return Enter("Commit", KeyAccess::Write); }
+
 private:
     SystemError Enter(const char* name, KeyAccess needed) {
         const SystemError fault = platform_.Enter(name);

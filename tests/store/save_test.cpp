@@ -242,6 +242,20 @@ TEST(SaveDisplays, WhicheverCallFailsNothingReportsSuccessWrongly) {
     }
 }
 
+TEST(SaveDisplays, DoorThatCannotCarryOutWhatWasWrittenReports) {
+    MemoryPlatform platform;
+    Add(platform, First, true, Base(1));
+    DisplayList list = Load(platform);
+    list[0].SetData(Base(2));
+    platform.FailEach("Commit");
+    EXPECT_FALSE(SaveDisplays(platform, list));
+    EXPECT_FALSE(list[0].Saved);
+    EXPECT_TRUE(list[0].OverrideData.IsEmpty());
+    platform.ClearFaults();
+    EXPECT_TRUE(SaveDisplays(platform, list));
+    EXPECT_EQ(platform.Log().back(), "Commit");
+}
+
 TEST(SaveDisplays, AnOverrideThatCannotBeDeletedIsEmptiedInstead) {
     for (const Bytes& data : {Bytes(), Base(5)}) {
         MemoryPlatform platform;
