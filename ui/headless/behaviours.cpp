@@ -1,14 +1,13 @@
 // What the standard classes do by themselves, as far as a form's user can tell.
 #include <algorithm>
 
+#include "ui/dialog_keys.h"
 #include "ui/headless/desktop.h"
 #include "ui/message.h"
 
 namespace UI::Headless {
 
 namespace {
-
-constexpr int HasSelection = 0x08;  // dialog code of an edit
 
 void Notify(NativeWindow& window, int code) {
     if (!window.Parent) return;
@@ -17,6 +16,10 @@ void Notify(NativeWindow& window, int code) {
 }
 
 bool IsKey(WParam wParam, Key key) { return wParam == static_cast<WParam>(key); }
+
+MessageResult GetDialogCode(const NativeWindow& window, WParam key) {
+    return DialogKeys::GetStandardCode(*window.Control, static_cast<Key>(key));
+}
 
 MessageResult ButtonBehaviour(NativeWindow& window, int message, WParam wParam, LParam lParam) {
     const auto press = [&window](bool pressed) {
@@ -106,8 +109,7 @@ void EditCharacter(NativeWindow& edit, wchar_t c) {
 MessageResult EditBehaviour(NativeWindow& window, int message, WParam wParam, LParam lParam) {
     switch (message) {
         case Message::GetDialogCode:
-            return HasSelection + DialogCode::WantArrows + DialogCode::WantChars +
-                   (IsMultiLine(window) ? DialogCode::WantAllKeys : 0);
+            return GetDialogCode(window, wParam);
         case Message::SetText: {
             const MessageResult result = Native::CallDefault(&window, message, wParam, lParam);
             window.Anchor = window.Caret = 0;
@@ -167,7 +169,7 @@ void ListKey(NativeWindow& list, WParam key) {
 MessageResult ListBoxBehaviour(NativeWindow& window, int message, WParam wParam, LParam lParam) {
     switch (message) {
         case Message::GetDialogCode:
-            return DialogCode::WantArrows + DialogCode::WantChars;
+            return GetDialogCode(window, wParam);
         case Message::LeftButtonDown: {
             Native::SetFocus(&window);
             const int row = window.Top + static_cast<int>(lParam / 0x10000) / GetItemHeight(window);
@@ -188,10 +190,7 @@ MessageResult ListBoxBehaviour(NativeWindow& window, int message, WParam wParam,
 MessageResult ComboBoxBehaviour(NativeWindow& window, int message, WParam wParam, LParam lParam) {
     switch (message) {
         case Message::GetDialogCode:
-            return DialogCode::WantArrows + DialogCode::WantChars +
-                   (window.IsDropped && (IsKey(wParam, Key::Return) || IsKey(wParam, Key::Escape))
-                        ? DialogCode::WantAllKeys
-                        : 0);
+            return GetDialogCode(window, wParam);
         case Message::KillFocus:
             Native::SetDroppedDown(&window, false);
             return 0;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/dialog_keys.h"
+
 namespace UI::Headless {
 
 namespace {
@@ -17,11 +19,6 @@ void Clear(Desktop& desktop) {
     desktop.Messages.clear();
     desktop.FileDialogs.clear();
     desktop.FileAnswers.clear();
-}
-
-bool Wants(Handle target, Key key, int code) {
-    const MessageResult codes = Native::Send(target, Message::GetDialogCode, static_cast<WParam>(key), 0);
-    return HasFlag(static_cast<unsigned>(codes), static_cast<unsigned>(code));
 }
 
 // The character that a key types, or 0.
@@ -41,8 +38,6 @@ wchar_t GetCharacter(Key key) {
             return 0;
     }
 }
-
-bool IsArrow(Key key) { return key == Key::Left || key == Key::Up || key == Key::Right || key == Key::Down; }
 
 }  // namespace
 
@@ -119,34 +114,10 @@ void Driver::PressKey(Key key) {
 
 // What the modal loop makes of a key before the control sees it.
 bool Driver::PressDialogKey(Key key, Handle target) {
-    const Handle window = GetWindow().GetHandle();
-    if (Wants(target, key, DialogCode::WantAllKeys)) return false;
-    if (key == Key::Tab && !Wants(target, key, DialogCode::WantTab)) {
-        PressTab();
-    } else if (IsArrow(key) && !Wants(target, key, DialogCode::WantArrows)) {
-        return true;
-    } else if (key == Key::Return) {
-        Native::Send(window, Message::Command, IdOk, 0);
-    } else if (key == Key::Escape) {
-        Native::Send(window, Message::Command, IdCancel, 0);
-    } else {
-        return false;
-    }
+    Window& window = GetWindow();
+    if (!DialogKeys::Press(window, target, key, desktop.ShiftDown)) return false;
+    if (key == Key::Tab && !std::exchange(window.GetHandle()->ShowsFocus, true)) DrawAll(*window.GetHandle());
     return true;
-}
-
-void Driver::PressTab() {
-    NativeWindow& window = *GetWindow().GetHandle();
-    if (!std::exchange(window.ShowsFocus, true)) DrawAll(window);
-    std::vector<NativeWindow*> stops;
-    for (NativeWindow* child : window.Children) {
-        if (child == desktop.Focus || (child->IsTabStop && CanTakeInput(*child))) stops.push_back(child);
-    }
-    if (desktop.ShiftDown) std::reverse(stops.begin(), stops.end());
-    auto next = std::find(stops.begin(), stops.end(), desktop.Focus);
-    next = next == stops.end() || next + 1 == stops.end() ? stops.begin() : next + 1;
-    if (next == stops.end()) return;
-    (*next)->Control->TakeFocusByKeyboard();
 }
 
 bool Driver::ReachesPointer(Control& control) {

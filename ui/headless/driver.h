@@ -86,7 +86,6 @@ private:
     int ScrollTo(Controls::ListBox& list, int row);
     void PressKey(Key key);
     bool PressDialogKey(Key key, Handle target);
-    void PressTab();
 
     Desktop& desktop;
 };
