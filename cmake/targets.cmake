@@ -7,6 +7,20 @@ function(vantelle_room name)
     target_link_libraries(${name} PUBLIC vantelle_options ${ARGN})
 endfunction()
 
+# vantelle_program(NAME): a program that users get. A release is stripped; its symbols stand beside it, as NAME.debug, where
+# a debugger finds them.
+function(vantelle_program name)
+    if(NOT CMAKE_BUILD_TYPE STREQUAL "Release")
+        return()
+    endif()
+    set(program $<TARGET_FILE:${name}>)
+    add_custom_command(TARGET ${name} POST_BUILD
+        COMMAND ${CMAKE_OBJCOPY} --only-keep-debug ${program} ${program}.debug
+        COMMAND ${CMAKE_STRIP} ${program}
+        COMMAND ${CMAKE_OBJCOPY} --add-gnu-debuglink=${program}.debug ${program}
+        VERBATIM)
+endfunction()
+
 # vantelle_test(NAME FOLDER [libraries...]): one GoogleTest program of the .cpp files in tests/FOLDER.
 function(vantelle_test name folder)
     file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)

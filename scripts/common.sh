@@ -1,28 +1,34 @@
 # Shared by the scripts: sourced, with the project's folder as the current one.
 
-packages_install() {
-    local missing=()
+packages_missing() {
     local package
     for package in $(cat scripts/packages.txt); do
-        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || echo "$package"
     done
-    [ ${#missing[@]} -eq 0 ] && return
-    echo "installing ${missing[*]}"
+}
+
+packages_install() {
+    local missing
+    missing=$(packages_missing)
+    [ -n "$missing" ] || return 0
+    echo "installing" $missing
     local sudo=""
     [ "$(id -u)" -eq 0 ] || sudo=sudo
     $sudo apt-get update -qq
-    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends $missing >/dev/null
 }
 
-# build PRESET [targets...]: quiet unless it fails.
+# build PRESET [targets...]: what is not up to date, step by step on standard output; the warnings and errors stay in
+# build/PRESET.log.
 build() {
     local preset=$1 log="build/$1.log"
     shift
     mkdir -p build
-    { [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset"; } >"$log" 2>&1 &&
-        cmake --build --preset "$preset" ${*:+--target "$@"} -- -j"$(nproc)" >"$log" 2>&1 && return
-    grep -vE '^\[[0-9]+/[0-9]+\] (Build|Link)' "$log" | tail -n 80
-    return 1
+    if [ ! -f "build/$preset/build.ninja" ]; then
+        cmake --preset "$preset" >"$log" 2>&1 || { cat "$log"; return 1; }
+    fi
+    cmake --build --preset "$preset" ${*:+--target "$@"} -- -j"$(nproc)" | tee "$log"
+    return "${PIPESTATUS[0]}"
 }
 
 # A command on a screen of its own, ended with its group if it takes longer than SECONDS.
@@ -32,15 +38,20 @@ on_screen() {
     xvfb-run -a -s '-screen 0 2560x1600x24' timeout -k 10 "$seconds" "$@"
 }
 
+# Lets Wine work on the prefix build/NAME.
+export_wine_prefix() {
+    export WINEPREFIX="$PWD/build/$1" WINEDEBUG=-all WINEARCH=win64 WINEDLLOVERRIDES="mscoree,mshtml="
+}
+
 # wine_prefix NAME [PROGRAM...]: makes build/NAME with the sample displays once (again when they or this file change),
-# and sets WINEPREFIX to it. Its registry answers as Windows 10. The windows of the programs are none of a window
+# and works on it. Its registry answers as Windows 10. The windows of the programs are none of a window
 # manager's: without one Wine waits two seconds at each that closes.
 wine_prefix() {
-    export WINEPREFIX="$PWD/build/$1" WINEDEBUG=-all WINEARCH=win64 WINEDLLOVERRIDES="mscoree,mshtml="
+    export_wine_prefix "$1"
     shift
-    build native make-samples
+    build native-release make-samples
     mkdir -p build/samples
-    build/native/bin/make-samples build/samples
+    build/native-release/bin/make-samples build/samples
     local wanted program
     wanted=$( (cat build/samples/displays.reg scripts/common.sh; echo "$@") | md5sum)
     [ "$(cat "$WINEPREFIX/made-from" 2>/dev/null)" = "$wanted" ] && return
@@ -60,3 +71,9 @@ wine_prefix() {
 
 # The prefix of the test programs.
 wine_test_prefix() { wine_prefix wine-test ui_win32_test.exe editor_windows_test.exe Vantelle.exe; }
+
+# The prefix of `./run` and the tour: the sample displays, with stand-ins for what the system and the drivers say.
+wine_sample_prefix() {
+    wine_prefix wine
+    scripts/install-stand-ins "$WINEPREFIX" build/windows/bin build/samples/displays
+}
