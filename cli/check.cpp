@@ -4,6 +4,8 @@
 
 #include "cli/command.h"
 #include "cli/edid_files.h"
+#include "cli/outline.h"
+#include "cli/words.h"
 #include "model/edid/file_formats.h"
 
 namespace VNT::Cli {
@@ -74,8 +76,13 @@ std::vector<std::string> CheckEdid(const Edid& edid, const Bytes& bytes) {
     return reasons;
 }
 
+namespace {
+
+void PrintLine(const std::string& line, const Console& console) {
+    console.out << OneLine(String(std::string_view(line))) << "\n";
+}
+
 int RunCheck(const Arguments& arguments, const Console& console) {
-    if (arguments.Words().empty()) throw Failure("too few words; --help shows the commands");
     int status = Success;
     for (const std::string& file : arguments.Words()) {
         try {
@@ -88,16 +95,23 @@ int RunCheck(const Arguments& arguments, const Console& console) {
             for (const std::string& reason : CheckEdid(edid, isBinary ? bytes : edid.GetBytes())) {
                 line += (line.empty() ? "" : "; ") + reason;
             }
-            console.out << (line.empty() ? "ok " + file : "problem " + file + ": " + line) << "\n";
+            PrintLine(line.empty() ? "ok " + file : "problem " + file + ": " + line, console);
             if (!line.empty()) status = std::max<int>(status, Negative);
         } catch (const Failure& failure) {
             std::string reason = failure.what();
             if (reason.starts_with(file + ": ")) reason.erase(0, file.size() + 2);
-            console.out << "unreadable " << file << ": " << reason << "\n";
+            PrintLine("unreadable " + file + ": " + reason, console);
             status = Refused;
         }
     }
     return status;
 }
+
+}  // namespace
+
+extern const Command CheckCommand;
+const Command CheckCommand{
+    "check",  {{"FILE...", FileWord.help}}, {}, "tells what is wrong with EDIDs, a line each", "one.bin two.bin",
+    &RunCheck};
 
 }  // namespace VNT::Cli

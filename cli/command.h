@@ -30,33 +30,49 @@ struct Console {
     std::function<std::unique_ptr<Platform>()> openSystemStore;
 };
 
-// A command's words, options taken out: `--name VALUE` and `--name`.
+// What was given to a command: its words in order, and its options by name.
 class Arguments {
 public:
-    // Fails on an option that is not among `valued` (with a value) or `plain`.
-    Arguments(std::span<const std::string> words, std::span<const char* const> valued,
-              std::span<const char* const> plain);
+    Arguments() = default;
+    Arguments(std::vector<std::string> words, std::vector<std::pair<std::string, std::string>> options)
+        : words_(std::move(words)), options_(std::move(options)) {}
     const std::vector<std::string>& Words() const { return words_; }
+    // The option's value, empty for one without; null if it was not given.
     const std::string* Value(const std::string& option) const;
     bool Has(const std::string& option) const { return Value(option) != nullptr; }
-    // Fails unless there are `least` to `most` words.
-    void Expect(std::size_t least, std::size_t most) const;
 
 private:
     std::vector<std::string> words_;
     std::vector<std::pair<std::string, std::string>> options_;
 };
 
+// A word that a command takes: "FILE"; "[OUT]" may be left out; "FILE..." stands for one or more.
+struct Word {
+    const char* name;
+    const char* help;
+};
+
+// An option; `value` is null if it takes none, "a|b|c" if it is one of these, else what stands for it in the help.
+struct Option {
+    const char* name;
+    const char* value;
+    const char* help;
+};
+
+// A command as parser, help, completions and manual know it. A new one is such an object, beside the code that it runs,
+// and a line in commands.cpp. Wherever a word or value is called FILE, OUT, DIR, DISPLAY or MODE, the shells complete
+// it.
+struct Command {
+    const char* name;
+    std::vector<Word> words;
+    std::vector<Option> options;
+    const char* summary;  // what it does, in the third person, without a point
+    const char* example;  // the words and options of a call
+    int (*run)(const Arguments&, const Console&);
+    const char* insteadOfWords = nullptr;  // the option that stands in the place of the words
+};
+
 // Runs one call of the program; `arguments` are UTF-8, the program's name not among them. Returns the exit status.
 int Run(std::span<const std::string> arguments, const Console& console);
-
-int RunShow(const Arguments& arguments, const Console& console);
-int RunCheck(const Arguments& arguments, const Console& console);
-int RunConvert(const Arguments& arguments, const Console& console);
-int RunTiming(const Arguments& arguments, const Console& console);
-int RunList(const Arguments& arguments, const Console& console);
-int RunRead(const Arguments& arguments, const Console& console);
-int RunWrite(const Arguments& arguments, const Console& console);
-int RunReset(const Arguments& arguments, const Console& console);
 
 }  // namespace VNT::Cli

@@ -52,19 +52,20 @@ Edid ImportFile(const std::string& file, const Console& console) {
 }
 
 FileFormat ChooseFormat(const Arguments& arguments, const std::string& file) {
-    if (const std::string* name = arguments.Value("--format")) {
-        const std::optional<FileFormat> format = FormatNamed(*name);
-        if (!format) throw Failure(*name, "unknown format; bin, dat or txt");
-        return *format;
-    }
+    if (const std::string* name = arguments.Value("--format")) return FormatNamed(*name).value_or(FileFormat::Bin);
     const std::size_t point = file.find_last_of('.');
     if (point == std::string::npos) return FileFormat::Bin;
     return FormatNamed(file.substr(point + 1)).value_or(FileFormat::Bin);
 }
 
-void ExportFile(const Edid& edid, FileFormat format, const std::string& file) {
+void ExportFile(const Edid& edid, FileFormat format, const std::string& file, const Console& console) {
     std::error_code error;
     if (edid.GetBytes().IsEmpty()) throw Failure(file, "the EDID can't be written");
+    if (file == "-") {
+        const Bytes bytes = GetFileBytes(edid, format);
+        console.out.write(reinterpret_cast<const char*>(bytes.Range().data), bytes.Size());
+        return;
+    }
     if (fs::is_directory(PathOf(file), error)) throw Failure(file, "is a folder");
     if (!Export(PathOf(file), edid, format)) throw Failure(file, "can't be written");
 }

@@ -6,8 +6,8 @@ namespace {
 bool IsControl(char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
 }  // namespace
 
-void Outline::Line(const String& text) {
-    String line(std::u32string(static_cast<std::size_t>(level_) * 2, U' '));
+std::string OneLine(const String& text) {
+    String line;
     for (const char32_t character : text.View()) {
         if (IsControl(character)) {
             line += String(U"\\x") + NumberText(character, 16, 2, true);
@@ -15,8 +15,11 @@ void Outline::Line(const String& text) {
             line.Append(character);
         }
     }
-    if (text.IsEmpty()) line.Append(U'?');
-    out_ << line.ToUtf8() << '\n';
+    return line.ToUtf8();
+}
+
+void Outline::Line(const String& text) {
+    out_ << std::string(static_cast<std::size_t>(level_) * 2, ' ') << (text.IsEmpty() ? "?" : OneLine(text)) << '\n';
 }
 
 void Outline::ShowParts(const std::vector<ItemPart>& parts) {

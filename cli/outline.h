@@ -10,6 +10,9 @@
 
 namespace VNT::Cli {
 
+// The text as part of one line: control characters as \x0A.
+std::string OneLine(const String& text);
+
 // Lines indented by two blanks a level. A line is one line whatever text it holds: control characters print as \x0A,
 // and an empty text as "?".
 class Outline {

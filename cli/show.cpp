@@ -5,6 +5,7 @@
 #include "cli/command.h"
 #include "cli/edid_files.h"
 #include "cli/outline.h"
+#include "cli/words.h"
 #include "model/edid/cta_extension_block.h"
 #include "model/edid/displayid_extension_block.h"
 #include "model/edid/vtb_extension_block.h"
@@ -160,19 +161,30 @@ void ShowEdid(const Edid& edid, std::ostream& out) {
     outline.ShowList(limits.extensionBlocks, edid.extensionBlocks, ExtensionBlockCaptions, &ShowExtensionBlock);
 }
 
+namespace {
+
 int RunShow(const Arguments& arguments, const Console& console) {
-    arguments.Expect(1, 1);
     ShowEdid(ImportFile(arguments.Words()[0], console), console.out);
     return Success;
 }
 
 int RunConvert(const Arguments& arguments, const Console& console) {
-    arguments.Expect(2, 2);
     const std::string& out = arguments.Words()[1];
     const FileFormat format = ChooseFormat(arguments, out);
     const Edid edid = ImportFile(arguments.Words()[0], console);
-    ExportFile(Edid(static_cast<const EdidFields&>(edid)), format, out);
+    ExportFile(Edid(static_cast<const EdidFields&>(edid)), format, out, console);
     return Success;
 }
+
+}  // namespace
+
+extern const Command ShowCommand, ConvertCommand;
+const Command ShowCommand{"show", {FileWord}, {}, "prints what an EDID says", "monitor.bin", &RunShow};
+const Command ConvertCommand{"convert",
+                             {FileWord, OutWord},
+                             {FormatOption},
+                             "writes an EDID in another format, as an edit would leave it",
+                             "monitor.txt monitor.bin",
+                             &RunConvert};
 
 }  // namespace VNT::Cli

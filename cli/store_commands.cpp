@@ -4,6 +4,7 @@
 
 #include "cli/command.h"
 #include "cli/edid_files.h"
+#include "cli/words.h"
 #include "store/directory/directory_platform.h"
 #include "store/display_row.h"
 #include "store/load.h"
@@ -58,10 +59,7 @@ void Store(Platform& platform, Display& display, const Bytes& bytes) {
     if (!fits || !display.Save(platform)) throw Failure(NameOf(display), "the store refused");
 }
 
-}  // namespace
-
 int RunList(const Arguments& arguments, const Console& console) {
-    arguments.Expect(0, 0);
     const std::unique_ptr<Platform> platform = OpenStore(arguments, console);
     for (const Display& display : LoadList(*platform, arguments.Has("--all"))) {
         console.out << GetDisplayRow(display).ToUtf8() << '\t' << NameOf(display) << '\n';
@@ -70,19 +68,17 @@ int RunList(const Arguments& arguments, const Console& console) {
 }
 
 int RunRead(const Arguments& arguments, const Console& console) {
-    arguments.Expect(2, 2);
     const std::string& out = arguments.Words()[1];
     const FileFormat format = ChooseFormat(arguments, out);
     const std::unique_ptr<Platform> platform = OpenStore(arguments, console);
     const Display display = FindDisplay(*platform, arguments.Words()[0]);
     Edid edid;
     if (!edid.Read(display.CurrentData)) throw Failure(NameOf(display), "has no EDID");
-    ExportFile(edid, format, out);
+    ExportFile(edid, format, out, console);
     return Success;
 }
 
 int RunWrite(const Arguments& arguments, const Console& console) {
-    arguments.Expect(2, 2);
     const std::unique_ptr<Platform> platform = OpenStore(arguments, console);
     Display display = FindDisplay(*platform, arguments.Words()[0]);
     const std::string& file = arguments.Words()[1];
@@ -96,7 +92,6 @@ int RunWrite(const Arguments& arguments, const Console& console) {
 
 int RunReset(const Arguments& arguments, const Console& console) {
     const bool all = arguments.Has("--all");
-    arguments.Expect(all ? 0 : 1, all ? 0 : 1);
     const std::unique_ptr<Platform> platform = OpenStore(arguments, console);
     DisplayList displays;
     if (all) {
@@ -117,5 +112,28 @@ int RunReset(const Arguments& arguments, const Console& console) {
     }
     return status;
 }
+
+}  // namespace
+
+extern const Command ListCommand, ReadCommand, WriteCommand, ResetCommand;
+const Command ListCommand{
+    "list",  {},      {StoreOption, {"--all", nullptr, "displays that are not there, too"}}, "lists the displays",
+    "--all", &RunList};
+const Command ReadCommand{"read",
+                          {DisplayWord, OutWord},
+                          {StoreOption, FormatOption},
+                          "writes what a display shows to a file",
+                          "1 monitor.bin",
+                          &RunRead};
+const Command WriteCommand{"write",         {DisplayWord, FileWord},
+                           {StoreOption},   "stores an EDID as the override of a display",
+                           "1 monitor.bin", &RunWrite};
+const Command ResetCommand{"reset",
+                           {DisplayWord},
+                           {{"--all", nullptr, "of every display on record"}, StoreOption},
+                           "takes the override off a display, also a broken one",
+                           "--all",
+                           &RunReset,
+                           "--all"};
 
 }  // namespace VNT::Cli

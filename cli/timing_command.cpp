@@ -1,8 +1,11 @@
+#include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <ostream>
 #include <string_view>
 
 #include "cli/command.h"
+#include "cli/nearest.h"
 #include "model/timing/displayid_detailed_resolution.h"
 #include "model/timing/edid_detailed_resolution.h"
 
@@ -30,11 +33,11 @@ constexpr Kind Kinds[] = {
     {"displayid2r2", MakeItem<DisplayId2DetailedResolutionR2>},
 };
 
+constexpr Option KindOption{"--kind", "edid|displayid1|displayid2|displayid2r2", "where it is to stand; else edid"};
+
 const Kind& KindOf(std::string_view word) {
-    for (const Kind& kind : Kinds) {
-        if (kind.word == word) return kind;
-    }
-    throw Failure(std::string(word), "unknown kind");
+    const auto* const found = std::ranges::find(Kinds, word, &Kind::word);
+    return found != std::end(Kinds) ? *found : Kinds[0];
 }
 
 // Lower case, with hyphens as blanks: what two spellings of a mode have in common.
@@ -47,11 +50,21 @@ std::string PlainWord(std::string_view text) {
     return plain;
 }
 
+std::vector<std::string> Modes() {
+    std::vector<std::string> modes;
+    for (const auto& row : DetailedResolutionTimingEnum::Texts) modes.emplace_back(row.text);
+    return modes;
+}
+
 DetailedResolutionTimingEnum::Enum ModeOf(std::string_view word) {
     for (const auto& row : DetailedResolutionTimingEnum::Texts) {
         if (PlainWord(row.text) == PlainWord(word)) return row.value;
     }
-    throw Failure(std::string(word), "unknown timing mode");
+    const std::vector<std::string> modes = Modes();
+    std::vector<std::string> plain;
+    std::ranges::transform(modes, std::back_inserter(plain), &PlainWord);
+    const auto nearest = std::ranges::find(plain, Nearest(PlainWord(word), plain)) - plain.begin();
+    throw Failure(std::string(word), "unknown timing mode; the nearest is " + modes[static_cast<std::size_t>(nearest)]);
 }
 
 // Takes the number in front of `text`; false if there is none that an int holds.
@@ -116,10 +129,11 @@ void Print(const DetailedResolution& item, std::ostream& out) {
     line({{"valid", bit(item.IsValid())}});
 }
 
-}  // namespace
-
 int RunTiming(const Arguments& arguments, const Console& console) {
-    arguments.Expect(2, 2);
+    if (arguments.Has("--list")) {
+        for (const std::string& mode : Modes()) console.out << mode << '\n';
+        return Success;
+    }
     const std::string* kindWord = arguments.Value("--kind");
     const Kind& kind = kindWord != nullptr ? KindOf(*kindWord) : Kinds[0];
     const std::string& picture = arguments.Words()[1];
@@ -131,5 +145,17 @@ int RunTiming(const Arguments& arguments, const Console& console) {
     Print(item, console.out);
     return item.IsValid() ? Success : Negative;
 }
+
+}  // namespace
+
+extern const Command TimingCommand;
+const Command TimingCommand{"timing",
+                            {{"MODE", "how to calculate, as the timing box calls it: cvt-rb-standard"},
+                             {"WIDTHxHEIGHT[i]@RATE", "the picture and its rate in Hz; i is interlaced"}},
+                            {KindOption, {"--list", nullptr, "print the modes"}},
+                            "calculates a detailed resolution",
+                            "automatic-pc 2560x1440@75",
+                            &RunTiming,
+                            "--list"};
 
 }  // namespace VNT::Cli

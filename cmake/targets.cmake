@@ -48,3 +48,15 @@ function(vantelle_link_model target)
         endif()
     endforeach()
 endfunction()
+
+# vantelle_header_library(NAME PATH): the target vantelle_NAME for a library of headers that a package of Debian's put
+# at PATH. It is seen through a folder that holds nothing but a link to it, so that a cross build meets no other header
+# of the host.
+function(vantelle_header_library name path)
+    set(folder ${CMAKE_BINARY_DIR}/headers/${name})
+    cmake_path(GET path FILENAME link)
+    file(MAKE_DIRECTORY ${folder})
+    file(CREATE_LINK ${path} ${folder}/${link} SYMBOLIC)
+    add_library(vantelle_${name} INTERFACE)
+    target_include_directories(vantelle_${name} SYSTEM INTERFACE ${folder})
+endfunction()

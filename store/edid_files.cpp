@@ -27,10 +27,6 @@ fs::path GetFreshName(const fs::path& path) {
     }
 }
 
-bool Write(const fs::path& path, FileKind kind, const Bytes& bytes) {
-    return !bytes.IsEmpty() && ReplaceFile(path, kind, bytes);
-}
-
 }  // namespace
 
 bool ImportBin(const fs::path& path, Edid& edid) { return ReadBin(ReadFile(path), edid); }
@@ -38,21 +34,26 @@ bool ImportDat(const fs::path& path, Edid& edid) { return ReadDat(ReadFile(path)
 bool ImportTxt(const fs::path& path, Edid& edid) { return ReadTxt(ReadFile(path), edid); }
 bool ImportAny(const fs::path& path, Edid& edid) { return ReadAnyFormat(ReadFile(path), edid); }
 
-bool ExportBin(const fs::path& path, const Edid& edid) { return Write(path, FileKind::Binary, WriteBin(edid)); }
-bool ExportDat(const fs::path& path, const Edid& edid) { return Write(path, FileKind::Text, WriteDat(edid)); }
-bool ExportTxt(const fs::path& path, const Edid& edid) { return Write(path, FileKind::Text, WriteTxt(edid)); }
-
-bool Export(const fs::path& path, const Edid& edid, FileFormat format) {
+Bytes GetFileBytes(const Edid& edid, FileFormat format) {
     switch (format) {
         case FileFormat::Txt:
-            return ExportTxt(path, edid);
+            return WriteTxt(edid);
         case FileFormat::Dat:
-            return ExportDat(path, edid);
+            return WriteDat(edid);
         case FileFormat::Bin:
             break;
     }
-    return ExportBin(path, edid);
+    return WriteBin(edid);
 }
+
+bool Export(const fs::path& path, const Edid& edid, FileFormat format) {
+    const Bytes bytes = GetFileBytes(edid, format);
+    return !bytes.IsEmpty() && ReplaceFile(path, format == FileFormat::Bin ? FileKind::Binary : FileKind::Text, bytes);
+}
+
+bool ExportBin(const fs::path& path, const Edid& edid) { return Export(path, edid, FileFormat::Bin); }
+bool ExportDat(const fs::path& path, const Edid& edid) { return Export(path, edid, FileFormat::Dat); }
+bool ExportTxt(const fs::path& path, const Edid& edid) { return Export(path, edid, FileFormat::Txt); }
 
 bool ReplaceFile(const fs::path& path, FileKind kind, const std::function<void(std::ostream&)>& write) {
     const fs::path fresh = GetFreshName(path);

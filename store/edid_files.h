@@ -18,6 +18,9 @@ bool ImportAny(const std::filesystem::path& path, Edid& edid);
 
 enum class FileFormat { Bin, Dat, Txt };
 
+// What a file in that format holds, lines ending in "\n"; empty if the EDID can't be written.
+Bytes GetFileBytes(const Edid& edid, FileFormat format);
+
 // Each is false, with an older file of that name as it was, if the EDID or the file can't be written. The lines of a
 // text end as the system's do.
 bool Export(const std::filesystem::path& path, const Edid& edid, FileFormat format);

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
+#include "cli/commands.h"
+#include "cli/nearest.h"
 #include "model/edid/edid.h"
 #include "samples/displays.h"
 
@@ -85,19 +87,90 @@ TEST_F(Commands, HelpAndVersion) {
     EXPECT_EQ(Call({"--help"}).status, Success);
     EXPECT_NE(Call({"--help"}).out.find("vantelle-cli show FILE\n"), std::string::npos);
     EXPECT_EQ(Call({"--version"}).out.substr(0, 13), "vantelle-cli ");
+    EXPECT_EQ(Call({"--version"}).status, Success);
+}
+
+TEST_F(Commands, HelpOfEachCommandHasItsUsageAndAnExample) {
+    const std::string all = Call({"--help"}).out;
+    for (const Command* command : Cli::Commands()) {
+        const Outcome help = Call({command->name, "--help"});
+        EXPECT_EQ(help.status, Success) << command->name;
+        EXPECT_EQ(help.err, "") << command->name;
+        EXPECT_NE(all.find("vantelle-cli " + UsageOf(*command) + "\n"), std::string::npos) << command->name;
+        EXPECT_NE(help.out.find("Usage: vantelle-cli " + UsageOf(*command) + "\n"), std::string::npos) << help.out;
+        EXPECT_NE(help.out.find(std::string("Example: vantelle-cli ") + command->name + " " + command->example + "\n"),
+                  std::string::npos)
+            << help.out;
+        for (const Option& option : command->options) {
+            EXPECT_NE(help.out.find(option.help), std::string::npos) << option.name;
+        }
+    }
 }
 
 TEST_F(Commands, BadWordsAreOneLineAndStatus2) {
     ExpectRefused(Call({}), "no command given; --help lists them");
-    ExpectRefused(Call({"frobnicate"}), "frobnicate: unknown command; --help lists them");
-    ExpectRefused(Call({"show"}), "too few words; --help shows the commands");
+    ExpectRefused(Call({"convrt"}), "convrt: unknown command; the nearest is convert");
+    ExpectRefused(Call({"frob", "show", "x"}), "frob: unknown command; the nearest is show");
+    ExpectRefused(Call({"--hepl"}), "--hepl: unknown option; the nearest is --help");
+    ExpectRefused(Call({"show"}), "show: FILE is missing; vantelle-cli show FILE");
+    ExpectRefused(Call({"check"}), "check: FILE is missing; vantelle-cli check FILE...");
     ExpectRefused(Call({"show", "a", "b"}), "b: unknown word");
-    ExpectRefused(Call({"show", "--format", "bin", "a"}), "--format: unknown option");
-    ExpectRefused(Call({"list", "--store"}), "--store: a value must follow");
+    ExpectRefused(Call({"show", "--format", "bin", "a"}), "--format: unknown option; the nearest is --help");
+    ExpectRefused(Call({"list", "--stor", "x"}), "--stor: unknown option; the nearest is --store");
+    ExpectRefused(Call({"list", "--store"}), "--store: 1 required DIR missing");
+    ExpectRefused(Call({"list", "--store", "a", "--store", "b"}), "--store: At Most 1 required but received 2");
     ExpectRefused(Call({"list", "--all", "--all"}), "--all: given twice");
-    ExpectRefused(Call({"reset"}), "too few words; --help shows the commands");
-    ExpectRefused(Call({"check"}), "too few words; --help shows the commands");
-    ExpectRefused(Call({"--help", "me"}), "me: unknown word");
+    ExpectRefused(Call({"list", "--all=no"}), "--all: takes no value");
+    ExpectRefused(Call({"reset", "--store", "x"}),
+                  "reset: DISPLAY is missing; vantelle-cli reset DISPLAY | --all [--store DIR]");
+    ExpectRefused(Call({"reset", "1", "--all"}), "1: is one too many beside --all");
+}
+
+TEST_F(Commands, WordsOfEveryLookAreTakenAsTheyStand) {
+    for (const char* name : {"[a,b]", "list", "/tmp", "a b", "-"}) {
+        const std::string path = Path(name);
+        EXPECT_EQ(Call({"show", "none/" + std::string(name)}).err,
+                  "vantelle-cli: none/" + std::string(name) + ": no such file\n");
+    }
+    ExpectRefused(Call({"show", "[a,b]"}), "[a,b]: no such file");
+    ExpectRefused(Call({"show", "no list"}), "no list: no such file");
+    ExpectRefused(Call({"show", "--", "--all"}), "--all: no such file");
+    ExpectRefused(Call({"show", ""}), ": no such file");
+    EXPECT_EQ(Call({"check", "[a]", "[b,c]", "d\ne"}).out,
+              "unreadable [a]: no such file\nunreadable [b,c]: no such file\nunreadable d\\x0Ae: no such file\n");
+    EXPECT_EQ(Store({"list", "--all"}).out, Call({"list", "--all", "--store=" + Path("displays")}).out);
+}
+
+TEST_F(Commands, OutputThatCannotBeWrittenIsStatus2AndOneLine) {
+    std::istringstream in;
+    std::ostringstream out;
+    std::ostringstream err;
+    out.setstate(std::ios::badbit);
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"--help"}, {"show", Sample(0)}, {"convert", Sample(0), "-"}, {"check", Sample(0)}}) {
+        err.str("");
+        EXPECT_EQ(Cli::Run(words, {in, out, err, {}}), Refused);
+        EXPECT_EQ(err.str(), "vantelle-cli: standard output: can't be written\n");
+    }
+}
+
+TEST_F(Commands, ConvertAndReadWriteToStandardOutput) {
+    const std::string edid = Content(Sample(0));
+    EXPECT_EQ(Call({"convert", Sample(0), "-"}).out, edid);
+    EXPECT_EQ(Call({"convert", Sample(0), "-", "--format", "TXT"}).out.substr(0, 9), "00 FF FF ");
+    EXPECT_EQ(Store({"read", R"(DISPLAY\QOR2401\5&1A2B3C&0&UID256)", "-"}).out, edid);
+    EXPECT_FALSE(fs::exists("-"));
+}
+
+TEST(Nearest, CountsKeysAndPrefersWhatBeginsSo) {
+    const std::vector<std::string> words{"exact", "cvt standard", "list", "write"};
+    EXPECT_EQ(Nearest("cvt", words), "cvt standard");
+    EXPECT_EQ(Nearest("lsit", words), "list");
+    EXPECT_EQ(Nearest("exakt", words), "exact");
+    EXPECT_EQ(Nearest("wite", words), "write");
+    EXPECT_EQ(Nearest(std::string(100000, 'x'), words), "exact");
+    EXPECT_EQ(Nearest("", words), "list");
+    EXPECT_EQ(Nearest("x", {}), "");
 }
 
 TEST_F(Commands, BadFilesAreOneLineAndStatus2) {
@@ -191,7 +264,7 @@ TEST_F(Commands, AFailedConvertLeavesTheOldFileAndNoHalfOne) {
     Put(folder_ / "old.bin", Text("old"));
     ExpectRefused(Call({"convert", Path("none"), Path("old.bin")}), Path("none") + ": no such file");
     ExpectRefused(Call({"convert", Sample(0), Path("old.bin"), "--format", "pdf"}),
-                  "pdf: unknown format; bin, dat or txt");
+                  "pdf: unknown value of --format; bin|dat|txt is possible");
     EXPECT_EQ(Content(Path("old.bin")), "old");
     ExpectRefused(Call({"convert", Sample(0), Path("no/such/folder.bin")}),
                   Path("no/such/folder.bin") + ": can't be written");

@@ -2,6 +2,7 @@
 #include <sstream>
 
 #include "cli/command.h"
+#include "model/timing/detailed_resolution.h"
 
 namespace VNT::Cli {
 
@@ -74,6 +75,24 @@ TEST(TimingCommand, KnowsEveryMode) {
                              "cvt-rb2 standard", "gtf standard"}) {
         EXPECT_EQ(RunTimingWith({mode, "1920x1080@60"}).status, Success) << mode;
     }
+}
+
+TEST(TimingCommand, ListsTheModesByTheNamesThatItTakes) {
+    const Outcome list = RunTimingWith({"--list"});
+    EXPECT_EQ(list.status, Success);
+    std::istringstream lines(list.out);
+    int count = 0;
+    for (std::string mode; std::getline(lines, mode); ++count) {
+        EXPECT_EQ(RunTimingWith({mode, "640x480@60"}).err, "") << mode;
+    }
+    EXPECT_EQ(count, static_cast<int>(std::size(DetailedResolutionTimingEnum::Texts)));
+}
+
+TEST(TimingCommand, NamesTheNearestMode) {
+    EXPECT_EQ(RunTimingWith({"cvt", "640x480@60"}).err,
+              "vantelle-cli: cvt: unknown timing mode; the nearest is CVT standard\n");
+    EXPECT_EQ(RunTimingWith({"Gft Standard", "640x480@60"}).err,
+              "vantelle-cli: Gft Standard: unknown timing mode; the nearest is GTF standard\n");
 }
 
 TEST(TimingCommand, StretchesTheFrameInTheQftCalculator) {

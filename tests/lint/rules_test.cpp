@@ -60,6 +60,8 @@ TEST(LintRules, PlatformHeadersStayInTheirRooms) {
     EXPECT_FALSE(Breaks(FindForeignHeaders, "ui/win32/a.cpp", "#include <windows.h>"));
     EXPECT_FALSE(Breaks(FindForeignHeaders, "tests/core/a.cpp", "#include <gtest/gtest.h>"));
     EXPECT_FALSE(Breaks(FindForeignHeaders, "model/edid/a.cpp", "#include <vector>"));
+    EXPECT_FALSE(Breaks(FindForeignHeaders, "cli/parser.cpp", "#include <CLI/App.hpp>"));
+    EXPECT_TRUE(Breaks(FindForeignHeaders, "cli/command.cpp", "#include <CLI/App.hpp>"));
 }
 
 TEST(LintRules, ArrowsPointDown) {
