@@ -23,7 +23,7 @@ std::uint32_t Mask(int bits) { return (1u << bits) - 1; }
 
 }  // namespace
 
-std::uint32_t ByteRange::ReadLsb(int count) {
+std::uint32_t ByteRange::ReadLsbAtEdge(int count) {
     const int wanted = Clamp(Clamp(count, 32), RemainingBits());
     std::uint32_t result = 0;
     for (int done = 0; done < wanted;) {

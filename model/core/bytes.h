@@ -28,7 +28,17 @@ public:
 
     // `count` is 0 to 32 bits. Lsb takes each byte's lowest bit first and fills the result from its lowest bit (a
     // 16-bit read is little-endian); Msb takes the highest bit first and fills the result from its highest bit.
-    std::uint32_t ReadLsb(int count);
+    std::uint32_t ReadLsb(int count) {
+        const int end = position + count;
+        // Most fields are whole bytes, or bits of one byte.
+        if (count <= 0 || count > 32 || end > BitSize()) return ReadLsbAtEdge(count);
+        const int last = (end - 1) / 8;
+        std::uint64_t bits = data[last];
+        for (int at = last - 1; at >= position / 8; --at) bits = bits << 8 | data[at];
+        bits >>= position % 8;
+        position = end;
+        return static_cast<std::uint32_t>(bits & ((std::uint64_t{1} << count) - 1));
+    }
     std::uint32_t ReadMsb(int count);
     // The exact inverses; no bit but the `count` concerned changes.
     void WriteLsb(int count, std::uint32_t value);
@@ -49,6 +59,9 @@ public:
     void Drop(int count);                    // moves the start `count` bytes on
     bool IsAll(std::uint8_t byte) const;     // every byte of the range equals `byte`
     std::uint8_t ByteAt(int offset) const { return offset >= 0 && offset < size ? data[offset] : 0; }
+
+private:
+    std::uint32_t ReadLsbAtEdge(int count);  // of any count, also where fewer bits are left
 };
 
 // Owned bytes.

@@ -1,6 +1,7 @@
 #include "model/core/decimal.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 
 namespace VNT {
@@ -27,6 +28,7 @@ Decimal Join(std::uint64_t magnitude, bool negative) {
 std::uint64_t SaturatedAdd(std::uint64_t a, std::uint64_t b) { return a > UINT64_MAX - b ? UINT64_MAX : a + b; }
 
 std::uint64_t SaturatedMultiply(std::uint64_t a, std::uint64_t b) {
+    if (std::bit_width(a) + std::bit_width(b) <= 64) return a * b;
     return a != 0 && b > UINT64_MAX / a ? UINT64_MAX : a * b;
 }
 
@@ -124,9 +126,7 @@ Decimal Decimal::operator*(std::int64_t factor) const {
 
 Decimal Decimal::operator/(std::int64_t divisor) const {
     if (IsUndefined() || divisor == VNT::Undefined || divisor == 0) return Undefined();
-    const Signed a = Split(millionths_);
-    const Signed b = Split(divisor);
-    return Join(a.magnitude / b.magnitude, a.negative != b.negative);
+    return FromMillionths(millionths_ / divisor);
 }
 
 Decimal Decimal::RoundNearest(int places) const { return RoundTo(*this, places, false); }

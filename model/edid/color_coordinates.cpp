@@ -8,13 +8,13 @@ constexpr int Steps = 1024;
 
 int EncodeColorCoordinate(Decimal value) {
     if (value < Decimal() || value > Decimal(1)) return Undefined;
-    const int raw = (value * Steps).RoundNearest(0).ToInt();
-    return raw < Steps ? raw : Undefined;
+    const std::int64_t raw = (value.Millionths() * Steps + Decimal::Scale / 2) / Decimal::Scale;
+    return raw < Steps ? static_cast<int>(raw) : Undefined;
 }
 
 Decimal DecodeColorCoordinate(int raw) {
     if (raw < 0 || raw >= Steps) return Decimal::Undefined();
-    return Decimal(raw) / Steps;
+    return Decimal::FromMillionths(raw * Decimal::Scale / Steps);
 }
 
 bool EdidColorCoordinates::Read(ByteRange range) {
