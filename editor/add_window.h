@@ -53,12 +53,7 @@ struct TFormRow {
 
 template <class FormWindow, class Holder>
 int EditHeld(UI::Window* parent, Holder& holder, int bytes) {
-    typename FormWindow::Item item;
-    item.Assign(holder);
-    FormWindow window(parent);
-    const int result = window.Run(item, bytes);
-    if (result == UI::IdOk) holder.Assign(item);
-    return result;
+    return FormWindow(parent).Run(holder, bytes);
 }
 
 template <class FormWindow, class Holder>

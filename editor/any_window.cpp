@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "editor/field_text.h"
+
 using namespace VNT;
 using UI::Controls::Button;
 using UI::Controls::ComboBox;
@@ -69,7 +71,7 @@ void AnyWindow::SetCaption(UI::Control& control, const String& text, bool availa
 
 void AnyWindow::SetActual(UI::Controls::Label& label, const DecimalFormat& format, const std::wstring& unit,
                           bool enabled, Decimal value) {
-    const bool isNone = value.IsUndefined() || Forms::IsBad(value);
+    const bool isNone = value.IsUndefined() || value == Forms::BadDecimal;
     const std::wstring number = isNone ? L"–" : DecimalToText(value, format).ToWide();
     label.SetText(enabled ? L"Actual: " + number + L" " + unit : L"(no space left)");
 }

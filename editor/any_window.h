@@ -26,14 +26,11 @@
 #pragma once
 
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "editor/field_text.h"
 #include "editor/form_rows.h"
-#include "model/core/flags.h"
 #include "model/core/layout.h"
 #include "ui/message.h"
 
@@ -54,39 +51,14 @@ public:
     // For a text box `parse` stores the text, and `onChange` gets told whether it was one of the field's kind.
     void BindTextBox(UI::Controls::TextBox& box, std::function<bool(const VNT::String&)> parse,
                      std::function<void(bool parsed)> onChange);
-    // The field takes the value of the chosen row, or the index of the chosen row plus `offset`.
-    template <class Value, class T>
-    void BindComboBox(UI::Controls::ComboBox& box, std::span<const VNT::ValueText<Value>> rows, T& field,
-                      Callback onChange = {}) {
-        BindChoice(
-            box,
-            [rows, &field](int row) {
-                if (row < static_cast<int>(rows.size()))
-                    field = static_cast<T>(rows[static_cast<std::size_t>(row)].value);
-            },
-            std::move(onChange));
-    }
+    void BindChoice(UI::Controls::ComboBox& box, std::function<void(int row)> choose, Callback onChange);
+    // The field takes the index of the chosen row plus `offset`.
     void BindComboBox(UI::Controls::ComboBox& box, int offset, int& field, Callback onChange = {}) {
         BindChoice(
             box, [offset, &field](int row) { field = row + offset; }, std::move(onChange));
     }
-    void BindChoice(UI::Controls::ComboBox& box, std::function<void(int row)> choose, Callback onChange);
-    // The handler of one radio button, and those of check boxes. A bit beyond the flags changes nothing.
-    template <class Value, class T>
-    Callback BindRadio(Value value, T& field, Callback onChange = {}) {
-        return GetHandler([value, &field] { field = static_cast<T>(value); }, std::move(onChange));
-    }
-    template <class Flags>
-    Callback BindCheck(int bit, Flags& flags, Callback onChange = {}) {
-        return GetHandler(
-            [bit, &flags] {
-                if (bit >= 0 && bit < Flags::BitCount) SetBit(flags, bit, !TestBit(flags, bit));
-            },
-            std::move(onChange));
-    }
-    Callback BindToggle(bool& field, Callback onChange = {}) {
-        return GetHandler([&field] { field = !field; }, std::move(onChange));
-    }
+    // The handler of a button that changes a field: `store` does it.
+    Callback GetHandler(Callback store, Callback onChange);
 
     // What a refresh does. The text of a box that has the focus stays as typed, and so does a bad one.
     static void SetText(UI::Controls::TextBox& box, const VNT::String& text, const Forms::FieldState& state,
@@ -97,24 +69,6 @@ public:
     static void SetActual(UI::Controls::Label& label, const VNT::DecimalFormat& format, const std::wstring& unit,
                           bool enabled, VNT::Decimal value);
     static void SetValidStyle(UI::Controls::GroupBox& box, bool valid) { box.SetValidStyle(valid); }
-
-    // Of a flag holder by the number of the flag.
-    template <class Flags>
-    static bool TestBit(const Flags& flags, int bit) {
-        if constexpr (requires { typename Flags::Flag; }) {
-            return flags.Test(static_cast<typename Flags::Flag>(bit));
-        } else {
-            return flags.TestAt(bit);
-        }
-    }
-    template <class Flags>
-    static void SetBit(Flags& flags, int bit, bool on) {
-        if constexpr (requires { typename Flags::Flag; }) {
-            flags.Set(static_cast<typename Flags::Flag>(bit), on);
-        } else {
-            flags.SetAt(bit, on);
-        }
-    }
 
     Forms::Group& AddGroup(const std::wstring& caption);
     int CountGroups() const { return static_cast<int>(groups.size()); }
@@ -140,7 +94,6 @@ protected:
     int RunForm();
 
 private:
-    Callback GetHandler(Callback store, Callback onChange);
     void AddOkAndCancel();
     // Each is true if what is visible changed.
     bool UpdateGroup(Forms::Group& group);

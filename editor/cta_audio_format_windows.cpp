@@ -2,6 +2,13 @@
 
 using namespace VNT;
 
+std::span<const ValueText<CtaAudioFormatChannelPresetEnum::Enum>> Forms::GetChannelPresets(int most) {
+    const std::span presets(CtaAudioFormatChannelPresetEnum::Texts);
+    const auto usable =
+        std::count_if(presets.begin(), presets.end(), [most](const auto& preset) { return preset.value <= most; });
+    return presets.first(static_cast<std::size_t>(usable));
+}
+
 CtaMpeg4AacLcAudioFormatWindow::CtaMpeg4AacLcAudioFormatWindow(UI::Window* parent)
     : TCtaAudioFormatWindow(parent, L"CtaMpeg4AacLcAudioFormatWindow") {
     AddMaxChannels();

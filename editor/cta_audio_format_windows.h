@@ -7,6 +7,13 @@
 #include "editor/add_window.h"
 #include "model/cta/audio_formats.h"
 
+namespace Forms {
+
+// Those of at most so many channels.
+std::span<const VNT::ValueText<VNT::CtaAudioFormatChannelPresetEnum::Enum>> GetChannelPresets(int most);
+
+}  // namespace Forms
+
 // The name of a window class that is made by a template.
 template <std::size_t size>
 struct TWindowName {
@@ -25,12 +32,8 @@ protected:
         : TItemWindow<X>(parent, className, VNT::String(VNT::CtaAudioFormatTypeId::TextOf(X::TypeValue)).ToWide()) {}
 
     void AddMaxChannels() {
-        using Preset = VNT::CtaAudioFormatChannelPresetEnum;
-        const std::span presets(Preset::Texts);
-        const auto usable = std::count_if(presets.begin(), presets.end(),
-                                          [](const auto& preset) { return preset.value <= X::MostChannels; });
         this->Group(L"Max channels")
-            .ComboOther(Field<&Fields::MaxChannels>, presets.first(static_cast<std::size_t>(usable)), L"00");
+            .ComboOther(Field<&Fields::MaxChannels>, Forms::GetChannelPresets(X::MostChannels), L"00");
     }
     void AddSampleRates() {
         this->Group(L"Sample rates")

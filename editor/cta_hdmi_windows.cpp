@@ -66,7 +66,7 @@ void CtaHdmiDataBlockWindow::AddLatencies(const std::wstring& text, int flag, La
     const std::string_view audioName = isInterlaced ? "InterlacedAudioLatency" : "AudioLatency";
     auto group = Group(L"");
     group.Flag(Forms::TBoundField{fields.Flags2, audioName}, flag, text).OnChange([this, flag, &videoRow, &audioRow] {
-        const bool isOn = TestBit(fields.Flags2, flag);
+        const bool isOn = fields.Flags2.Test(static_cast<CtaHdmiDataBlockFlag2Enum::Enum>(flag));
         videoRow.latency = audioRow.latency = isOn ? 0 : Undefined;
     });
     AddLatency(group, videoRow, L"Video:", L"No video", videoName);

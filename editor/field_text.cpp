@@ -38,18 +38,9 @@ std::int64_t ParseDigits(std::u32string_view text, int radix) {
     return number;
 }
 
-}  // namespace
-
-String PrintField(std::int64_t value, DecimalDigits) {
-    return value == Undefined ? String() : NumberText(value, 10, 0, false);
-}
-
-String PrintField(std::int64_t value, HexDigits format) {
-    return value == Undefined ? String() : NumberText(value, 16, format.least, true);
-}
-
-String PrintField(std::int64_t value, DottedNibbles) {
-    if (value == Undefined) return {};
+String PrintNumber(std::int64_t value, DecimalDigits) { return NumberText(value, 10, 0, false); }
+String PrintNumber(std::int64_t value, HexDigits format) { return NumberText(value, NibbleRadix, format.least, true); }
+String PrintNumber(std::int64_t value, DottedNibbles) {
     String text;
     for (std::int64_t unit = 0x1000; unit > 0; unit /= NibbleRadix) {
         text += NumberText(value / unit % NibbleRadix, 10, 0, false);
@@ -58,9 +49,33 @@ String PrintField(std::int64_t value, DottedNibbles) {
     return text;
 }
 
-String PrintField(Decimal value, const DecimalFormat& format) { return DecimalToText(value, format); }
-String PrintField(const String& value, PlainText) { return value; }
-String PrintField(const Bytes& value, HexDump) { return HexText(value); }
+template <class Format>
+concept IsOfNumber = requires(const Format& format) {
+    ParseNumber(String(), format);
+};
+
+}  // namespace
+
+String PrintField(const AnyField& field, const FieldFormat& format) {
+    switch (field.GetKind()) {
+        case FieldKind::Decimal:
+            return DecimalToText(field.GetDecimal(), std::get<DecimalFormat>(format));
+        case FieldKind::Text:
+            return field.GetText();
+        case FieldKind::Data:
+            return HexText(field.GetData());
+        default:
+            break;
+    }
+    const std::int64_t number = field.GetNumber();
+    if (number == Undefined) return {};
+    return std::visit(
+        [number](const auto& of) -> String {
+            if constexpr (IsOfNumber<std::decay_t<decltype(of)>>) return PrintNumber(number, of);
+            return {};
+        },
+        format);
+}
 
 std::int64_t ParseNumber(const String& text, DecimalDigits) {
     std::u32string_view digits = Trim(text);
@@ -93,17 +108,35 @@ std::int64_t ParseNumber(const String& text, DottedNibbles) {
     return packed;
 }
 
-bool ParseField(const String& text, Decimal& field, const DecimalFormat&) {
-    if (TextToDecimal(text, field)) return true;
-    field = BadDecimal;
+bool ParseField(const String& text, const AnyField& field, const FieldFormat& format) {
+    switch (field.GetKind()) {
+        case FieldKind::Decimal:
+            if (TextToDecimal(text, field.GetDecimal())) return true;
+            field.GetDecimal() = BadDecimal;
+            return false;
+        case FieldKind::Text:
+            field.GetText() = text;
+            return true;
+        case FieldKind::Data:
+            return HexFromText(text, field.GetData());
+        default:
+            break;
+    }
+    const std::int64_t number = std::visit(
+        [&text](const auto& of) -> std::int64_t {
+            if constexpr (IsOfNumber<std::decay_t<decltype(of)>>) return ParseNumber(text, of);
+            return BadNumber;
+        },
+        format);
+    if (number != BadNumber && field.SetNumber(number)) return true;
+    // What the field can't hold is as bad as what is no number.
+    field.SetNumber(BadNumber);
     return false;
 }
 
-bool ParseField(const String& text, String& field, const PlainText&) {
-    field = text;
-    return true;
+bool IsBad(const AnyField& field) {
+    if (field.GetKind() == FieldKind::Decimal) return field.GetDecimal() == BadDecimal;
+    return field.GetKind() == FieldKind::Number && field.GetNumber() == BadNumber;
 }
-
-bool ParseField(const String& text, Bytes& field, const HexDump&) { return HexFromText(text, field); }
 
 }  // namespace Forms

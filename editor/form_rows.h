@@ -83,10 +83,9 @@ public:
     std::function<void(const FieldState&)> Show;  // null for what looks the same whatever the record holds
 };
 
-template <class ListEditor>
-class TListCell : public Cell {
+class ListCell : public Cell {
 public:
-    TListCell(UI::Window& window, int rows) : Controls(window), rows(rows) {
+    ListCell(UI::Window& window, int rows) : Controls(window), rows(rows) {
         Stretches = true;
         IsWide = true;
     }

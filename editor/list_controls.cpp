@@ -81,3 +81,74 @@ void UpdateListControls(ListControls& controls, int count, bool hasRoom, bool en
     enable(controls.UpButton, isItem && selected > 0);
     enable(controls.DownButton, isItem && selected < count - 1);
 }
+
+namespace Forms {
+
+ListEditor::ListEditor(ListControls& controls, VNT::ListCaptions captions, std::function<void()> update)
+    : captions(captions), controls(controls), update(std::move(update)) {
+    controls.Fill = [this](int index) { return Fill(index); };
+    using UI::Controls::Button;
+    using UI::Controls::ListBox;
+    controls.AddButton.AddNotificationHandler(Button::Clicked, [this] { AddItem(); });
+    controls.EditButton.AddNotificationHandler(Button::Clicked, [this] { EditItem(); });
+    controls.DeleteButton.AddNotificationHandler(Button::Clicked, [this] { DeleteItem(); });
+    controls.DeleteAllButton.AddNotificationHandler(Button::Clicked, [this] { DeleteAllItems(); });
+    controls.UpButton.AddNotificationHandler(Button::Clicked, [this] { MoveItemUp(); });
+    controls.DownButton.AddNotificationHandler(Button::Clicked, [this] { MoveItemDown(); });
+    controls.ListBox.AddNotificationHandler(ListBox::SelectionChanged, this->update);
+    controls.ListBox.AddNotificationHandler(ListBox::DoubleClicked, [this] { EditItem(); });
+}
+
+void ListEditor::Update(bool enabled) {
+    if (!IsAsShown()) Refresh(controls.ListBox.GetSelection());
+    UpdateListControls(controls, GetCount(), HasRoom(), enabled);
+}
+
+void ListEditor::AddItem() {
+    const int index = Add(controls.ListBox.GetWindow());
+    if (index >= 0) Show(index);
+}
+
+void ListEditor::EditItem() {
+    const int selected = controls.ListBox.GetSelection();
+    if (selected < 0 || selected >= GetCount()) return;
+    if (Edit(controls.ListBox.GetWindow(), selected) >= 0) Show(selected);
+}
+
+void ListEditor::DeleteItem() {
+    const int selected = controls.ListBox.GetSelection();
+    Remove(selected);
+    Show(selected);
+}
+
+void ListEditor::DeleteAllItems() {
+    Clear();
+    Show(UI::Controls::ListBox::NoSelection);
+}
+
+void ListEditor::MoveItem(int step) {
+    const int selected = controls.ListBox.GetSelection();
+    Swap(selected, selected + step);
+    Show(selected + step);
+}
+
+bool ListEditor::Fill(int index) {
+    if (index < GetCount()) {
+        controls.ListBox.AddItem(GetTextOf(index).ToWide());
+        return true;
+    }
+    if (index == 0 && !captions.emptyRow.empty()) controls.ListBox.AddItem(VNT::String(captions.emptyRow).ToWide());
+    return false;
+}
+
+void ListEditor::Refresh(int select) {
+    RefreshList(controls, select);
+    TakeAsShown();
+}
+
+void ListEditor::Show(int select) {
+    Refresh(select);
+    update();
+}
+
+}  // namespace Forms

@@ -75,9 +75,60 @@ using EditForm = std::function<int(UI::Window* parent, Item& item, int budget)>;
 template <class List>
 using ItemOf = std::remove_cvref_t<decltype(std::declval<const List&>().At(0))>;
 
-// Joins the controls and a list of the form's record. `update` brings the whole form in line.
+// What the buttons of a list do, whatever is in it. `update` brings the whole form in line.
+class ListEditor {
+public:
+    ListEditor(ListControls& controls, VNT::ListCaptions captions, std::function<void()> update);
+    ListEditor(const ListEditor&) = delete;
+    ListEditor& operator=(const ListEditor&) = delete;
+    virtual ~ListEditor() = default;
+
+    ListControls& GetControls() { return controls; }
+    virtual VNT::String GetCaption() const = 0;
+    virtual bool IsWithinLimits() const = 0;
+
+    // Shows what the list holds now.
+    void Update(bool enabled);
+    void ClearSelection() { controls.ListBox.SetSelection(UI::Controls::ListBox::NoSelection); }
+
+    void AddItem();
+    void EditItem();
+    void DeleteItem();
+    void DeleteAllItems();
+    void MoveItemUp() { MoveItem(-1); }
+    void MoveItemDown() { MoveItem(1); }
+
+protected:
+    virtual int GetCount() const = 0;
+    virtual VNT::String GetTextOf(int index) const = 0;
+    virtual bool HasRoom() const = 0;
+    // Whether the list is as it was when it was shown last; it is shown now.
+    virtual bool IsAsShown() const = 0;
+    virtual void TakeAsShown() = 0;
+    // Open the form of a new item or of one of the list; the index of the row that it has then, or one below 0 if the
+    // form was cancelled.
+    virtual int Add(UI::Window& parent) = 0;
+    virtual int Edit(UI::Window& parent, int index) = 0;
+    virtual void Remove(int index) = 0;
+    virtual void Clear() = 0;
+    virtual void Swap(int index, int other) = 0;
+
+    VNT::ListCaptions captions;
+
+private:
+    // Exchanges the selected item with a neighbour.
+    void MoveItem(int step);
+    bool Fill(int index);
+    void Refresh(int select);
+    void Show(int select);
+
+    ListControls& controls;
+    std::function<void()> update;
+};
+
+// Joins the controls and a list of the form's record.
 template <class List, class Limits>
-class TListEditor {
+class TListEditor : public ListEditor {
 public:
     using Item = ItemOf<List>;
     // Puts a new item into the list; its index.
@@ -85,107 +136,52 @@ public:
 
     TListEditor(ListControls& controls, List& list, VNT::ListCaptions captions, std::function<Limits()> limits,
                 EditForm<Item> edit, std::function<void()> update)
-        : controls_(controls),
-          list_(list),
-          captions_(captions),
-          limits_(std::move(limits)),
-          edit_(std::move(edit)),
-          update_(std::move(update)) {
-        controls.Fill = [this](int index) { return Fill(index); };
-        using UI::Controls::Button;
-        using UI::Controls::ListBox;
-        controls.AddButton.AddNotificationHandler(Button::Clicked, [this] { AddItem(); });
-        controls.EditButton.AddNotificationHandler(Button::Clicked, [this] { EditItem(); });
-        controls.DeleteButton.AddNotificationHandler(Button::Clicked, [this] { DeleteItem(); });
-        controls.DeleteAllButton.AddNotificationHandler(Button::Clicked, [this] { DeleteAllItems(); });
-        controls.UpButton.AddNotificationHandler(Button::Clicked, [this] { MoveItemUp(); });
-        controls.DownButton.AddNotificationHandler(Button::Clicked, [this] { MoveItemDown(); });
-        controls.ListBox.AddNotificationHandler(ListBox::SelectionChanged, update_);
-        controls.ListBox.AddNotificationHandler(ListBox::DoubleClicked, [this] { EditItem(); });
+        : ListEditor(controls, captions, std::move(update)),
+          list(list),
+          limits(std::move(limits)),
+          edit(std::move(edit)) {}
+
+    void SetInserter(Inserter inserter) { insert = std::move(inserter); }
+    VNT::String GetCaption() const override { return GetListCaption(list, limits(), captions); }
+    bool IsWithinLimits() const override { return limits().Contains(list); }
+
+protected:
+    int GetCount() const override { return list.GetCount(); }
+    VNT::String GetTextOf(int index) const override {
+        VNT::String text;
+        list.At(index).GetText(text);
+        return text;
     }
-    TListEditor(const TListEditor&) = delete;
-    TListEditor& operator=(const TListEditor&) = delete;
-
-    void SetInserter(Inserter inserter) { insert_ = std::move(inserter); }
-    ListControls& GetControls() { return controls_; }
-    VNT::String GetCaption() const { return GetListCaption(list_, limits_(), captions_); }
-    bool IsWithinLimits() const { return limits_().Contains(list_); }
-
-    // Shows what the list holds now.
-    void Update(bool enabled) {
-        if (!isShown_ || !(shown_ == list_)) Refresh(controls_.ListBox.GetSelection());
-        UpdateListControls(controls_, list_.GetCount(), HasRoom(list_, limits_()), enabled);
+    bool HasRoom() const override { return Forms::HasRoom(list, limits()); }
+    bool IsAsShown() const override { return isShown && shown == list; }
+    void TakeAsShown() override {
+        shown = list;
+        isShown = true;
     }
-    void ClearSelection() { controls_.ListBox.SetSelection(UI::Controls::ListBox::NoSelection); }
-
-    void AddItem() {
+    int Add(UI::Window& parent) override {
         Item item;
-        if (edit_(&controls_.ListBox.GetWindow(), item, GetBudget(list_, limits_(), list_.GetCount())) != UI::IdOk)
-            return;
-        Refresh(insert_(list_, std::move(item)));
-        update_();
-    }
-    void EditItem() {
-        const int selected = controls_.ListBox.GetSelection();
-        if (selected < 0 || selected >= list_.GetCount()) return;
-        Item item = list_.At(selected);
-        if (edit_(&controls_.ListBox.GetWindow(), item, GetBudget(list_, limits_(), selected)) != UI::IdOk) return;
-        list_.Set(selected, item);
-        Refresh(selected);
-        update_();
-    }
-    void DeleteItem() {
-        const int selected = controls_.ListBox.GetSelection();
-        list_.Remove(selected);
-        Refresh(selected);
-        update_();
-    }
-    void DeleteAllItems() {
-        list_.Clear();
-        Refresh(UI::Controls::ListBox::NoSelection);
-        update_();
-    }
-    void MoveItemUp() { MoveItem(-1); }
-    void MoveItemDown() { MoveItem(1); }
-
-private:
-    // Exchanges the selected item with a neighbour.
-    void MoveItem(int step) {
-        const int selected = controls_.ListBox.GetSelection();
-        list_.Swap(selected, selected + step);
-        Refresh(selected + step);
-        update_();
-    }
-    bool Fill(int index) {
-        if (index < list_.GetCount()) {
-            VNT::String text;
-            list_.At(index).GetText(text);
-            controls_.ListBox.AddItem(text.ToWide());
-            return true;
-        }
-        if (index == 0 && !captions_.emptyRow.empty()) {
-            controls_.ListBox.AddItem(VNT::String(captions_.emptyRow).ToWide());
-        }
-        return false;
-    }
-    void Refresh(int select) {
-        RefreshList(controls_, select);
-        shown_ = list_;
-        isShown_ = true;
-    }
-
-    ListControls& controls_;
-    List& list_;
-    VNT::ListCaptions captions_;
-    std::function<Limits()> limits_;
-    EditForm<Item> edit_;
-    std::function<void()> update_;
-    Inserter insert_ = [](List& list, Item&& item) {
+        if (edit(&parent, item, GetBudget(list, limits(), list.GetCount())) != UI::IdOk) return -1;
+        if (insert) return insert(list, std::move(item));
         list.Add(std::move(item));
         return list.GetCount() - 1;
-    };
-    List shown_;
-    bool isShown_ = false;
+    }
+    int Edit(UI::Window& parent, int index) override {
+        Item item = list.At(index);
+        if (edit(&parent, item, GetBudget(list, limits(), index)) != UI::IdOk) return -1;
+        list.Set(index, item);
+        return index;
+    }
+    void Remove(int index) override { list.Remove(index); }
+    void Clear() override { list.Clear(); }
+    void Swap(int index, int other) override { list.Swap(index, other); }
+
+private:
+    List& list;
+    std::function<Limits()> limits;
+    EditForm<Item> edit;
+    Inserter insert;  // null: at the end
+    List shown;
+    bool isShown = false;
 };
 
 }  // namespace Forms

@@ -7,6 +7,19 @@ namespace {
 using namespace VNT;
 using namespace Forms;
 
+template <class T, class Format>
+String PrintField(T value, const Format& format) {
+    return Forms::PrintField(TBoundField{value, {}}, format);
+}
+template <class T, class Format>
+bool ParseField(const String& text, T& value, const Format& format) {
+    return Forms::ParseField(text, TBoundField{value, {}}, format);
+}
+template <class T>
+bool IsBad(T value) {
+    return Forms::IsBad(TBoundField{value, {}});
+}
+
 TEST(FieldText, TheSentinelsAreNoNumbersThatCanBeTyped) {
     EXPECT_EQ(ParseNumber(U"", DecimalDigits()), Undefined);
     EXPECT_EQ(ParseNumber(U" \t\r\n", DecimalDigits()), Undefined);
