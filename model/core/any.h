@@ -5,9 +5,12 @@
 #include <vector>
 
 #include "model/core/bytes.h"
+#include "model/core/item_status.h"
 #include "model/core/text_string.h"
 
 namespace VNT {
+
+class FieldSink;
 
 // The root of every family of items. `AnyX` is the family's abstract base.
 template <class AnyX>
@@ -60,6 +63,11 @@ public:
     virtual bool IsValidAll() const = 0;
     // The items of its own lists, list after list.
     virtual std::vector<ItemPart> GetParts() const { return {}; }
+    // Tells the fields to a sink, which may change them (field_sink.h), as they are in `available` bytes. Nothing of an
+    // empty holder.
+    virtual void TellFields(int available, FieldSink& sink) = 0;
+    // Makes the item what an edit of its fields that changes none makes of it.
+    virtual void Renew() = 0;
 };
 
 // The operations of the families whose items have a size of their own, which a list of them adds up.
@@ -81,10 +89,16 @@ public:
     // The same, given all the room there can be.
     bool IsValid() const { return IsValid(AnyX::MaxSize); }
     bool IsValidAll() const { return IsValidAll(AnyX::MaxSize); }
+    // Of each field, whether `size` reaches its last byte: it can be edited then.
+    virtual ItemStatus GetAvailable(int size) const = 0;
+    // As TAnyFramed.
     virtual std::vector<ItemPart> GetParts() const { return {}; }
+    virtual void TellFields(int available, FieldSink& sink) = 0;
+    virtual void Renew() = 0;
 };
 
-// An item of a fixed type value. X supplies `EqualFields(const X&)`; its fields are copied by its assignment.
+// An item of a fixed type value, whose operations are made where X is (layout_made.h). X supplies `EqualFields(const
+// X&)`; its fields are copied by its assignment.
 template <class X, class TypeEnum, TypeEnum value, class AnyX, class AnyY>
 class TCommonType : public AnyY {
 public:
@@ -93,16 +107,9 @@ public:
 
     int GetType() const override { return static_cast<int>(value); }
     const AnyX& Get() const override { return static_cast<const AnyX&>(static_cast<const AnyY&>(*this)); }
-    bool Equals(const AnyX& other) const override {
-        return other.GetType() == static_cast<int>(value) &&
-               static_cast<const X&>(*this).EqualFields(static_cast<const X&>(other.Get()));
-    }
-    bool Assign(const AnyX& other) override {
-        if (other.GetType() != static_cast<int>(value)) return false;
-        static_cast<X&>(*this) = static_cast<const X&>(other.Get());
-        return true;
-    }
-    std::unique_ptr<AnyX> Clone() const override { return std::make_unique<X>(static_cast<const X&>(*this)); }
+    bool Equals(const AnyX& other) const override;
+    bool Assign(const AnyX& other) override;
+    std::unique_ptr<AnyX> Clone() const override;
 };
 
 // Two items of one class compare by their fields, whichever families the class belongs to.
@@ -166,6 +173,12 @@ public:
     std::vector<ItemPart> GetParts() const override {
         return this->item_ != nullptr ? this->item_->GetParts() : std::vector<ItemPart>();
     }
+    void TellFields(int available, FieldSink& sink) override {
+        if (this->item_ != nullptr) this->item_->TellFields(available, sink);
+    }
+    void Renew() override {
+        if (this->item_ != nullptr) this->item_->Renew();
+    }
 };
 
 // The holder of a framed family.
@@ -188,6 +201,9 @@ public:
 
     int GetSize() const override { return this->item_ != nullptr ? this->item_->GetSize() : 0; }
     bool IsAvailable(int size) const override { return this->item_ != nullptr && this->item_->IsAvailable(size); }
+    ItemStatus GetAvailable(int size) const override {
+        return this->item_ != nullptr ? this->item_->GetAvailable(size) : ItemStatus();
+    }
     bool IsValid(int size) const override { return this->item_ != nullptr && this->item_->IsValid(size); }
     bool IsValidAll(int size) const override { return this->item_ != nullptr && this->item_->IsValidAll(size); }
 };

@@ -131,4 +131,20 @@ int Bytes::LastIndexNot(std::uint8_t byte) const {
     return length;
 }
 
+Bytes::Bytes(int count, std::uint8_t fill) : bytes_(static_cast<std::size_t>(count < 0 ? 0 : count), fill) {}
+Bytes::Bytes(ByteRange range) : bytes_(range.data, range.data + range.size) {}
+Bytes::Bytes(const Bytes& other) = default;
+Bytes::Bytes(Bytes&& other) noexcept = default;
+Bytes& Bytes::operator=(const Bytes& other) = default;
+Bytes& Bytes::operator=(Bytes&& other) noexcept = default;
+Bytes::~Bytes() = default;
+
+void Bytes::Resize(int count, std::uint8_t fill) {
+    bytes_.resize(static_cast<std::size_t>(count < 0 ? 0 : count), fill);
+}
+
+void Bytes::Append(ByteRange range) { bytes_.insert(bytes_.end(), range.data, range.data + range.size); }
+
+bool Bytes::operator==(const Bytes& other) const { return bytes_ == other.bytes_; }
+
 }  // namespace VNT

@@ -64,24 +64,27 @@ private:
     std::uint32_t ReadLsbAtEdge(int count);  // of any count, also where fewer bits are left
 };
 
-// Owned bytes.
+// Owned bytes. What copies and destroys them is compiled once: every record of fields holds some.
 class Bytes {
 public:
     Bytes() = default;
     Bytes(std::initializer_list<int> bytes);
     explicit Bytes(std::vector<std::uint8_t> bytes) : bytes_(std::move(bytes)) {}
-    Bytes(int count, std::uint8_t fill) : bytes_(static_cast<std::size_t>(count < 0 ? 0 : count), fill) {}
-    explicit Bytes(ByteRange range) : bytes_(range.data, range.data + range.size) {}
+    Bytes(int count, std::uint8_t fill);
+    explicit Bytes(ByteRange range);
+    Bytes(const Bytes& other);
+    Bytes(Bytes&& other) noexcept;
+    Bytes& operator=(const Bytes& other);
+    Bytes& operator=(Bytes&& other) noexcept;
+    ~Bytes();
 
     int Size() const { return static_cast<int>(bytes_.size()); }
     bool IsEmpty() const { return bytes_.empty(); }
-    void Resize(int count, std::uint8_t fill = 0) {
-        bytes_.resize(static_cast<std::size_t>(count < 0 ? 0 : count), fill);
-    }
+    void Resize(int count, std::uint8_t fill = 0);
     std::uint8_t& At(int index) { return bytes_[static_cast<std::size_t>(index)]; }
     std::uint8_t At(int index) const { return bytes_[static_cast<std::size_t>(index)]; }
     Bytes Slice(int offset, int length) const;  // both clamped to what is there
-    void Append(ByteRange range) { bytes_.insert(bytes_.end(), range.data, range.data + range.size); }
+    void Append(ByteRange range);
 
     // The length left once trailing bytes equal to `byte` are removed.
     int LastIndexNot(std::uint8_t byte) const;
@@ -93,7 +96,7 @@ public:
     operator ByteRange() const { return Range(); }
 
     const std::vector<std::uint8_t>& Vector() const { return bytes_; }
-    bool operator==(const Bytes&) const = default;
+    bool operator==(const Bytes& other) const;
 
 private:
     std::vector<std::uint8_t> bytes_;

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <span>
+#include <type_traits>
 
 #include "model/core/bytes.h"
 
@@ -32,10 +35,67 @@ std::unique_ptr<AnyX> MakeKind() {
     return std::make_unique<X>();
 }
 
+// The bytes that a new item takes.
 template <class X, class AnyX>
-constexpr TKind<AnyX> Kind(const char* title, int addSize, bool isRead = true) {
-    return {static_cast<int>(X::TypeValue), title, addSize, isRead, &MakeKind<X, AnyX>};
+constexpr int GetAddSize() {
+    if constexpr (requires { X::Shape; }) {
+        return X::PrefixSize + X::Shape.Least();
+    } else {
+        return AnyX::FrameSize;
+    }
 }
+
+template <class X, class AnyX>
+constexpr TKind<AnyX> Kind(const char* title, bool isRead = true) {
+    return {static_cast<int>(X::TypeValue), title, GetAddSize<X, AnyX>(), isRead, &MakeKind<X, AnyX>};
+}
+
+// A row of the list of a family's kinds.
+template <class X>
+struct TKindRow {
+    const char* title;
+    bool isRead;
+};
+template <class X>
+constexpr TKindRow<X> KindOf(const char* title, bool isRead = true) {
+    return {title, isRead};
+}
+// The class that takes what no kind takes.
+template <class X>
+struct TOtherKind {};
+
+// The one list of a family's kinds, in a header of its own, which the family's other headers don't include. The table
+// of kinds, the code of their layouts (TMadeKinds) and the list of the tests are made of it:
+//
+//     inline constexpr TKindList XKindList{TOtherKind<XOther>(), KindOf<XA>("A"), KindOf<XB>("B")};
+template <class OtherX, class... X>
+class TKindList {
+public:
+    using Other = OtherX;
+
+    constexpr TKindList(TOtherKind<OtherX>, TKindRow<X>... rows) : titles_{rows.title...}, isRead_{rows.isRead...} {}
+
+    template <class AnyX>
+    constexpr std::array<TKind<AnyX>, sizeof...(X)> MakeTable() const {
+        std::size_t at = 0;
+        return {MakeRow<X, AnyX>(at++)...};
+    }
+    // `f(std::type_identity<X>())` for each class, that of all others last.
+    template <class F>
+    static void ForEach(const F& f) {
+        (f(std::type_identity<X>()), ...);
+        f(std::type_identity<OtherX>());
+    }
+
+private:
+    template <class Row, class AnyX>
+    constexpr TKind<AnyX> MakeRow(std::size_t at) const {
+        return Kind<Row, AnyX>(titles_[at], isRead_[at]);
+    }
+
+    std::array<const char*, sizeof...(X)> titles_;
+    std::array<bool, sizeof...(X)> isRead_;
+};
 
 // The item for the bytes: the kind whose type they have, else `Other`, which keeps whatever it is given. Null if the
 // range is too short for the family's frame.

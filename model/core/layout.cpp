@@ -1,69 +1,36 @@
 #include "model/core/layout.h"
 
-#include <algorithm>
-
 namespace VNT {
 
-std::int64_t BitPlace::Most() const { return (std::int64_t{1} << std::clamp(bits_, 0, 32)) - 1; }
-
-std::uint32_t BitPlace::Read(ByteRange& range, BitOrder order) const {
-    if (pieces_.begin() == pieces_.end()) return order == BitOrder::Lsb ? range.ReadLsb(bits_) : range.ReadMsb(bits_);
-    std::uint32_t raw = 0;
-    int done = 0;
-    for (const BitPiece& piece : pieces_) {
-        range.position = std::min(piece.byte * 8 + piece.bit, range.BitSize());
-        raw |= range.ReadLsb(piece.count) << done;
-        done += piece.count;
-    }
-    return raw;
+ItemStatus StatusOf(const FieldSource& source) {
+    StatusSink sink;
+    source.Tell(sink);
+    return std::move(sink.status);
 }
 
-void BitPlace::Write(ByteRange& range, BitOrder order, std::uint32_t raw) const {
-    if (pieces_.begin() == pieces_.end()) {
-        order == BitOrder::Lsb ? range.WriteLsb(bits_, raw) : range.WriteMsb(bits_, raw);
-        return;
-    }
-    int done = 0;
-    for (const BitPiece& piece : pieces_) {
-        range.position = std::min(piece.byte * 8 + piece.bit, range.BitSize());
-        range.WriteLsb(piece.count, raw >> done);
-        done += piece.count;
-    }
+std::vector<FieldLimits> LimitsOf(const FieldSource& source) {
+    LimitsSink sink;
+    source.Tell(sink);
+    return std::move(sink.limits);
 }
 
-int BitPlace::End(int position) const {
-    if (pieces_.begin() == pieces_.end()) return position + bits_;
-    int end = 0;
-    for (const BitPiece& piece : pieces_) end = std::max(end, piece.byte * 8 + piece.bit + piece.count);
-    return end;
+ItemStatus ReachOf(const FieldSource& source, ItemStatus reach) {
+    RulerSink sink(source.Available());
+    sink.reach = std::move(reach);
+    source.Tell(sink);
+    return std::move(sink.reach);
 }
 
-void ItemStatus::Report(const char* name, bool proper, bool all) { fields_.push_back({name, proper, all}); }
-
-const FieldStatus* ItemStatus::Find(std::string_view name) const {
-    const auto found =
-        std::find_if(fields_.begin(), fields_.end(), [name](const FieldStatus& f) { return f.name == name; });
-    return found == fields_.end() ? nullptr : &*found;
+int MeasureLayout(const FieldSource& source) {
+    RulerSink sink(source.Available());
+    source.Tell(sink);
+    return sink.Bytes();
 }
 
-bool ItemStatus::IsPresent(std::string_view name) const { return Find(name) != nullptr; }
-
-bool ItemStatus::IsProper(std::string_view name) const {
-    const FieldStatus* field = Find(name);
-    return field == nullptr || field->proper;
-}
-
-bool ItemStatus::IsAll(std::string_view name) const {
-    const FieldStatus* field = Find(name);
-    return field == nullptr || field->all;
-}
-
-bool ItemStatus::IsValid() const {
-    return std::all_of(fields_.begin(), fields_.end(), [](const FieldStatus& f) { return f.proper; });
-}
-
-bool ItemStatus::IsValidAll() const {
-    return std::all_of(fields_.begin(), fields_.end(), [](const FieldStatus& f) { return f.all; });
+std::vector<ItemPart> PartsOf(const FieldSource& source) {
+    PartsSink sink;
+    source.Tell(sink);
+    return std::move(sink.parts);
 }
 
 }  // namespace VNT

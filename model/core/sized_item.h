@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "model/core/item.h"
-#include "model/core/layout_ruler.h"
 #include "model/core/list.h"
 
 namespace VNT {
@@ -44,7 +43,7 @@ public:
     int GetSize() const override { return Size; }
 };
 
-// A concrete item of such a family with all operations made from its layout. X gives
+// A concrete item of such a family with all operations made from its layout (layout_made.h). X gives
 //
 //     static constexpr SizedShape Shape{2};                           // the bytes of its fields, and their steps
 //     template <class IO> static void MapFields(IO& io, auto& item);  // these bytes and lists, see layout.h
@@ -60,6 +59,7 @@ public:
 template <class X, class AnyX, class TypeEnum, TypeEnum value, class Fields>
 class TSizedItem : public TCommonTypeSize<X, TypeEnum, value, AnyX, AnyX>, public Fields {
 public:
+    using Sized = TSizedItem;
     using FieldsType = Fields;
     using AnyX::IsValid;
     using AnyX::IsValidAll;
@@ -69,57 +69,24 @@ public:
 
     TSizedItem() { this->Size = PrefixSize + X::Shape.Least(); }
     // An edited item. X's constructor from its fields calls this.
-    void SetFields(const Fields& fields) {
-        static_cast<Fields&>(*this) = fields;
-        if (!X::KeepsExtra) this->Extra = Bytes();
-        Self().Normalize();
-        Self().UpdateSize();
-    }
+    void SetFields(const Fields& fields);
 
-    bool Read(ByteRange range) override {
-        const SizedPeek peek = AnyX::Peek(range);
-        if (!X::Accepts(peek) || !range.Limit(peek.size)) return false;
-        static_cast<Fields&>(*this) = Fields();
-        this->Size = peek.size;
-        LayoutReader io(range);
-        X::Map(io, Self());
-        PresentLength = Self().GetPresentLength();
-        Self().NormalizeRead();
-        return true;
-    }
-    bool Write(ByteRange range) const override {
-        if (!range.Limit(this->Size) || !IsValidAll()) return false;
-        LayoutWriter io(range);
-        X::Map(io, Self());
-        return true;
-    }
-    void GetText(String& out, const String& format) const override {
-        DescribeItem(Self(), Self().GetFormat(), format, out);
-    }
-    void GetText(String& out) const override { DescribeItem(Self(), Self().GetFormat(), out); }
+    bool Read(ByteRange range) override;
+    bool Write(ByteRange range) const override;
+    void GetText(String& out, const String& format) const override;
+    void GetText(String& out) const override;
     bool IsAvailable(int size) const override { return Clamp(size) >= this->Size; }
-    bool IsValid(int size) const override { return ValidityOf(Self(), Clamp(size)).proper; }
-    bool IsValidAll(int size) const override { return ValidityOf(Self(), Clamp(size)).all; }
-    std::vector<ItemPart> GetParts() const override {
-        PartLister io(AnyX::MaxSize);
-        X::Map(io, Self());
-        return std::move(io.parts);
-    }
+    bool IsValid(int size) const override;
+    bool IsValidAll(int size) const override;
+    std::vector<ItemPart> GetParts() const override;
+    void TellFields(int available, FieldSink& sink) override;
+    void Renew() override;
 
     ItemStatus GetStatus(int size = AnyX::MaxSize) const { return StatusOf(Self(), Clamp(size)); }
     std::vector<FieldLimits> GetFieldLimits(int size = AnyX::MaxSize) const { return LimitsOf(Self(), Clamp(size)); }
-    // Of each field, whether `size` reaches its last byte: it can be edited then.
-    ItemStatus GetAvailable(int size = AnyX::MaxSize) const {
-        ItemStatus reach;
-        reach.Report("Size", IsAvailable(size), IsAvailable(size));
-        LayoutRuler io(Clamp(size), &reach);
-        X::Map(io, Self());
-        return reach;
-    }
-    bool EqualFields(const X& other) const {
-        return this->Size == other.Size && PresentLength == other.PresentLength &&
-               static_cast<const Fields&>(*this) == static_cast<const Fields&>(other);
-    }
+    ItemStatus GetAvailable(int size = AnyX::MaxSize) const override { return GetReach(size); }
+    ItemStatus GetReach(int size) const;  // what it is where a kind has nothing of its own to say
+    bool EqualFields(const X& other) const;
 
     // The bytes of the item in `size` bytes of room that none of its fields take.
     static int GetExtraRoom(int size) { return std::max(0, size - PrefixSize - X::Shape.fixed); }
@@ -157,27 +124,13 @@ public:
     // The bytes behind the prefix that say something, of which the last that is not 0 is at `bytes`.
     int GetNeeded(int bytes) const { return bytes; }
 
-protected:
     // The length that an edited item takes: the shortest that holds every byte that says something.
-    void UpdateSize() {
-        PresentLength = X::Shape.fixed;
-        LayoutRuler ruler(AnyX::MaxSize);
-        X::Map(ruler, Self());
-        this->Size = ruler.Bytes();
-        if (this->Extra.IsEmpty() && this->Size <= PrefixSize + X::Shape.fixed) TrimToStep();
-        PresentLength = Self().GetPresentLength();
-    }
+    void UpdateSize();
 
 private:
     static int Clamp(int size) { return std::clamp(size, 0, AnyX::MaxSize); }
 
-    void TrimToStep() {
-        Bytes scratch(this->Size, 0);
-        LayoutWriter io(scratch);
-        X::Map(io, Self());
-        const int needed = Self().GetNeeded(scratch.LastIndexNot(0) - PrefixSize);
-        this->Size = std::min(this->Size, PrefixSize + X::Shape.Holding(needed));
-    }
+    void TrimToStep();
     X& Self() { return static_cast<X&>(*this); }
     const X& Self() const { return static_cast<const X&>(*this); }
 };

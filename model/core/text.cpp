@@ -60,6 +60,11 @@ private:
 
 }  // namespace
 
+TextTable::TextTable() = default;
+TextTable::TextTable(const TextTable& other) = default;
+TextTable& TextTable::operator=(const TextTable& other) = default;
+TextTable::~TextTable() = default;
+
 std::size_t TextTable::PlaceOf(std::u32string_view key) const {
     const auto at =
         std::lower_bound(rows_.begin(), rows_.end(), key, [](const auto& row, auto k) { return row.first < k; });

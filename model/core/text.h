@@ -17,6 +17,10 @@ namespace VNT {
 // An ordered map from placeholder, braces included ("{type}"), to its text; sorted by code point.
 class TextTable {
 public:
+    TextTable();
+    TextTable(const TextTable& other);
+    TextTable& operator=(const TextTable& other);
+    ~TextTable();
     void Set(std::u32string_view key, String value);
     void Set(std::u32string_view key, std::int64_t number);
     // The text of `key`, or null.

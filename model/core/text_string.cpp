@@ -104,4 +104,19 @@ std::wstring String::ToWide() const {
     return out;
 }
 
+String::String() = default;
+String::String(const String& other) = default;
+String::String(String&& other) noexcept = default;
+String& String::operator=(const String& other) = default;
+String& String::operator=(String&& other) noexcept = default;
+String::~String() = default;
+String::String(const char32_t* text) : text_(text) {}
+String::String(std::u32string_view text) : text_(text) {}
+
+String String::operator+(const String& other) const { return String(text_ + other.text_); }
+String& String::operator+=(const String& other) {
+    text_ += other.text_;
+    return *this;
+}
+
 }  // namespace VNT

@@ -1,25 +1,10 @@
-#include "model/cta/audio_formats.h"
+#include "model/cta/audio_format_kinds.h"
 
 namespace VNT {
 
 namespace {
 
-template <class X>
-constexpr TKind<AnyCtaAudioFormat> Kind() {
-    return VNT::Kind<X, AnyCtaAudioFormat>(CtaAudioFormatTypeId::TextOf(X::TypeValue), AnyCtaAudioFormat::FrameSize);
-}
-
-// In the order of the "Add Audio Format" form.
-constexpr TKind<AnyCtaAudioFormat> Rows[] = {
-    Kind<CtaLpcmAudioFormat>(),          Kind<CtaAc3AudioFormat>(),        Kind<CtaMpeg1AudioFormat>(),
-    Kind<CtaMp3AudioFormat>(),           Kind<CtaMpeg2AudioFormat>(),      Kind<CtaAacLcAudioFormat>(),
-    Kind<CtaDtsAudioFormat>(),           Kind<CtaAtracAudioFormat>(),      Kind<CtaDsdAudioFormat>(),
-    Kind<CtaEAc3AudioFormat>(),          Kind<CtaDtsHdAudioFormat>(),      Kind<CtaMatAudioFormat>(),
-    Kind<CtaDstAudioFormat>(),           Kind<CtaWmaProAudioFormat>(),     Kind<CtaMpeg4HeAacAudioFormat>(),
-    Kind<CtaMpeg4HeAacV2AudioFormat>(),  Kind<CtaMpeg4AacLcAudioFormat>(), Kind<CtaMpeg4HeAacMpsAudioFormat>(),
-    Kind<CtaMpeg4AacLcMpsAudioFormat>(), Kind<CtaMpegH3dAudioFormat>(),    Kind<CtaAc4AudioFormat>(),
-    Kind<CtaLpcm3dAudioFormat>(),        Kind<CtaAuroCxAudioFormat>(),     Kind<CtaMpegDUsacAudioFormat>(),
-};
+constexpr auto Rows = CtaAudioFormatKindList.MakeTable<AnyCtaAudioFormat>();
 
 }  // namespace
 
@@ -36,7 +21,7 @@ int AnyCtaAudioFormat::PeekType(ByteRange range) {
 std::span<const TKind<AnyCtaAudioFormat>> CtaAudioFormatKinds::All() { return Rows; }
 
 std::unique_ptr<AnyCtaAudioFormat> CtaAudioFormatKinds::Read(ByteRange range) {
-    return ReadKind<CtaOtherAudioFormat>(All(), range);
+    return ReadKind<decltype(CtaAudioFormatKindList)::Other>(All(), range);
 }
 
 }  // namespace VNT

@@ -48,7 +48,7 @@ bool CtaHdmiDataBlock::AllowsLength(int presentLength) {
 }
 
 ItemStatus CtaHdmiDataBlock::GetAvailable(int size) const {
-    ItemStatus reach = TSizedItem::GetAvailable(size);
+    ItemStatus reach = GetReach(size);
     const auto add = [&reach, size](int end, std::initializer_list<const char*> names) {
         for (const char* name : names) {
             if (!reach.IsPresent(name)) reach.Report(name, size >= end, size >= end);

@@ -71,7 +71,7 @@ public:
     static bool AllowsLength(int presentLength);
     TLimitPair<CountLimits> GetExtraLimits(int) const { return CountLimits{0, AnyCtaDataBlock::MaxSize}; }
     // A part that isn't there opens where there is room for it.
-    ItemStatus GetAvailable(int size = AnyCtaDataBlock::MaxSize) const;
+    ItemStatus GetAvailable(int size = AnyCtaDataBlock::MaxSize) const override;
     // The room of the resolutions and of the 3D formats in a block of `size` bytes.
     SlotListLimits GetResolutionLimits(int size) const;
     int GetStereoRoom(int size) const;

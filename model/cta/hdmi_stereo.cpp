@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "model/core/layout_made.h"
+
 namespace VNT {
 
 namespace {
@@ -25,8 +27,7 @@ HdmiStereoFormat::HdmiStereoFormat(const HdmiStereoFormatFields& fields) {
 
 bool HdmiStereoFormat::Read(ByteRange range) {
     HdmiStereoFormat read;
-    LayoutReader io(range);
-    Map(io, read);
+    TLayout<HdmiStereoFormat>::Read(read, range);
     if (range.Size() < read.GetSize()) return false;
     *this = read;
     return true;
@@ -34,8 +35,7 @@ bool HdmiStereoFormat::Read(ByteRange range) {
 
 bool HdmiStereoFormat::Write(ByteRange range) const {
     if (!range.Limit(GetSize()) || !IsValidAll()) return false;
-    LayoutWriter io(range);
-    Map(io, *this);
+    TLayout<HdmiStereoFormat>::Write(*this, range);
     return true;
 }
 
@@ -60,15 +60,13 @@ bool HdmiStereoFormats::Read(ByteRange range) {
     *this = HdmiStereoFormats();
     FieldsPresent = present;
     Size = range.Size();
-    LayoutReader io(range);
-    Map(io, *this);
+    TLayout<HdmiStereoFormats>::Read(*this, range);
     return true;
 }
 
 bool HdmiStereoFormats::Write(ByteRange range) const {
     if (!range.Limit(Size) || !IsValidAll()) return false;
-    LayoutWriter io(range);
-    Map(io, *this);
+    TLayout<HdmiStereoFormats>::Write(*this, range);
     return true;
 }
 
@@ -76,5 +74,8 @@ int HdmiStereoFormats::GetPresentLength() const {
     if (Size <= CountLeading()) return Size;
     return Size == CountLeading() + Formats.GetSize() ? 5 : 6;
 }
+
+template struct TMadeItem<HdmiStereoFormat>;
+template struct TMadeItem<HdmiStereoFormats>;
 
 }  // namespace VNT

@@ -3,7 +3,6 @@
 
 #include "model/core/flags.h"
 #include "model/core/item.h"
-#include "model/core/layout_ruler.h"
 #include "model/core/sized_item.h"
 
 namespace VNT {
@@ -21,19 +20,10 @@ public:
     ItemStatus GetStatus(int size = X::MaxSize) const { return StatusOf(Self(), size); }
     std::vector<FieldLimits> GetFieldLimits(int size = X::MaxSize) const { return LimitsOf(Self(), size); }
     // Of each field, whether `size` reaches its last byte.
-    ItemStatus GetAvailable(int size = X::MaxSize) const {
-        ItemStatus reach;
-        LayoutRuler io(size, &reach);
-        X::Map(io, Self());
-        return reach;
-    }
+    ItemStatus GetAvailable(int size = X::MaxSize) const { return ReachOf({Self(), size}); }
 
 protected:
-    int Measure() const {
-        LayoutRuler io(X::MaxSize);
-        X::Map(io, Self());
-        return io.Bytes();
-    }
+    int Measure() const { return MeasureLayout({Self(), X::MaxSize}); }
 
 private:
     const X& Self() const { return static_cast<const X&>(*this); }

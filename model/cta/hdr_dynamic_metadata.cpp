@@ -1,17 +1,14 @@
 #include "model/cta/hdr_dynamic_metadata.h"
 
+#include "model/core/layout_made.h"
+
 namespace VNT {
 
 namespace {
 
 using Any = AnyCtaHdrDynamicMetadata;
 
-// In the order of the "Add Type" form.
-constexpr TKind<Any> Rows[] = {
-    Kind<CtaType1HdrDynamicMetadata, Any>("Type 1", 4),         Kind<CtaType2HdrDynamicMetadata, Any>("Type 2", 4),
-    Kind<CtaType3HdrDynamicMetadata, Any>("Type 3", 3),         Kind<CtaType4HdrDynamicMetadata, Any>("Type 4", 4),
-    Kind<CtaType0x100HdrDynamicMetadata, Any>("Type 0x100", 4),
-};
+constexpr auto Rows = CtaHdrDynamicMetadataKindList.MakeTable<Any>();
 
 }  // namespace
 
@@ -26,7 +23,9 @@ SizedPeek Any::Peek(ByteRange range) {
 std::span<const TKind<Any>> CtaHdrDynamicMetadataKinds::All() { return Rows; }
 
 std::unique_ptr<Any> CtaHdrDynamicMetadataKinds::Read(ByteRange range) {
-    return ReadSizedKind<CtaOtherHdrDynamicMetadata>(All(), range);
+    return ReadSizedKind<decltype(CtaHdrDynamicMetadataKindList)::Other>(All(), range);
 }
+
+template struct TMadeKinds<decltype(CtaHdrDynamicMetadataKindList), 0, 1>;
 
 }  // namespace VNT

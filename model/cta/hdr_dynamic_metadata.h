@@ -174,4 +174,11 @@ public:
     static void MapFields(IO&, auto&) {}
 };
 
+// In the order of the "Add Type" form.
+inline constexpr TKindList CtaHdrDynamicMetadataKindList{
+    TOtherKind<CtaOtherHdrDynamicMetadata>(),     KindOf<CtaType1HdrDynamicMetadata>("Type 1"),
+    KindOf<CtaType2HdrDynamicMetadata>("Type 2"), KindOf<CtaType3HdrDynamicMetadata>("Type 3"),
+    KindOf<CtaType4HdrDynamicMetadata>("Type 4"), KindOf<CtaType0x100HdrDynamicMetadata>("Type 0x100"),
+};
+
 }  // namespace VNT

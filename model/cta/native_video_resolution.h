@@ -43,10 +43,10 @@ public:
     // What the image size doesn't take is theirs: the size of the whole block limits them.
     TLimitPair<CountLimits> GetExtraLimits(int) const { return CountLimits{0, AnyCtaDataBlock::MaxSize}; }
     // The image size can be given wherever there is room for it.
-    ItemStatus GetAvailable(int size = AnyCtaDataBlock::MaxSize) const {
+    ItemStatus GetAvailable(int size = AnyCtaDataBlock::MaxSize) const override {
         CtaNativeVideoResolutionDataBlock sized = *this;
         sized.Flags.Set(Flag::ImageSizePresent, true);
-        return sized.TSizedItem::GetAvailable(size);
+        return sized.GetReach(size);
     }
 
     template <class IO>

@@ -1,5 +1,7 @@
 #include "model/displayid/display_interface.h"
 
+#include "model/core/layout_made.h"
+
 namespace VNT {
 
 namespace {
@@ -14,15 +16,13 @@ String FindText(Value value, const ValueText<Value> (&rows)[count], std::u32stri
 
 bool DisplayId2DisplayInterfaceColorimetry::Read(ByteRange range) {
     if (!range.Limit(FrameSize)) return false;
-    LayoutReader io(range);
-    Map(io, *this);
+    TLayout<DisplayId2DisplayInterfaceColorimetry>::Read(*this, range);
     return true;
 }
 
 bool DisplayId2DisplayInterfaceColorimetry::Write(ByteRange range) const {
     if (!range.Limit(FrameSize) || !IsValidAll()) return false;
-    LayoutWriter io(range);
-    Map(io, *this);
+    TLayout<DisplayId2DisplayInterfaceColorimetry>::Write(*this, range);
     return true;
 }
 
@@ -33,5 +33,7 @@ void DisplayId2DisplayInterfaceColorimetry::FillTexts(TextTable& table) const {
     table.Set(U"{eotf}", eotf);
     table.Set(U"{eotftext}", FindText(eotf, DisplayId2DisplayInterfaceEotfEnum::Texts, U"Other ({eotf})"));
 }
+
+template struct TMadeItem<DisplayId2DisplayInterfaceColorimetry>;
 
 }  // namespace VNT

@@ -1,5 +1,7 @@
 #include "model/displayid/section.h"
 
+#include "model/core/layout_made.h"
+
 namespace VNT {
 
 DisplayIdSection::DisplayIdSection(const DisplayIdSectionFields& fields, int room) {
@@ -14,16 +16,14 @@ bool DisplayIdSection::Read(ByteRange range) {
     constexpr int lengthAt = 1, mostZeros = 3;
     if (range.Size() < FrameBytes || !range.Limit(range.ByteAt(lengthAt) + FrameBytes)) return false;
     static_cast<DisplayIdSectionAllFields&>(*this) = DisplayIdSectionAllFields();
-    LayoutReader io(range);
-    Map(io, *this);
+    TLayout<DisplayIdSection>::Read(*this, range);
     if (otherBytes.Slice(0, mostZeros).IsAll(0)) std::swap(otherBytes, padding);
     return true;
 }
 
 bool DisplayIdSection::Write(ByteRange range) const {
     if (!range.Limit(size) || !IsValidAll()) return false;
-    LayoutWriter io(range);
-    Map(io, *this);
+    TLayout<DisplayIdSection>::Write(*this, range);
     return true;
 }
 
@@ -36,17 +36,10 @@ bool DisplayIdSection::IsValid(int available) const {
     return ValidityOf(*this, available).proper && checksum == ComputeChecksum();
 }
 
-ItemStatus DisplayIdSection::GetAvailable(int available) const {
-    ItemStatus reach;
-    LayoutRuler io(available, &reach);
-    Map(io, *this);
-    return reach;
-}
+ItemStatus DisplayIdSection::GetAvailable(int available) const { return ReachOf({*this, available}); }
 
-std::vector<ItemPart> DisplayIdSection::GetParts() const {
-    PartLister io(MaxSize);
-    Map(io, *this);
-    return std::move(io.parts);
-}
+std::vector<ItemPart> DisplayIdSection::GetParts() const { return PartsOf({*this, MaxSize}); }
+
+template struct TMadeItem<DisplayIdSection>;
 
 }  // namespace VNT

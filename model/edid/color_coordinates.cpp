@@ -1,5 +1,7 @@
 #include "model/edid/color_coordinates.h"
 
+#include "model/core/layout_made.h"
+
 namespace VNT {
 
 namespace {
@@ -19,8 +21,7 @@ Decimal DecodeColorCoordinate(int raw) {
 
 bool EdidColorCoordinates::Read(ByteRange range) {
     if (!range.Limit(FrameSize)) return false;
-    LayoutReader io(range);
-    Map(io, *this);
+    TLayout<EdidColorCoordinates>::Read(*this, range);
     useRaw = true;
     Normalize();
     return true;
@@ -28,8 +29,7 @@ bool EdidColorCoordinates::Read(ByteRange range) {
 
 bool EdidColorCoordinates::Write(ByteRange range) const {
     if (!range.Limit(FrameSize) || !IsValidAll()) return false;
-    LayoutWriter io(range);
-    Map(io, *this);
+    TLayout<EdidColorCoordinates>::Write(*this, range);
     return true;
 }
 
@@ -40,5 +40,7 @@ void EdidColorCoordinates::Normalize() {
         if (useRaw) value[i] = actual[i];
     }
 }
+
+template struct TMadeItem<EdidColorCoordinates>;
 
 }  // namespace VNT

@@ -2,10 +2,6 @@
 
 namespace VNT {
 
-std::unique_ptr<AnyEdidDescriptor> EdidDescriptorKinds::Read(ByteRange range) {
-    return ReadKind<EdidOtherDescriptor>(All(), range);
-}
-
 bool EdidDescriptorList::Write(ByteRange range) const { return WriteFilled(range, EdidEmptyDescriptor()); }
 
 }  // namespace VNT

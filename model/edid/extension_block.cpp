@@ -1,22 +1,11 @@
-#include "model/edid/cta_extension_block.h"
-#include "model/edid/displayid_extension_block.h"
-#include "model/edid/vtb_extension_block.h"
+#include "model/core/layout_made.h"
+#include "model/edid/extension_block_kinds.h"
 
 namespace VNT {
 
 namespace {
 
-template <class X>
-constexpr TKind<AnyEdidExtensionBlock> Kind(const char* title) {
-    return VNT::Kind<X, AnyEdidExtensionBlock>(title, AnyEdidExtensionBlock::FrameSize);
-}
-
-constexpr TKind<AnyEdidExtensionBlock> Rows[] = {
-    Kind<EdidCtaExtensionBlock>("CTA-861"),
-    Kind<EdidVtbExtensionBlock>("VTB-EXT"),
-    Kind<EdidDisplayIdSectionExtensionBlock>("DisplayID"),
-    Kind<EdidDefaultExtensionBlock>("Default"),
-};
+constexpr auto Rows = EdidExtensionBlockKindList.MakeTable<AnyEdidExtensionBlock>();
 
 }  // namespace
 
@@ -29,7 +18,7 @@ int AnyEdidExtensionBlock::PeekType(ByteRange range) {
 std::span<const TKind<AnyEdidExtensionBlock>> EdidExtensionBlockKinds::All() { return Rows; }
 
 std::unique_ptr<AnyEdidExtensionBlock> EdidExtensionBlockKinds::Read(ByteRange range) {
-    return ReadKind<EdidOtherExtensionBlock>(All(), range);
+    return ReadKind<decltype(EdidExtensionBlockKindList)::Other>(All(), range);
 }
 
 void EdidExtensionBlockList::ReadMore(ByteRange range) {
@@ -55,5 +44,7 @@ void EdidExtensionBlockList::FillUp(int count) {
     while (GetCount() < count && Add(EdidExtensionBlock(block.Clone()))) {
     }
 }
+
+template struct TMadeKinds<decltype(EdidExtensionBlockKindList), 0, 1>;
 
 }  // namespace VNT

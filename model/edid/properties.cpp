@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "model/core/layout_made.h"
+
 namespace VNT {
 
 namespace {
@@ -95,16 +97,14 @@ void EdidProperties::Map(IO& io, auto& item) {
 
 bool EdidProperties::Read(ByteRange range) {
     if (!range.Limit(FrameSize)) return false;
-    LayoutReader io(range);
-    Map(io, *this);
+    TLayout<EdidProperties>::Read(*this, range);
     Normalize();
     return true;
 }
 
 bool EdidProperties::Write(ByteRange range) const {
     if (!range.Limit(FrameSize) || !IsValidAll()) return false;
-    LayoutWriter io(range);
-    Map(io, *this);
+    TLayout<EdidProperties>::Write(*this, range);
     return true;
 }
 
@@ -191,5 +191,7 @@ void EdidProperties::Normalize() {
         digitalColorFormats = defaults.digitalColorFormats;
     }
 }
+
+template struct TMadeItem<EdidProperties>;
 
 }  // namespace VNT

@@ -1,24 +1,19 @@
 #include "model/edid/range_limits_timing.h"
 
+#include "model/core/layout_made.h"
+
 namespace VNT {
 
 namespace {
 
-using Any = AnyEdidRangeLimitsTiming;
-
-constexpr TKind<Any> Rows[] = {
-    Kind<EdidRangeLimitsDefaultGtfTiming, Any>("Default GTF", Any::FrameSize),
-    Kind<EdidRangeLimitsOnlyTiming, Any>("Range limits only", Any::FrameSize),
-    Kind<EdidRangeLimitsSecondaryGtfTiming, Any>("Secondary GTF", Any::FrameSize),
-    Kind<EdidRangeLimitsCvtTiming, Any>("CVT", Any::FrameSize),
-};
+constexpr auto Rows = EdidRangeLimitsTimingKindList.MakeTable<AnyEdidRangeLimitsTiming>();
 
 }  // namespace
 
 std::span<const TKind<AnyEdidRangeLimitsTiming>> EdidRangeLimitsTimingKinds::All() { return Rows; }
 
 std::unique_ptr<AnyEdidRangeLimitsTiming> EdidRangeLimitsTimingKinds::Read(ByteRange range) {
-    return ReadKind<EdidRangeLimitsOtherTiming>(All(), range);
+    return ReadKind<decltype(EdidRangeLimitsTimingKindList)::Other>(All(), range);
 }
 
 int AnyEdidRangeLimitsTiming::PeekType(ByteRange range) {
@@ -35,5 +30,7 @@ EnumLimits EdidRangeLimitsCvtTiming::PreferredLimits() const {
     }
     return aspectRatios.GetBits() == 0 ? EnumLimits{Ratio::Count, {}} : supported;
 }
+
+template struct TMadeKinds<decltype(EdidRangeLimitsTimingKindList), 0, 1>;
 
 }  // namespace VNT

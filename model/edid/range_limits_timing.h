@@ -212,4 +212,12 @@ struct EdidRangeLimitsTimingKinds {
 
 using EdidRangeLimitsTiming = TFramedContainer<AnyEdidRangeLimitsTiming, EdidRangeLimitsTimingKinds>;
 
+inline constexpr TKindList EdidRangeLimitsTimingKindList{
+    TOtherKind<EdidRangeLimitsOtherTiming>(),
+    KindOf<EdidRangeLimitsDefaultGtfTiming>("Default GTF"),
+    KindOf<EdidRangeLimitsOnlyTiming>("Range limits only"),
+    KindOf<EdidRangeLimitsSecondaryGtfTiming>("Secondary GTF"),
+    KindOf<EdidRangeLimitsCvtTiming>("CVT"),
+};
+
 }  // namespace VNT

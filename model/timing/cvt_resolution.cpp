@@ -1,5 +1,7 @@
 #include "model/timing/cvt_resolution.h"
 
+#include "model/core/layout_made.h"
+
 namespace VNT {
 
 namespace {
@@ -31,5 +33,7 @@ std::vector<Decimal> EdidCvtResolution::GetRates() const {
     }
     return set;
 }
+
+template struct TMadeItem<EdidCvtResolution>;
 
 }  // namespace VNT

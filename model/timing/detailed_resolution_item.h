@@ -34,6 +34,10 @@ public:
     bool IsValid() const override { return ValidityOf(Self(), maxSize).proper; }
     bool IsValidAll() const override { return ValidityOf(Self(), maxSize).all; }
 
+    // Of the family of descriptors.
+    virtual void TellFields(int available, FieldSink& sink) { TLayout<X>::Tell(Self(), available, sink); }
+    virtual void Renew() { Self().Settle(); }
+
     ItemStatus GetStatus() const { return StatusOf(Self(), maxSize); }
     std::vector<FieldLimits> GetFieldLimits() const { return LimitsOf(Self(), maxSize); }
     bool EqualFields(const X& other) const {

@@ -1,5 +1,7 @@
 #include "model/timing/displayid_detailed_resolution.h"
 
+#include "model/core/layout_made.h"
+
 namespace VNT {
 
 namespace {
@@ -30,5 +32,9 @@ ItemStatus TDisplayId2DetailedResolution<X, type>::GetAvailable(int bytes) const
 
 template class TDisplayId2DetailedResolution<DisplayId2DetailedResolution, ResolutionTypeEnum::DisplayId2Detailed>;
 template class TDisplayId2DetailedResolution<DisplayId2DetailedResolutionR2, ResolutionTypeEnum::DisplayId2DetailedR2>;
+
+template struct TMadeItem<DisplayId1DetailedResolution>;
+template struct TMadeItem<DisplayId2DetailedResolution>;
+template struct TMadeItem<DisplayId2DetailedResolutionR2>;
 
 }  // namespace VNT

@@ -111,16 +111,14 @@ public:
 protected:
     bool ReadFrame(ByteRange range) {
         static_cast<Fields&>(*this) = Fields();
-        LayoutReader io(range);
-        Map(io, this->Self());
+        TLayout<X>::Read(this->Self(), range);
         InitFromEncoded(*this);
         return true;
     }
     // What the item leaves of the range is filled with zeros.
     bool WriteFrame(ByteRange range) const {
         range.Fill(0);
-        LayoutWriter io(range);
-        Map(io, this->Self());
+        TLayout<X>::Write(this->Self(), range);
         return true;
     }
 

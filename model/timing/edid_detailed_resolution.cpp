@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "model/core/layout_made.h"
+
 namespace VNT {
 
 namespace {
@@ -38,16 +40,14 @@ void EdidDetailedResolution::Settle() {
 bool EdidDetailedResolution::Read(ByteRange range) {
     if (PeekType(range) != EdidDescriptorTypeId::DetailedResolution || !range.Limit(FrameSize)) return false;
     static_cast<EdidDetailedResolutionFields&>(*this) = EdidDetailedResolutionFields();
-    LayoutReader io(range);
-    Map(io, *this);
+    TLayout<EdidDetailedResolution>::Read(*this, range);
     InitFromEncoded(*this);
     return true;
 }
 
 bool EdidDetailedResolution::Write(ByteRange range) const {
     if (!range.Limit(FrameSize) || !IsValidAll()) return false;
-    LayoutWriter io(range);
-    Map(io, *this);
+    TLayout<EdidDetailedResolution>::Write(*this, range);
     return true;
 }
 
@@ -102,5 +102,8 @@ void EdidDetailedResolution::FillTexts(TextTable& table) const {
             break;
     }
 }
+
+template struct TLayout<EdidDetailedResolution>;
+template struct TMadeItem<EdidDetailedResolution>;
 
 }  // namespace VNT

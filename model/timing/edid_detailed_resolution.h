@@ -159,4 +159,7 @@ private:
     void Settle();
 };
 
+// It is made in this room, though it is among the kinds of a higher one.
+extern template struct TLayout<EdidDetailedResolution>;
+
 }  // namespace VNT

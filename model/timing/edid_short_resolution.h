@@ -66,8 +66,7 @@ public:
         if (!range.Limit(FrameSize)) return false;
         static_cast<AllFields&>(*this) = AllFields();
         if (range.IsAll(X::UnusedByte)) return true;
-        LayoutReader io(range);
-        X::Map(io, Self());
+        TLayout<X>::Read(Self(), range);
         this->fieldsPresent = X::FieldsInBytes;
         UpdateDerived();
         return true;
@@ -79,8 +78,7 @@ public:
             range.Fill(X::UnusedByte);
             return true;
         }
-        LayoutWriter io(range);
-        X::Map(io, Self());
+        TLayout<X>::Write(Self(), range);
         return true;
     }
 

@@ -1,5 +1,7 @@
 #include "model/timing/standard_resolution.h"
 
+#include "model/core/layout_made.h"
+
 namespace VNT {
 
 std::int64_t EdidStandardResolution::WidthOf(std::int64_t height, AspectRatio ratio) {
@@ -22,5 +24,7 @@ bool EdidStandardResolution::HasProperHeight() const {
     if (width == Undefined) return height >= 144 && height <= MaxHeight;
     return ValueLimits{256, MaxWidth, 8, 0, {}}.Contains(width) && HasRatio();
 }
+
+template struct TMadeItem<EdidStandardResolution>;
 
 }  // namespace VNT

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+#include "model/core/layout_made.h"
+
 namespace VNT {
 
-using Kind = CtaVideoReferenceKindEnum;
+using ReferenceKind = CtaVideoReferenceKindEnum;
 
 const CtaVideoReferenceRange* CtaVideoReference::GetRange() const {
     const auto* found = std::find_if(std::begin(Ranges), std::end(Ranges), [this](const CtaVideoReferenceRange& range) {
@@ -13,14 +15,14 @@ const CtaVideoReferenceRange* CtaVideoReference::GetRange() const {
     return found != std::end(Ranges) ? found : nullptr;
 }
 
-Kind::Enum CtaVideoReference::GetKind() const {
-    if (GetVideoFormat().present) return Kind::Format;
+ReferenceKind::Enum CtaVideoReference::GetKind() const {
+    if (GetVideoFormat().present) return ReferenceKind::Format;
     const CtaVideoReferenceRange* range = GetRange();
-    return range != nullptr ? range->kind : Kind::Other;
+    return range != nullptr ? range->kind : ReferenceKind::Other;
 }
 
 std::vector<Decimal> CtaVideoReference::GetRates() const {
-    if (GetKind() == Kind::FormatDescriptor)
+    if (GetKind() == ReferenceKind::FormatDescriptor)
         return {Decimal(DescriptorRates[static_cast<std::size_t>(Id - GetRange()->first)])};
     return TVideoCode::GetRates();
 }
@@ -36,5 +38,10 @@ void CtaVideoReference::FillTexts(TextTable& table) const {
     const CtaVideoReferenceRange* range = GetRange();
     table.Set(U"{number}", range != nullptr ? Id - range->first + 1 : Undefined);
 }
+
+template struct TMadeItem<CtaVideoReference>;
+template struct TMadeItem<CtaVideoResolution>;
+template struct TMadeItem<CtaYcc420VideoResolution>;
+template struct TMadeItem<HdmiResolution>;
 
 }  // namespace VNT

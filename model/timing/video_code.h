@@ -26,15 +26,13 @@ public:
     bool Read(ByteRange range) {
         if (!range.Limit(FrameSize)) return false;
         static_cast<Fields&>(*this) = Fields();
-        LayoutReader io(range);
-        X::Map(io, Self());
+        TLayout<X>::Read(Self(), range);
         return true;
     }
     // False, with nothing written, below the frame's size or if not IsValidAll.
     bool Write(ByteRange range) const {
         if (!range.Limit(FrameSize) || !IsValidAll()) return false;
-        LayoutWriter io(range);
-        X::Map(io, Self());
+        TLayout<X>::Write(Self(), range);
         return true;
     }
     void GetText(String& out, const String& format) const { DescribeItem(Self(), Self().GetFormat(), format, out); }

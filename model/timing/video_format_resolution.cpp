@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "model/core/layout_made.h"
+
 namespace VNT {
 
 namespace {
@@ -49,16 +51,14 @@ CtaVideoFormatResolution::CtaVideoFormatResolution(const CtaVideoFormatResolutio
 bool CtaVideoFormatResolution::Read(ByteRange range) {
     if (range.Size() < 1 || range.Size() > FrameSize) return false;
     size = range.Size();
-    LayoutReader io(range);
-    Map(io, *this);
+    TLayout<CtaVideoFormatResolution>::Read(*this, range);
     if (size == 1) flags = WithDefaults(flags);
     return true;
 }
 
 bool CtaVideoFormatResolution::Write(ByteRange range) const {
     if (!range.Limit(size) || !IsValidAll()) return false;
-    LayoutWriter io(range);
-    Map(io, *this);
+    TLayout<CtaVideoFormatResolution>::Write(*this, range);
     return true;
 }
 
@@ -118,5 +118,7 @@ int CtaVideoFormatResolutionListLimits::GetBudget(const CtaVideoFormatResolution
     const int count = std::max(list.GetCount(), index + 1);
     return std::clamp(bytes / count, 0, CtaVideoFormatResolution::FrameSize);
 }
+
+template struct TMadeItem<CtaVideoFormatResolution>;
 
 }  // namespace VNT

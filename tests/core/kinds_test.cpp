@@ -9,7 +9,7 @@ namespace VNT {
 namespace {
 
 // A circle whose type is written but no longer read, and a square that takes nothing.
-constexpr TKind<AnyShape> UnreadCircle[] = {Kind<Circle, AnyShape>("Circle", 4, false)};
+constexpr TKind<AnyShape> UnreadCircle[] = {Kind<Circle, AnyShape>("Circle", false)};
 std::unique_ptr<AnyShape> MakeSquareForCircle() { return std::make_unique<Square>(); }
 constexpr TKind<AnyShape> RefusingKind[] = {{ShapeTypeId::Circle, "Refuses", 4, true, &MakeSquareForCircle}};
 

@@ -1,9 +1,8 @@
-#include "model/core/layout.h"
-
 #include <gtest/gtest.h>
 #include <random>
 
 #include "model/core/flags.h"
+#include "model/core/layout_made.h"
 #include "tests/print.h"
 
 namespace VNT {

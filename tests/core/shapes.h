@@ -4,6 +4,7 @@
 
 #include "model/core/item.h"
 #include "model/core/kinds.h"
+#include "model/core/layout_made.h"
 #include "model/core/list.h"
 #include "tests/print.h"
 
@@ -88,8 +89,10 @@ public:
 };
 
 struct ShapeKinds {
-    static constexpr TKind<AnyShape> Rows[] = {Kind<Circle, AnyShape>("Circle", 4),
-                                               Kind<Square, AnyShape>("Square", 4)};
+    static constexpr TKind<AnyShape> Rows[] = {
+        Kind<Circle, AnyShape>("Circle"),
+        Kind<Square, AnyShape>("Square"),
+    };
     static std::unique_ptr<AnyShape> Read(ByteRange range) { return ReadKind<OtherShape, AnyShape>(Rows, range); }
 };
 

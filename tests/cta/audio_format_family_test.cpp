@@ -1,19 +1,14 @@
-#include "model/cta/audio_formats.h"
+#include "model/cta/audio_format_kinds.h"
 #include "tests/support/family_suite.h"
 
 namespace VNT::Testing {
 namespace {
 
 struct CtaAudioFormatFamily {
+    using Any = AnyCtaAudioFormat;
     using Holder = CtaAudioFormat;
     using Kinds = CtaAudioFormatKinds;
-    using Items =
-        ItemList<CtaLpcmAudioFormat, CtaAc3AudioFormat, CtaMpeg1AudioFormat, CtaMp3AudioFormat, CtaMpeg2AudioFormat,
-                 CtaAacLcAudioFormat, CtaDtsAudioFormat, CtaAtracAudioFormat, CtaDsdAudioFormat, CtaEAc3AudioFormat,
-                 CtaDtsHdAudioFormat, CtaMatAudioFormat, CtaDstAudioFormat, CtaWmaProAudioFormat,
-                 CtaMpeg4HeAacAudioFormat, CtaMpeg4HeAacV2AudioFormat, CtaMpeg4AacLcAudioFormat,
-                 CtaMpeg4HeAacMpsAudioFormat, CtaMpeg4AacLcMpsAudioFormat, CtaMpegH3dAudioFormat, CtaAc4AudioFormat,
-                 CtaLpcm3dAudioFormat, CtaAuroCxAudioFormat, CtaMpegDUsacAudioFormat, CtaOtherAudioFormat>;
+    static constexpr const auto& List = CtaAudioFormatKindList;
 
     static Bytes Frame(int type, const Fill& fill) {
         constexpr int unclaimedCode = 0, extendedCode = 15;

@@ -1,32 +1,18 @@
-#include "model/displayid/container_id.h"
-#include "model/displayid/cta_data_block_list.h"
-#include "model/displayid/detailed_resolutions.h"
-#include "model/displayid/display_interface.h"
-#include "model/displayid/display_parameters.h"
-#include "model/displayid/other_data_block.h"
-#include "model/displayid/product_id.h"
-#include "model/displayid/range_limits.h"
-#include "model/displayid/text_data_block.h"
-#include "model/displayid/tiled_display_topology.h"
-#include "model/displayid/vendor_specific.h"
+#include "model/displayid/data_block_kinds.h"
 #include "tests/support/sized_suite.h"
 
 namespace VNT::Testing {
 namespace {
 
 struct DisplayIdDataBlockFamily {
+    using Any = AnyDisplayIdDataBlock;
     using Holder = DisplayIdDataBlock;
     using Kinds = DisplayIdDataBlockKinds;
-    using Items =
-        ItemList<DisplayId1ProductIdDataBlock, DisplayId1DisplayParametersDataBlock,
-                 DisplayId1DetailedResolutionListDataBlock, DisplayId1RangeLimitsDataBlock,
-                 DisplayId1SerialNumberDataBlock, DisplayId1TextDataBlock, DisplayId1TiledDisplayTopologyDataBlock,
-                 DisplayId2ProductIdDataBlock, DisplayId2DetailedResolutionListDataBlock,
-                 DisplayId2DetailedResolutionListDataBlockR2, DisplayId2RangeLimitsDataBlock,
-                 DisplayId2DisplayInterfaceDataBlock, DisplayId2TiledDisplayTopologyDataBlock,
-                 DisplayId2ContainerIdDataBlock, DisplayId1VendorSpecificDataBlock, DisplayId2VendorSpecificDataBlock,
-                 DisplayIdCtaDataBlockListDataBlock, DisplayIdOtherDataBlock>;
+    static constexpr const auto& List = DisplayIdDataBlockKindList;
 
+    static bool DropsExtra(int type) {
+        return type == DisplayIdDataBlockTypeId::SerialNumber1 || type == DisplayIdDataBlockTypeId::Text1;
+    }
     // Of any length that a section in an extension block has room for.
     static Bytes Frame(int type, const Fill& fill) {
         using Id = DisplayIdDataBlockTypeId;

@@ -1,25 +1,16 @@
 #include <gtest/gtest.h>
 
-#include "model/edid/color_management_descriptor.h"
-#include "model/edid/color_point_descriptor.h"
-#include "model/edid/established3_descriptor.h"
-#include "model/edid/range_limits_descriptor.h"
-#include "model/edid/resolution_list_descriptors.h"
-#include "model/edid/text_descriptor.h"
-#include "model/timing/edid_detailed_resolution.h"
+#include "model/edid/descriptor_kinds.h"
 #include "tests/support/family_suite.h"
 
 namespace VNT::Testing {
 namespace {
 
 struct EdidDescriptorFamily {
+    using Any = AnyEdidDescriptor;
     using Holder = EdidDescriptor;
     using Kinds = EdidDescriptorKinds;
-    using Items =
-        ItemList<EdidDetailedResolution, EdidStandardResolutionListDescriptor, EdidCvtResolutionListDescriptor,
-                 EdidEstablished3ResolutionFlagsDescriptor, EdidRangeLimitsDescriptor, EdidNameDescriptor,
-                 EdidSerialNumberDescriptor, EdidTextDescriptor, EdidColorPointDescriptor,
-                 EdidColorManagementDescriptor, EdidEmptyDescriptor, EdidOtherDescriptor>;
+    static constexpr const auto& List = EdidDescriptorKindList;
 
     static Bytes Frame(int type, const Fill& fill) {
         constexpr int unclaimedTag = 0x42;
@@ -36,10 +27,10 @@ struct EdidDescriptorFamily {
 INSTANTIATE_TYPED_TEST_SUITE_P(EdidDescriptor, FamilySuite, EdidDescriptorFamily);
 
 struct EdidRangeLimitsTimingFamily {
+    using Any = AnyEdidRangeLimitsTiming;
     using Holder = EdidRangeLimitsTiming;
     using Kinds = EdidRangeLimitsTimingKinds;
-    using Items = ItemList<EdidRangeLimitsDefaultGtfTiming, EdidRangeLimitsOnlyTiming,
-                           EdidRangeLimitsSecondaryGtfTiming, EdidRangeLimitsCvtTiming, EdidRangeLimitsOtherTiming>;
+    static constexpr const auto& List = EdidRangeLimitsTimingKindList;
 
     static Bytes Frame(int type, const Fill& fill) {
         constexpr int unclaimedTag = 3;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editor/item_window.h"
+#include "model/core/layout_made.h"
 #include "model/core/list.h"
 
 namespace Sample {

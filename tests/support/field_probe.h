@@ -1,47 +1,19 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <vector>
 
-#include "model/core/layout.h"
+#include "model/core/field_sink.h"
 
-// Visitors that look at and change the fields of any item by their names, without knowing its class.
+// Sinks that look at and change the fields of any item by their names, without knowing its class. `tell` hands the
+// item's fields to a sink. A field's value is a number: that of `NumberRef`, the length of bytes or of a text.
 namespace VNT::Testing {
 
-// A field's value as a number: millionths of a Decimal, the bits of flags, the length of bytes or a text.
-template <class T>
-std::int64_t NumberOf(const T& value) {
-    if constexpr (std::is_same_v<T, Decimal>) {
-        return value.Millionths();
-    } else if constexpr (std::is_same_v<T, Bytes>) {
-        return value.Size();
-    } else if constexpr (std::is_same_v<T, String>) {
-        return value.Length();
-    } else if constexpr (Detail::FlagHolder<T>) {
-        return value.GetBits();
-    } else {
-        return static_cast<std::int64_t>(value);
-    }
-}
-
-template <class T>
-T ValueOf(std::int64_t number) {
-    if constexpr (std::is_same_v<T, Decimal>) {
-        return Decimal::FromMillionths(number);
-    } else if constexpr (std::is_same_v<T, Bytes>) {
-        return Bytes(static_cast<int>(number), 0x5A);
-    } else if constexpr (std::is_same_v<T, String>) {
-        return String(std::u32string(static_cast<std::size_t>(number), U'Z'));
-    } else if constexpr (Detail::FlagHolder<T>) {
-        return T(static_cast<std::uint32_t>(number));
-    } else {
-        return static_cast<T>(number);
-    }
-}
+using Teller = std::function<void(FieldSink&)>;
 
 // A value to try on a field, and what the field's limits say of it.
 struct FieldProbe {
@@ -53,47 +25,34 @@ struct FieldProbe {
 };
 
 // For each field: the least and greatest value of both limits, what is one beyond, what they list beside their range.
-class ProbeLister : public TLayoutObserver<ProbeLister> {
+class ProbeSink : public FieldSink {
 public:
-    using TLayoutObserver::TLayoutObserver;
-
-    template <class T>
-    void Kept(const char* name, const BitPlace& place, const T&) {
+    void Kept(const char* name, const BitPlace& place, const NumberRef& value) override {
         const std::int64_t most = place.Most();
         Add(name, 0, true, true);
-        Add(name, HeldBy<T>(most), true, true);
-        if constexpr (std::is_same_v<T, int>) {
+        Add(name, value.Held(most), true, true);
+        if (value.Form() == NumberForm::Count) {
             Add(name, -1, false, false);
             Add(name, most + 1, false, false);
         }
     }
-    template <class T, class L>
-    void Number(const char* name, const BitPlace&, const T&, const TLimitPair<L>& limits) {
-        for (const L& set : {limits.proper, limits.all}) {
-            for (const std::int64_t number : Extremes(set))
-                Add(name, HeldBy<T>(number), Contains<T>(limits.proper, number), Contains<T>(limits.all, number));
+    void Number(const char* name, const BitPlace&, const NumberRef& value, const NumberLimits& limits) override {
+        for (const AnyLimits& set : {limits.GetProper(), limits.GetAll()}) {
+            for (const std::int64_t number : std::visit([](const auto& l) { return Extremes(l); }, set)) {
+                const std::int64_t held = value.Held(number);
+                Add(name, held, limits.IsProper(held), limits.IsAll(held));
+            }
         }
     }
-    template <class T, class Coding, class L>
-    void Number(const char* name, const BitPlace& place, const T& value, const Coding&, const TLimitPair<L>& limits) {
-        Number(name, place, value, limits);
-    }
-    void Data(const char* name, int, const Bytes&, const TLimitPair<CountLimits>& limits) {
+    void Data(const char* name, int, Bytes&, const TLimitPair<CountLimits>& limits) override {
         AddSizes(name, limits, false);
     }
-    template <class T>
-    void Rest(const char* name, const T&, const TLimitPair<CountLimits>& limits) {
+    void Rest(const char* name, Bytes&, const TLimitPair<CountLimits>& limits) override {
         AddSizes(name, limits, true);
     }
-    template <class Item>
-    void Part(const char*, int, const Item&, bool, bool) {}
-    template <class Items, class L>
-    void List(const char*, const Items&, const TLimitPair<L>&) {}
-    template <class Item>
-    bool Optional(const char*, const Item&, bool isThere, int) {
-        return isThere;
+    void Rest(const char* name, String&, const TLimitPair<CountLimits>& limits) override {
+        AddSizes(name, limits, true);
     }
-    void Check(const char*, bool, bool) {}
 
     std::vector<FieldProbe> probes;
 
@@ -107,15 +66,6 @@ private:
                 if (size >= 0) Add(name, size, limits.proper.Contains(size), limits.all.Contains(size), isRest);
             }
         }
-    }
-    // What is left of a number in the field.
-    template <class T>
-    static std::int64_t HeldBy(std::int64_t number) {
-        return NumberOf(ValueOf<T>(number));
-    }
-    template <class T, class L>
-    static bool Contains(const L& limits, std::int64_t number) {
-        return Detail::Passes(ValueOf<T>(number), limits);
     }
     template <class V>
     static std::vector<std::int64_t> Extremes(const TValueLimits<V>& limits) {
@@ -131,73 +81,84 @@ private:
         numbers.insert(numbers.end(), limits.extra.begin(), limits.extra.end());
         return numbers;
     }
+    static std::vector<std::int64_t> Extremes(const CountLimits&) { return {}; }
 };
 
 // Changes or looks at one field.
-class FieldHand : public TLayoutObserver<FieldHand> {
+class FieldHand : public FieldSink {
 public:
-    FieldHand(int available, std::string_view name, std::optional<std::int64_t> put = {})
-        : TLayoutObserver(available), name_(name), put_(put) {}
+    explicit FieldHand(std::string_view name, std::optional<std::int64_t> put = {}) : name_(name), put_(put) {}
 
-    template <class T>
-    void Kept(const char* name, const BitPlace&, T& value) {
+    void Kept(const char* name, const BitPlace&, const NumberRef& value) override { Touch(name, value); }
+    void Number(const char* name, const BitPlace&, const NumberRef& value, const NumberLimits&) override {
         Touch(name, value);
     }
-    template <class T, class L>
-    void Number(const char* name, const BitPlace&, T& value, const TLimitPair<L>&) {
-        Touch(name, value);
+    void Data(const char* name, int, Bytes& value, const TLimitPair<CountLimits>&) override { Touch(name, value); }
+    void Rest(const char* name, Bytes& value, const TLimitPair<CountLimits>&) override { Touch(name, value); }
+    void Rest(const char* name, String& value, const TLimitPair<CountLimits>&) override {
+        if (name != name_) return;
+        number = value.Length();
+        if (put_) value = String(std::u32string(static_cast<std::size_t>(*put_), U'Z'));
     }
-    template <class T, class Coding, class L>
-    void Number(const char* name, const BitPlace&, T& value, const Coding&, const TLimitPair<L>&) {
-        Touch(name, value);
-    }
-    void Data(const char* name, int, Bytes& value, const TLimitPair<CountLimits>&) { Touch(name, value); }
-    template <class T>
-    void Rest(const char* name, T& value, const TLimitPair<CountLimits>&) {
-        Touch(name, value);
-    }
-    template <class Item>
-    void Part(const char*, int, Item&, bool, bool) {}
-    template <class Items, class L>
-    void List(const char*, const Items&, const TLimitPair<L>&) {}
-    template <class Item>
-    bool Optional(const char*, const Item&, bool isThere, int) {
-        return isThere;
-    }
-    void Check(const char*, bool, bool) {}
 
     std::optional<std::int64_t> number;  // what the field held
 
 private:
-    template <class T>
-    void Touch(const char* name, T& value) {
+    void Touch(const char* name, const NumberRef& value) {
         if (name != name_) return;
-        number = NumberOf(value);
-        if (put_) value = ValueOf<T>(*put_);
+        number = value.Get();
+        if (put_) value.Put(*put_);
+    }
+    void Touch(const char* name, Bytes& value) {
+        if (name != name_) return;
+        number = value.Size();
+        if (put_) value = Bytes(static_cast<int>(*put_), 0x5A);
     }
     std::string_view name_;
     std::optional<std::int64_t> put_;
 };
 
-template <class X>
-std::vector<FieldProbe> ProbesOf(const X& item, int size) {
-    ProbeLister io(size);
-    X::Map(io, item);
-    return std::move(io.probes);
+// The bytes of one field; they are exchanged with `bytes`.
+class BytesHand : public FieldSink {
+public:
+    explicit BytesHand(std::string_view name, Bytes put = {}) : bytes(std::move(put)), name_(name) {}
+    void Rest(const char* name, Bytes& value, const TLimitPair<CountLimits>&) override {
+        if (name == name_) std::swap(bytes, value);
+    }
+    Bytes bytes;
+
+private:
+    std::string_view name_;
+};
+
+inline std::vector<FieldProbe> ProbesOf(const Teller& tell) {
+    ProbeSink sink;
+    tell(sink);
+    return std::move(sink.probes);
 }
 
-template <class X>
-void PutField(X& item, int size, const std::string& name, std::int64_t number) {
-    FieldHand io(size, name, number);
-    X::Map(io, item);
+inline void PutField(const Teller& tell, const std::string& name, std::int64_t number) {
+    FieldHand hand(name, number);
+    tell(hand);
 }
 
 // Empty where the field doesn't apply.
-template <class X>
-std::optional<std::int64_t> GetField(X item, int size, const std::string& name) {
-    FieldHand io(size, name);
-    X::Map(io, item);
-    return io.number;
+inline std::optional<std::int64_t> GetField(const Teller& tell, const std::string& name) {
+    FieldHand hand(name);
+    tell(hand);
+    return hand.number;
+}
+
+inline ItemStatus GetStatusOf(const Teller& tell) {
+    StatusSink sink;
+    tell(sink);
+    return std::move(sink.status);
+}
+
+inline ItemStatus GetReachOf(const Teller& tell, int available) {
+    RulerSink sink(available);
+    tell(sink);
+    return std::move(sink.reach);
 }
 
 }  // namespace VNT::Testing

@@ -2,8 +2,18 @@
 
 #include "tests/support/family_suite.h"
 
-// What families of items with a size of their own hold beside `FamilySuite`; for the same family structures.
+// What families of items with a size of their own hold beside `FamilySuite`; for the same family structures, which say
+//
+//     static bool DropsExtra(int type);  // an edit of the kind keeps nothing behind its fields
+//
+// where it has such kinds.
 namespace VNT::Testing {
+
+template <class Family>
+bool DropsExtra(int type) {
+    if constexpr (requires { Family::DropsExtra(type); }) return Family::DropsExtra(type);
+    return false;
+}
 
 template <class Family>
 class SizedSuite : public FamilySuite<Family> {};
@@ -26,48 +36,55 @@ TYPED_TEST_P(SizedSuite, ANewItemTakesTheBytesThatTheChooserAsksFor) {
 }
 
 TYPED_TEST_P(SizedSuite, AnItemIsAvailableInItsOwnBytesAndNoFewer) {
-    this->ForEachFrame([](auto kind, const Bytes& bytes) {
-        using X = typename decltype(kind)::type;
-        const X item = ReadAs<X>(bytes);
-        ASSERT_EQ(item.GetSize(), bytes.Size());
-        for (int size = -1; size <= X::MaxSize + 1; ++size) {
+    this->ForEachFrame([](const auto& kind, const Bytes& bytes) {
+        const auto item = kind.Read(bytes);
+        ASSERT_EQ(item->GetSize(), bytes.Size());
+        for (int size = -1; size <= TypeParam::Any::MaxSize + 1; ++size) {
             const bool fits = size >= bytes.Size();
-            EXPECT_EQ(item.IsAvailable(size), fits) << size;
-            EXPECT_EQ(item.IsValidAll(size), fits) << size;
-            EXPECT_FALSE(item.IsValid(size) && !fits) << size;
+            EXPECT_EQ(item->IsAvailable(size), fits) << size;
+            EXPECT_EQ(item->IsValidAll(size), fits) << size;
+            EXPECT_FALSE(item->IsValid(size) && !fits) << size;
         }
     });
 }
 
 TYPED_TEST_P(SizedSuite, FieldsOpenOneAfterTheOtherWithTheRoom) {
-    this->ForEachFrame([](auto kind, const Bytes& bytes) {
-        using X = typename decltype(kind)::type;
-        const X item = ReadAs<X>(bytes);
-        for (int size = 0; size < X::MaxSize; ++size) {
-            const ItemStatus narrow = item.GetAvailable(size), wide = item.GetAvailable(size + 1);
+    this->ForEachFrame([](const auto& kind, const Bytes& bytes) {
+        const auto item = kind.Read(bytes);
+        for (int size = 0; size < TypeParam::Any::MaxSize; ++size) {
+            const ItemStatus narrow = item->GetAvailable(size), wide = item->GetAvailable(size + 1);
             for (const FieldStatus& field : narrow.Fields()) EXPECT_TRUE(!field.proper || wide.IsProper(field.name));
         }
-        const ItemStatus none = item.GetAvailable(0);
+        const ItemStatus none = item->GetAvailable(0);
         for (const FieldStatus& field : none.Fields()) EXPECT_FALSE(field.proper) << field.name;
     });
 }
 
 TYPED_TEST_P(SizedSuite, BytesBehindTheFieldsAreKeptByAnEditOrDropped) {
-    this->ForEachFrame([](auto kind, const Bytes& bytes) {
-        using X = typename decltype(kind)::type;
-        if constexpr (std::is_constructible_v<X, const typename X::FieldsType&>) {
-            typename X::FieldsType fields = ReadAs<X>(bytes);
-            fields.Extra = Bytes{0xFF, 0};  // nothing that a list could read
-            const X item(fields);
-            if (!item.IsValidAll()) return;
-            if (!X::KeepsExtra) {
-                EXPECT_EQ(item.Extra, Bytes());
-                return;
-            }
-            EXPECT_EQ(item.PresentLength, X::Shape.Longer());
-            const X back = ReadAs<X>(BytesOf(item, item.GetSize()));
-            EXPECT_EQ(back.Extra, fields.Extra);
+    this->ForEachFrame([](const auto& kind, const Bytes& bytes) {
+        constexpr int room = TypeParam::Any::MaxSize;
+        const Bytes extra{0xFF, 0};  // nothing that a list could read
+        const auto put = [&extra](auto& target) {
+            BytesHand hand("Extra", extra);
+            target.TellFields(room, hand);
+            target.Renew();
+        };
+        const auto get = [](auto& source) {
+            BytesHand hand("Extra");
+            source.TellFields(room, hand);
+            return hand.bytes;
+        };
+        const auto item = kind.Read(bytes);
+        put(*item);
+        if (!item->IsValidAll()) return;
+        const Bytes written = BytesOf(*item, item->GetSize());
+        if (DropsExtra<TypeParam>(kind.type)) {
+            EXPECT_EQ(get(*item), Bytes());
+            return;
         }
+        const auto back = kind.Read(written);
+        EXPECT_EQ(get(*back), extra);
+        EXPECT_EQ(written.Slice(written.Size() - extra.Size(), extra.Size()), extra);
     });
 }
 
