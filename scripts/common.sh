@@ -32,10 +32,11 @@ build() {
 }
 
 # A command on a screen of its own, ended with its group if it takes longer than SECONDS.
-on_screen() {
-    local seconds=$1
-    shift
-    xvfb-run -a -s '-screen 0 2560x1600x24' timeout -k 10 "$seconds" "$@"
+on_screen() { on_screen_of 2560x1600 "$@"; }
+on_screen_of() { # WIDTHxHEIGHT SECONDS COMMAND...
+    local size=$1 seconds=$2
+    shift 2
+    xvfb-run -a -s "-screen 0 ${size}x24" timeout -k 10 "$seconds" "$@"
 }
 
 # Lets Wine work on the prefix build/NAME.
@@ -58,13 +59,14 @@ wine_prefix() {
     echo "making the Wine prefix $WINEPREFIX"
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"
-    on_screen 180 wineboot -i >/dev/null 2>&1
-    on_screen 60 wine reg add 'HKCU\Software\Wine' /v Version /d win10 /f >/dev/null 2>&1
-    for program in "$@"; do
-        on_screen 60 wine reg add "HKCU\\Software\\Wine\\AppDefaults\\$program\\X11 Driver" /v Managed /d N /f \
-            >/dev/null 2>&1
-    done
-    on_screen 60 wine regedit /S build/samples/displays.reg >/dev/null 2>&1
+    {
+        printf 'REGEDIT4\n\n[HKEY_CURRENT_USER\\Software\\Wine]\n"Version"="win10"\n'
+        for program in "$@"; do
+            printf '\n[HKEY_CURRENT_USER\\Software\\Wine\\AppDefaults\\%s\\X11 Driver]\n"Managed"="N"\n' "$program"
+        done
+    } > "$WINEPREFIX/programs.reg"
+    on_screen 180 bash -c 'wineboot -i && wine regedit /S "$1" && wine regedit /S "$2"' - \
+        "$WINEPREFIX/programs.reg" build/samples/displays.reg >/dev/null 2>&1
     timeout 60 wineserver -w || true
     echo "$wanted" > "$WINEPREFIX/made-from"
 }
@@ -72,8 +74,20 @@ wine_prefix() {
 # The prefix of the test programs.
 wine_test_prefix() { wine_prefix wine-test ui_win32_test.exe editor_windows_test.exe Vantelle.exe; }
 
-# The prefix of `./run` and the tour: the sample displays, with stand-ins for what the system and the drivers say.
+# wine_sample_prefix [NAME [PROGRAM...]]: that of `./run`, or another: the sample displays, with stand-ins for what the
+# system and the drivers say.
 wine_sample_prefix() {
-    wine_prefix wine
+    wine_prefix "${@:-wine}"
     scripts/install-stand-ins "$WINEPREFIX" build/windows/bin build/samples/displays
+}
+
+# run_program NAME: runs a test program once, under Wine where it is one for Windows, or the script of that name.
+run_program() {
+    if [ -f "build/windows/bin/$1.exe" ]; then
+        on_screen 600 wine "build/windows/bin/$1.exe" --gtest_brief=1
+    elif [ -f "build/native/bin/$1" ]; then
+        timeout 600 "build/native/bin/$1" --gtest_brief=1
+    else
+        "scripts/$1"
+    fi
 }

@@ -1,13 +1,15 @@
 #include "tests/editor_windows/running_editor.h"
 
-#include <filesystem>
-#include <gtest/gtest.h>
+#include <stdexcept>
+
+#include "ui/session.h"
+#include "ui/win32/picture.h"
 
 namespace Testing {
 
 namespace {
 
-constexpr DWORD Patience = 20000;  // milliseconds
+constexpr DWORD Patience = 20000;  // milliseconds until what does not come is said never to come
 
 std::wstring GetClass(HWND window) {
     wchar_t name[64] = {};
@@ -15,15 +17,43 @@ std::wstring GetClass(HWND window) {
     return name;
 }
 
-std::string ToNarrow(const std::wstring& text) { return {text.begin(), text.end()}; }
+std::string ToNarrow(const std::wstring& text) {
+    std::string narrow;
+    for (const wchar_t c : text) narrow += c > 0 && c < 0x7F ? static_cast<char>(c) : '?';
+    return narrow;
+}
 
-std::filesystem::path GetProgram() {
+std::string DescribeWindow(HWND window) {
+    if (!window) return "none";
+    return ToNarrow(GetClass(window)) + " \"" + ToNarrow(RunningEditor::GetText(window)) + "\"";
+}
+
+std::filesystem::path GetFolder() {
     wchar_t self[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, self, MAX_PATH);
-    return std::filesystem::path(self).parent_path() / L"Vantelle.exe";
+    return std::filesystem::path(self).parent_path();
 }
 
 bool IsListBox(HWND list) { return GetClass(list) == L"ListBox"; }
+
+DWORD GetProcess(HWND window) {
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    return owner;
+}
+
+// Threads that are attached share the state of the keys, which follows the messages that were taken. It begins with all
+// keys up.
+class Attached {
+public:
+    explicit Attached(DWORD thread) : thread(thread) { AttachThreadInput(GetCurrentThreadId(), thread, TRUE); }
+    Attached(const Attached&) = delete;
+    Attached& operator=(const Attached&) = delete;
+    ~Attached() { AttachThreadInput(GetCurrentThreadId(), thread, FALSE); }
+
+private:
+    DWORD thread;
+};
 
 }  // namespace
 
@@ -31,44 +61,64 @@ RunningEditor::RunningEditor() {
     QueryPerformanceCounter(&started);
     STARTUPINFOW info{};
     info.cb = sizeof(info);
-    std::wstring command = L"\"" + GetProgram().wstring() + L"\"";
-    EXPECT_TRUE(CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &info, &process))
-        << GetLastError();
+    std::wstring command = L"\"" + (GetFolder() / L"Vantelle.exe").wstring() + L"\"";
+    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &info, &process))
+        throw std::runtime_error("Vantelle.exe does not start");
 }
 
 RunningEditor::~RunningEditor() {
-    if (WaitForSingleObject(process.hProcess, 0) != WAIT_OBJECT_0) TerminateProcess(process.hProcess, 99);
+    if (!HasEnded()) TerminateProcess(process.hProcess, 99);
     WaitForSingleObject(process.hProcess, Patience);
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
 }
 
-bool RunningEditor::Await(const std::string& what, const std::function<bool()>& isSo) {
-    for (const DWORD begin = GetTickCount(); GetTickCount() - begin < Patience; Sleep(5)) {
-        if (isSo()) return true;
+bool RunningEditor::HasEnded() const { return WaitForSingleObject(process.hProcess, 0) == WAIT_OBJECT_0; }
+
+void RunningEditor::Await(const std::string& what, const std::function<bool()>& isSo) const {
+    for (const DWORD begin = GetTickCount(); !isSo(); Sleep(1)) {
+        if (GetTickCount() - begin > Patience) Fail("Waited in vain for " + what);
     }
-    ADD_FAILURE() << "Waited in vain: " << what;
-    return false;
+}
+
+std::string RunningEditor::Describe() const {
+    if (HasEnded()) return "the program has ended";
+    HWND front = GetForegroundWindow();
+    HWND focus = GetFocus();
+    std::string text = "in front: " + DescribeWindow(front);
+    if (front && GetProcess(front) != process.dwProcessId) text += " of another program";
+    text += ", focus: " + DescribeWindow(focus);
+    if (CountRows(focus) > 0) text += ", row " + std::to_string(GetSelection(focus));
+    return text;
+}
+
+std::filesystem::path RunningEditor::TakePicture(const std::wstring& folder, const std::wstring& name) {
+    const auto place = GetFolder().parent_path() / folder;
+    std::filesystem::create_directories(place);
+    const UI::Session session;
+    const auto file = place / (name + L".png");
+    return UI::SaveScreen(file) ? file : std::filesystem::path();
+}
+
+void RunningEditor::Fail(const std::string& what) const {
+    const auto picture = TakePicture(L"waited-in-vain", std::to_wstring(process.dwProcessId));
+    throw std::runtime_error(what + "; " + Describe() + "; see " + ToNarrow(picture.wstring()));
 }
 
 HWND RunningEditor::AwaitWindow(const std::wstring& className) {
     HWND front = nullptr;
-    const bool came = Await("a window with the focus", [&] {
+    Await("a front window of class " + ToNarrow(className), [&] {
+        if (HasEnded()) Fail("The program should show " + ToNarrow(className));
         front = GetForegroundWindow();
-        DWORD owner = 0;
-        GetWindowThreadProcessId(front, &owner);
-        return owner == process.dwProcessId && GetClass(front) == className && IsWindowVisible(front) &&
+        return GetProcess(front) == process.dwProcessId && GetClass(front) == className && IsWindowVisible(front) &&
                IsChild(front, GetFocus());
     });
-    EXPECT_TRUE(came) << "in front: " << ToNarrow(GetClass(front)) << ", focus: " << ToNarrow(GetClass(GetFocus()));
-    return came ? front : nullptr;
+    AwaitAnswer();
+    return front;
 }
 
 int RunningEditor::AwaitExit() {
-    if (WaitForSingleObject(process.hProcess, Patience) != WAIT_OBJECT_0) {
-        ADD_FAILURE() << "It goes on.";
-        return -1;
-    }
+    Await("the program's end", [this] { return HasEnded(); });
     DWORD code = 0;
     GetExitCodeProcess(process.hProcess, &code);
     return static_cast<int>(code);
@@ -82,36 +132,70 @@ double RunningEditor::GetMilliseconds() const {
     return 1000.0 * static_cast<double>(now.QuadPart - started.QuadPart) / static_cast<double>(second.QuadPart);
 }
 
-void RunningEditor::Press(WORD key) const {
-    INPUT inputs[2]{};
-    for (INPUT& input : inputs) {
-        input.type = INPUT_KEYBOARD;
-        input.ki.wVk = key;
-        input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-    }
-    inputs[1].ki.dwFlags = KEYEVENTF_KEYUP;
-    EXPECT_EQ(SendInput(2, inputs, sizeof(INPUT)), 2u);
+void RunningEditor::AwaitPaint(HWND window) const {
+    const auto isUnpainted = [](HWND child, LPARAM found) -> BOOL {
+        if (!IsWindowVisible(child) || !GetUpdateRect(child, nullptr, FALSE)) return TRUE;
+        *reinterpret_cast<bool*>(found) = true;
+        return FALSE;
+    };
+    Await("all to be painted", [&] {
+        bool found = false;
+        if (isUnpainted(window, reinterpret_cast<LPARAM>(&found)))
+            EnumChildWindows(window, isUnpainted, reinterpret_cast<LPARAM>(&found));
+        return !found;
+    });
+    AwaitAnswer();
 }
 
-void RunningEditor::Click(HWND control) const {
+void RunningEditor::AwaitAnswer() const {
+    // A message from another thread is answered only where the program waits for one.
+    Await("an answer", [this] {
+        DWORD_PTR result = 0;
+        HWND window = GetFocus();
+        return HasEnded() || (window && SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, Patience, &result));
+    });
+}
+
+void RunningEditor::Send(INPUT down, INPUT up, WORD key) const {
+    Await("the program's window in front", [this] { return GetProcess(GetForegroundWindow()) == process.dwProcessId; });
+    AwaitAnswer();
+    const Attached attached(process.dwThreadId);
+    for (INPUT* input : {&down, &up}) {
+        if (SendInput(1, input, sizeof(INPUT)) != 1) Fail("The system takes no input");
+        Await("the program to take its input",
+              [&] { return HasEnded() || (GetKeyState(key) < 0) == (input == &down); });
+        AwaitAnswer();
+    }
+}
+
+void RunningEditor::Press(WORD key) {
+    INPUT down{};
+    down.type = INPUT_KEYBOARD;
+    down.ki.wVk = key;
+    down.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+    INPUT up = down;
+    up.ki.dwFlags = KEYEVENTF_KEYUP;
+    Send(down, up, key);
+}
+
+void RunningEditor::Click(HWND control) {
     RECT place{};
     GetWindowRect(control, &place);
     SetCursorPos((place.left + place.right) / 2, (place.top + place.bottom) / 2);
-    INPUT inputs[2]{};
-    for (INPUT& input : inputs) input.type = INPUT_MOUSE;
-    inputs[0].mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
-    inputs[1].mi.dwFlags = MOUSEEVENTF_LEFTUP;
-    EXPECT_EQ(SendInput(2, inputs, sizeof(INPUT)), 2u);
+    INPUT down{};
+    down.type = INPUT_MOUSE;
+    down.mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
+    INPUT up = down;
+    up.mi.dwFlags = MOUSEEVENTF_LEFTUP;
+    Send(down, up, VK_LBUTTON);
 }
 
 void RunningEditor::TabTo(HWND control) {
-    constexpr int most = 100;
-    for (int i = 0; i < most && GetFocus() != control; ++i) {
-        HWND last = GetFocus();
+    constexpr int most = 200;
+    for (int i = 0; GetFocus() != control; ++i) {
+        if (i == most) Fail("Tab does not come to " + DescribeWindow(control));
         Press(VK_TAB);
-        if (!Await("the focus to move", [&] { return GetFocus() != last; })) return;
     }
-    EXPECT_EQ(GetFocus(), control) << "Tab does not come to " << ToNarrow(GetText(control));
 }
 
 void RunningEditor::Select(HWND list, int row) {
@@ -119,18 +203,17 @@ void RunningEditor::Select(HWND list, int row) {
     while (GetSelection(list) != row) {
         const int last = GetSelection(list);
         Press(last < row ? VK_DOWN : VK_UP);
-        if (!Await("the selection to move", [&] { return GetSelection(list) != last; })) return;
+        if (GetSelection(list) == last) Fail("The arrow keys do not come to row " + std::to_string(row));
     }
 }
 
-HWND RunningEditor::Find(HWND window, const std::wstring& className, const std::wstring& text, HWND after) {
+HWND RunningEditor::Find(HWND window, const std::wstring& className, const std::wstring& text, HWND after) const {
     bool isBehind = after == nullptr;
     for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
         if (isBehind && GetClass(child) == className && (text.empty() || GetText(child) == text)) return child;
         if (child == after) isBehind = true;
     }
-    ADD_FAILURE() << "No control of this text";
-    return nullptr;
+    Fail("No " + ToNarrow(className) + " \"" + ToNarrow(text) + "\" in " + DescribeWindow(window));
 }
 
 std::wstring RunningEditor::GetText(HWND window) {

@@ -97,7 +97,7 @@ protected:
     }
 
     static void ToggleVga(RunningEditor& editor, HWND window) {
-        editor.TabTo(RunningEditor::Find(window, L"Button", L"640x480 @ 60 Hz"));
+        editor.TabTo(editor.Find(window, L"Button", L"640x480 @ 60 Hz"));
         editor.Press(VK_SPACE);
     }
 
@@ -118,24 +118,23 @@ TEST_F(EditorOnRegistry, SavesExactlyTheBytesOfTheDisplayThatWasEdited) {
     {
         RunningEditor editor;
         HWND window = Open(editor);
-        ASSERT_TRUE(window);
-        HWND choice = RunningEditor::Find(window, L"ComboBox");
+        HWND choice = editor.Find(window, L"ComboBox");
         editor.Select(choice, row);
         ToggleVga(editor, window);
 
-        HWND list = RunningEditor::Find(window, L"ListBox");
+        HWND list = editor.Find(window, L"ListBox");
         EXPECT_EQ(RunningEditor::CountRows(list), 3);
         editor.Select(list, 1);
-        editor.TabTo(RunningEditor::Find(window, L"Button", L"\u25BC", list));
+        editor.TabTo(editor.Find(window, L"Button", L"\u25BC", list));
         editor.Press(VK_SPACE);  // the serial number comes before the name
         editor.Select(list, 0);
-        editor.TabTo(RunningEditor::Find(window, L"Button", L"Delete", list));
+        editor.TabTo(editor.Find(window, L"Button", L"Delete", list));
         editor.Press(VK_SPACE);  // the timing goes
-        RunningEditor::Await("two rows", [&] { return RunningEditor::CountRows(list) == 2; });
+        EXPECT_EQ(RunningEditor::CountRows(list), 2);
 
         editor.Select(choice, other);
-        RunningEditor::Await("the other's one row", [&] { return RunningEditor::CountRows(list) == 1; });
-        editor.Click(RunningEditor::Find(window, L"Button", L"OK"));
+        EXPECT_EQ(RunningEditor::CountRows(list), 1);
+        editor.Click(editor.Find(window, L"Button", L"OK"));
         EXPECT_EQ(editor.AwaitExit(), 0);
     }
     const Lines after = ReadDevices();
@@ -150,8 +149,7 @@ TEST_F(EditorOnRegistry, ChangesNothingWhenCancelledOrConfirmedWithoutAnEdit) {
     for (const bool confirms : {false, true}) {
         RunningEditor editor;
         HWND window = Open(editor);
-        ASSERT_TRUE(window);
-        editor.Select(RunningEditor::Find(window, L"ComboBox"), row);
+        editor.Select(editor.Find(window, L"ComboBox"), row);
         if (!confirms) ToggleVga(editor, window);
         editor.Press(confirms ? VK_RETURN : VK_ESCAPE);
         EXPECT_EQ(editor.AwaitExit(), 0);
@@ -168,17 +166,16 @@ TEST_F(EditorOnRegistry, TellsOfAStoreThatRefusesSavesTheRestAndExitsWithOne) {
     {
         RunningEditor editor;
         HWND window = Open(editor);
-        ASSERT_TRUE(window);
         for (const int row : rows) {
-            editor.Select(RunningEditor::Find(window, L"ComboBox"), row);
+            editor.Select(editor.Find(window, L"ComboBox"), row);
             ToggleVga(editor, window);
         }
         editor.Press(VK_RETURN);
         HWND box = editor.AwaitWindow(L"#32770");
         EXPECT_EQ(RunningEditor::GetText(box), L"Error");
-        EXPECT_EQ(RunningEditor::GetText(RunningEditor::Find(box, L"Static",
-                                                             L"An error occurred while saving. Not all "
-                                                             L"changes were saved.")),
+        EXPECT_EQ(RunningEditor::GetText(editor.Find(box, L"Static",
+                                                     L"An error occurred while saving. Not all "
+                                                     L"changes were saved.")),
                   L"An error occurred while saving. Not all changes were saved.");
         editor.Press(VK_RETURN);
         EXPECT_EQ(editor.AwaitExit(), 1);

@@ -8,11 +8,10 @@ namespace UI {
 using namespace Gdiplus::DllExports;
 using namespace Win32;
 
-bool SavePicture(const Window& window, const std::filesystem::path& file) {
+namespace {
+
+bool Save(HDC dc, int width, int height, const std::filesystem::path& file) {
     constexpr CLSID png{0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
-    const int width = window.GetClientWidth();
-    const int height = window.GetClientHeight();
-    const ClientDC dc(ToWindow(window.GetHandle()));
     const Bitmap copy(dc, width, height);
     {
         // The library reads a bitmap only while no context holds it.
@@ -24,6 +23,16 @@ bool SavePicture(const Window& window, const std::filesystem::path& file) {
     const bool saved = GdipSaveImageToFile(picture, file.c_str(), &png, nullptr) == Gdiplus::Ok;
     GdipDisposeImage(picture);
     return saved;
+}
+
+}  // namespace
+
+bool SavePicture(const Window& window, const std::filesystem::path& file) {
+    return Save(ClientDC(ToWindow(window.GetHandle())), window.GetClientWidth(), window.GetClientHeight(), file);
+}
+
+bool SaveScreen(const std::filesystem::path& file) {
+    return Save(ScreenDC(), GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN), file);
 }
 
 }  // namespace UI

@@ -1,4 +1,4 @@
-// A picture of a window, for the gallery.
+// Pictures of what is on the screen.
 #pragma once
 
 #include <filesystem>
@@ -9,5 +9,7 @@ class Window;
 
 // Writes what the visible window's client area shows as a PNG. False when that fails.
 bool SavePicture(const Window& window, const std::filesystem::path& file);
+// The same of the whole screen, whoever's windows stand there.
+bool SaveScreen(const std::filesystem::path& file);
 
 }  // namespace UI
