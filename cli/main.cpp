@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <io.h>
 
+#include "store/windows/system_library.h"
 #include "store/windows/windows_platform.h"
 #endif
 
@@ -28,6 +29,7 @@ int RunProgram(std::vector<std::string> arguments) {
 
 #ifdef _WIN32
 int wmain(int count, wchar_t** words) {
+    VNT::ConfineLibrarySearch();
     std::vector<std::string> arguments;
     for (int i = 1; i < count; ++i) arguments.push_back(VNT::String(words[i]).ToUtf8());
     return RunProgram(std::move(arguments));

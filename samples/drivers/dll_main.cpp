@@ -30,10 +30,20 @@ void WriteText(const std::wstring& path, const std::string& text) {
     }
 }
 
+void LoadOthers(StandIn::Driving& driving) {
+    for (const int line : driving.Below(-1, "load")) {
+        const std::string name = driving.At(line).Text(0);
+        driving.Count("loaded " + name, LoadLibraryA(name.c_str()) != nullptr ? 1 : 0);
+    }
+}
+
 }  // namespace
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE dll, DWORD reason, void*) {
-    if (reason == DLL_PROCESS_ATTACH) StandIn::DllDriving().Start(ReadText(Beside(dll, L".txt")));
+    if (reason == DLL_PROCESS_ATTACH) {
+        StandIn::DllDriving().Start(ReadText(Beside(dll, L".txt")));
+        LoadOthers(StandIn::DllDriving());
+    }
     if (reason == DLL_PROCESS_DETACH) WriteText(Beside(dll, L".report"), StandIn::DllDriving().Report());
     return TRUE;
 }

@@ -29,4 +29,11 @@ std::unique_ptr<DriverLibrary> LoadSystemLibrary(const wchar_t* name) {
     return std::make_unique<SystemLibrary>(library);
 }
 
+void ConfineLibrarySearch() {
+    // Windows 7 has it only with an update.
+    const auto confine = reinterpret_cast<BOOL(WINAPI*)(DWORD)>(
+        reinterpret_cast<void (*)()>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "SetDefaultDllDirectories")));
+    if (confine == nullptr || !confine(LOAD_LIBRARY_SEARCH_SYSTEM32)) SetDllDirectoryW(L"");
+}
+
 }  // namespace VNT
