@@ -42,19 +42,6 @@ DWORD GetProcess(HWND window) {
     return owner;
 }
 
-// Threads that are attached share the state of the keys, which follows the messages that were taken. It begins with all
-// keys up.
-class Attached {
-public:
-    explicit Attached(DWORD thread) : thread(thread) { AttachThreadInput(GetCurrentThreadId(), thread, TRUE); }
-    Attached(const Attached&) = delete;
-    Attached& operator=(const Attached&) = delete;
-    ~Attached() { AttachThreadInput(GetCurrentThreadId(), thread, FALSE); }
-
-private:
-    DWORD thread;
-};
-
 }  // namespace
 
 RunningEditor::RunningEditor() {
@@ -156,16 +143,20 @@ void RunningEditor::AwaitAnswer() const {
     });
 }
 
-void RunningEditor::Send(INPUT down, INPUT up, WORD key) const {
-    Await("the program's window in front", [this] { return GetProcess(GetForegroundWindow()) == process.dwProcessId; });
+void RunningEditor::Send(INPUT down, INPUT up) const {
+    HWND front = nullptr;
+    Await("the program's window in front", [&] {
+        front = GetForegroundWindow();
+        return GetProcess(front) == process.dwProcessId;
+    });
     AwaitAnswer();
-    const Attached attached(process.dwThreadId);
-    for (INPUT* input : {&down, &up}) {
-        if (SendInput(1, input, sizeof(INPUT)) != 1) Fail("The system takes no input");
-        Await("the program to take its input",
-              [&] { return HasEnded() || (GetKeyState(key) < 0) == (input == &down); });
-        AwaitAnswer();
-    }
+    INPUT inputs[] = {down, up};
+    if (SendInput(2, inputs, sizeof(INPUT)) != 2) Fail("The system takes no input");
+    // A window is told to paint when no input waits for it any more.
+    constexpr RECT corner{0, 0, 1, 1};
+    RedrawWindow(front, &corner, nullptr, RDW_INVALIDATE | RDW_NOCHILDREN);
+    Await("the program to take its input", [&] { return HasEnded() || !GetUpdateRect(front, nullptr, FALSE); });
+    AwaitAnswer();
 }
 
 void RunningEditor::Press(WORD key) {
@@ -175,7 +166,7 @@ void RunningEditor::Press(WORD key) {
     down.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
     INPUT up = down;
     up.ki.dwFlags = KEYEVENTF_KEYUP;
-    Send(down, up, key);
+    Send(down, up);
 }
 
 void RunningEditor::Click(HWND control) {
@@ -187,7 +178,7 @@ void RunningEditor::Click(HWND control) {
     down.mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
     INPUT up = down;
     up.mi.dwFlags = MOUSEEVENTF_LEFTUP;
-    Send(down, up, VK_LBUTTON);
+    Send(down, up);
 }
 
 void RunningEditor::TabTo(HWND control) {

@@ -47,9 +47,8 @@ public:
     void Await(const std::string& what, const std::function<bool()>& isSo) const;
 
 private:
-    // Presses and releases: each returns when the program has taken it from its queue, as the state of `key` tells, and
-    // has done with it.
-    void Send(INPUT down, INPUT up, WORD key) const;
+    // Presses and releases; returns when the program has taken both from its queue and has done with them.
+    void Send(INPUT down, INPUT up) const;
     // Until the program's thread answers: what it began has come to its end.
     void AwaitAnswer() const;
     bool HasEnded() const;
