@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 
+#include "model/core/layout_made.h"
 #include "model/core/text_string.h"
 #include "store/source.h"
 

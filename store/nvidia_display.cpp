@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/core/layout_made.h"
 #include "model/core/text_string.h"
 #include "store/source.h"
 
