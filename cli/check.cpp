@@ -4,9 +4,14 @@
 
 #include "cli/command.h"
 #include "cli/edid_files.h"
+#include "cli/field_faults.h"
 #include "cli/outline.h"
 #include "cli/words.h"
+#include "model/displayid/detailed_resolutions.h"
+#include "model/edid/cta_extension_block.h"
+#include "model/edid/displayid_extension_block.h"
 #include "model/edid/file_formats.h"
+#include "model/edid/vtb_extension_block.h"
 
 namespace VNT::Cli {
 
@@ -25,18 +30,10 @@ void CheckChecksums(const Bytes& bytes, int blocks, std::vector<std::string>& re
     }
 }
 
-void CheckLength(const Bytes& bytes, int blocks, std::vector<std::string>& reasons) {
-    const int whole = std::min(blocks, bytes.Size() / Edid::BlockSize);
-    const int behind = bytes.Size() - whole * Edid::BlockSize;
-    const int missing = blocks - whole;
-    if (behind > 0)
-        reasons.push_back(std::to_string(behind) + (behind == 1 ? " byte" : " bytes") + " behind the last block");
-    if (missing > 0) reasons.push_back(std::to_string(missing) + (missing == 1 ? " block" : " blocks") + " missing");
-}
-
-void CheckRoundTrip(const Edid& edid, const Bytes& bytes, std::vector<std::string>& reasons) {
+// Of the blocks that were read whole: what the import filled in stands in no file.
+void CheckRoundTrip(const Edid& edid, const Bytes& bytes, int blocks, std::vector<std::string>& reasons) {
     const Bytes written = edid.GetBytes();
-    const int count = std::min(bytes.Size(), edid.GetSize());
+    const int count = std::min(bytes.Size() / Edid::BlockSize, blocks) * Edid::BlockSize;
     for (int i = 0; i < count; ++i) {
         if (i < written.Size() && written.At(i) == bytes.At(i)) continue;
         reasons.push_back("round trip differs at byte " + std::to_string(i));
@@ -44,35 +41,125 @@ void CheckRoundTrip(const Edid& edid, const Bytes& bytes, std::vector<std::strin
     }
 }
 
-void CheckItem(const std::string& path, bool isValid, const std::vector<ItemPart>& parts,
-               std::vector<std::string>& reasons) {
-    if (!isValid) reasons.push_back(path + " out of limits");
-    for (const ItemPart& part : parts) {
-        CheckItem(path + "/" + part.list + "/" + std::to_string(part.index), part.isValid, part.parts, reasons);
+void Add(const std::string& path, const std::vector<std::string>& faults, std::vector<std::string>& reasons) {
+    if (faults.empty()) reasons.push_back(path + " out of limits");
+    for (const std::string& fault : faults) reasons.push_back(path + "/" + fault);
+}
+
+// The bytes that an item of the family may take.
+template <class Item>
+constexpr int RoomOf() {
+    if constexpr (requires { Item::FrameSize; }) {
+        return Item::FrameSize;
+    } else {
+        return Item::MaxSize;
     }
+}
+
+// The items of an item's own lists, as far as it shows them without their class.
+void CheckParts(const std::string& path, const std::vector<ItemPart>& parts, std::vector<std::string>& reasons) {
+    for (const ItemPart& part : parts) {
+        const std::string at = path + "/" + part.list + "/" + std::to_string(part.index);
+        if (!part.isValid) reasons.push_back(at + " out of limits");
+        CheckParts(at, part.parts, reasons);
+    }
+}
+
+template <class Item>
+void CheckItem(const std::string& path, const Item& item, std::vector<std::string>& reasons) {
+    if (item.IsValid()) return;
+    std::vector<std::string> faults;
+    if constexpr (requires(Item copy, FaultSink sink) { copy.TellFields(RoomOf<Item>(), sink); }) {
+        faults = FieldFaultsOf(item, RoomOf<Item>());
+    }
+    Add(path, faults, reasons);
 }
 
 template <class List>
 void CheckList(const std::string& path, const List& list, std::vector<std::string>& reasons) {
     for (int i = 0; i < list.GetCount(); ++i) {
-        std::vector<ItemPart> parts;
-        if constexpr (requires { list.At(i).GetParts(); }) parts = list.At(i).GetParts();
-        CheckItem(path + "/" + std::to_string(i), list.At(i).IsValid(), parts, reasons);
+        const std::string at = path + "/" + std::to_string(i);
+        CheckItem(at, list.At(i), reasons);
+        if constexpr (requires { list.At(i).GetParts(); }) CheckParts(at, list.At(i).GetParts(), reasons);
+    }
+}
+
+void CheckLists(const std::string& path, const EdidCtaExtensionBlock& block, std::vector<std::string>& reasons) {
+    CheckList(path + "/dataBlocks", block.dataBlocks, reasons);
+    CheckList(path + "/descriptors", block.descriptors, reasons);
+}
+void CheckLists(const std::string& path, const EdidVtbExtensionBlock& block, std::vector<std::string>& reasons) {
+    CheckList(path + "/detailed", block.detailed, reasons);
+    CheckList(path + "/cvtResolutions", block.cvtResolutions, reasons);
+    CheckList(path + "/standardResolutions", block.standardResolutions, reasons);
+}
+// Bytes of a whole timing stand behind those that its list took.
+template <class... X>
+bool HasRefusedTiming(const DisplayIdDataBlock& held) {
+    const auto check = [&]<class Block>(Block block) {
+        return block.Assign(held) && block.Extra.Size() >= block.resolutions.descriptorSize && !block.Extra.IsAll(0);
+    };
+    return (check(X()) || ...);
+}
+
+void CheckLists(const std::string& path, const EdidDisplayIdSectionExtensionBlock& block,
+                std::vector<std::string>& reasons) {
+    const auto& blocks = block.section.dataBlocks;
+    CheckList(path + "/dataBlocks", blocks, reasons);
+    for (int i = 0; i < blocks.GetCount(); ++i) {
+        if (!HasRefusedTiming<DisplayId1DetailedResolutionListDataBlock, DisplayId2DetailedResolutionListDataBlock,
+                              DisplayId2DetailedResolutionListDataBlockR2>(blocks.At(i)))
+            continue;
+        reasons.push_back(path + "/dataBlocks/" + std::to_string(i) + "/resolutions out of limits");
+    }
+}
+
+template <class... X>
+bool CheckListsOfAny(const std::string& path, const EdidExtensionBlock& held, std::vector<std::string>& reasons) {
+    const auto check = [&]<class Block>(Block block) {
+        if (!block.Assign(held)) return false;
+        CheckLists(path, block, reasons);
+        return true;
+    };
+    return (check(X()) || ...);
+}
+
+// Bytes of a kind that is known, which its class could not have written back.
+bool IsRefused(const EdidExtensionBlock& held) {
+    EdidOtherExtensionBlock other;
+    return other.Assign(held) &&
+           (other.tag == EdidExtensionBlockTypeId::Cta || other.tag == EdidExtensionBlockTypeId::Vtb ||
+            other.tag == EdidExtensionBlockTypeId::DisplayIdSection);
+}
+
+void CheckExtensions(const EdidExtensionBlockList& blocks, std::vector<std::string>& reasons) {
+    for (int i = 0; i < blocks.GetCount(); ++i) {
+        const EdidExtensionBlock& block = blocks.At(i);
+        const std::string path = "extensions/" + std::to_string(i);
+        if (IsRefused(block)) {
+            reasons.push_back(path + " out of limits");
+            continue;
+        }
+        CheckItem(path, block, reasons);
+        CheckListsOfAny<EdidCtaExtensionBlock, EdidVtbExtensionBlock, EdidDisplayIdSectionExtensionBlock>(path, block,
+                                                                                                          reasons);
     }
 }
 
 }  // namespace
 
-std::vector<std::string> CheckEdid(const Edid& edid, const Bytes& bytes) {
+std::vector<std::string> CheckEdid(const ImportedFile& file) {
+    const Edid& edid = file.edid;
     std::vector<std::string> reasons;
     const int blocks = 1 + std::max(edid.extensionBlockCount, edid.extensionOverrideCount);
-    CheckChecksums(bytes, blocks, reasons);
-    CheckLength(bytes, blocks, reasons);
-    CheckRoundTrip(edid, bytes, reasons);
-    if (!EdidProperties(edid.properties).IsValid()) reasons.push_back("properties out of limits");
+    CheckChecksums(file.bytes, blocks, reasons);
+    for (std::string& text : LossTexts(file)) reasons.push_back(std::move(text));
+    CheckRoundTrip(edid, file.bytes, blocks, reasons);
+    const EdidProperties properties(edid.properties);
+    if (!properties.IsValid()) Add("properties", FieldFaults({properties, EdidProperties::FrameSize}), reasons);
     CheckList("descriptors", edid.descriptors, reasons);
     CheckList("standard", edid.standardResolutions, reasons);
-    CheckList("extensions", edid.extensionBlocks, reasons);
+    CheckExtensions(edid.extensionBlocks, reasons);
     return reasons;
 }
 
@@ -86,13 +173,8 @@ int RunCheck(const Arguments& arguments, const Console& console) {
     int status = Success;
     for (const std::string& file : arguments.Words()) {
         try {
-            const Bytes bytes = ReadFileBytes(file, console);
-            Edid edid;
-            if (!ReadAnyFormat(bytes, edid)) throw Failure("is no EDID in BIN, DAT or TXT format");
-            // A text file has no bytes of its own behind the EDID: what it holds is what was read.
-            const bool isBinary = Edid().Read(bytes);
             std::string line;
-            for (const std::string& reason : CheckEdid(edid, isBinary ? bytes : edid.GetBytes())) {
+            for (const std::string& reason : CheckEdid(ReadImportedFile(file, console))) {
                 line += (line.empty() ? "" : "; ") + reason;
             }
             PrintLine(line.empty() ? "ok " + file : "problem " + file + ": " + line, console);

@@ -14,12 +14,23 @@ namespace {
 
 fs::path PathOf(const std::string& utf8) { return fs::path(std::u8string(utf8.begin(), utf8.end())); }
 
-Bytes ReadStream(std::istream& in, const std::string& name) {
-    std::vector<std::uint8_t> bytes(MaxFileBytes);
-    in.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    if (in.bad()) throw Failure(name, "can't be read");
-    bytes.resize(static_cast<std::size_t>(in.gcount()));
-    return Bytes(std::move(bytes));
+// Counts the rest of a stream without keeping it.
+std::int64_t CountRest(std::istream& in) {
+    constexpr std::int64_t pieceSize = 1024 * 1024;
+    std::int64_t count = 0;
+    Bytes piece;
+    do {
+        if (!VNT::ReadStream(in, pieceSize, piece)) break;
+        count += piece.Size();
+    } while (!piece.IsEmpty());
+    return count;
+}
+
+FileBytes ReadAll(std::istream& in, const std::string& name) {
+    FileBytes file;
+    if (!VNT::ReadStream(in, MaxFileBytes, file.bytes)) throw Failure(name, "can't be read");
+    file.size = file.bytes.Size();
+    return file;
 }
 
 std::optional<FileFormat> FormatNamed(std::string name) {
@@ -33,8 +44,12 @@ std::optional<FileFormat> FormatNamed(std::string name) {
 
 }  // namespace
 
-Bytes ReadFileBytes(const std::string& file, const Console& console) {
-    if (file == "-") return ReadStream(console.in, "standard input");
+FileBytes ReadFileBytes(const std::string& file, const Console& console) {
+    if (file == "-") {
+        FileBytes read = ReadAll(console.in, "standard input");
+        read.size += CountRest(console.in);
+        return read;
+    }
     const fs::path path = PathOf(file);
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
@@ -42,13 +57,45 @@ Bytes ReadFileBytes(const std::string& file, const Console& console) {
     if (fs::is_directory(status)) throw Failure(file, "is a folder");
     std::ifstream in(path, std::ios::binary);
     if (!in) throw Failure(file, "can't be opened");
-    return ReadStream(in, file);
+    FileBytes read = ReadAll(in, file);
+    // A device may have no end.
+    if (fs::is_regular_file(status)) read.size += CountRest(in);
+    return read;
 }
 
-Edid ImportFile(const std::string& file, const Console& console) {
-    Edid edid;
-    if (!ReadAnyFormat(ReadFileBytes(file, console), edid)) throw Failure(file, "is no EDID in BIN, DAT or TXT format");
-    return edid;
+ImportedFile ReadImportedFile(const std::string& file, const Console& console) {
+    const FileBytes read = ReadFileBytes(file, console);
+    ImportedFile imported;
+    FileContent content;
+    if (!ReadAnyFormat(read.bytes, imported.edid) || !GetContent(read.bytes, content)) {
+        throw Failure(file, "is no EDID in BIN, DAT or TXT format");
+    }
+    imported = ImportBytes(imported.edid, content.bytes);
+    const std::int64_t unread = read.size - read.bytes.Size();
+    imported.notUnderstood = content.isText ? content.notUnderstood + unread : 0;
+    if (!content.isText) imported.behind += unread;
+    return imported;
+}
+
+ImportedFile ImportBytes(const Edid& edid, const Bytes& bytes) {
+    ImportedFile imported{edid, bytes};
+    const int blocks = 1 + std::max(edid.extensionBlockCount, edid.extensionOverrideCount);
+    const int whole = std::min(blocks, bytes.Size() / Edid::BlockSize);
+    imported.behind = bytes.Size() - whole * Edid::BlockSize;
+    imported.missing = blocks - whole;
+    return imported;
+}
+
+std::string CountText(std::int64_t count, const std::string& word) {
+    return std::to_string(count) + " " + word + (count == 1 ? "" : "s");
+}
+
+std::vector<std::string> LossTexts(const ImportedFile& file) {
+    std::vector<std::string> texts;
+    if (file.behind > 0) texts.push_back(CountText(file.behind, "byte") + " behind the last block");
+    if (file.missing > 0) texts.push_back(CountText(file.missing, "block") + " missing");
+    if (file.notUnderstood > 0) texts.push_back(CountText(file.notUnderstood, "byte") + " not understood");
+    return texts;
 }
 
 FileFormat ChooseFormat(const Arguments& arguments, const std::string& file) {

@@ -2,6 +2,7 @@
 
 #include "cli/command.h"
 #include "model/core/text_string.h"
+#include "store/system_files.h"
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
@@ -13,6 +14,7 @@
 namespace {
 
 int RunProgram(std::vector<std::string> arguments) {
+    VNT::SystemFiles::HoldStandardStreams();
     VNT::Cli::Console console{std::cin, std::cout, std::cerr, {}};
 #ifdef _WIN32
     // Lines end in "\n" and files are bytes, here as elsewhere.

@@ -1,13 +1,17 @@
+#include <algorithm>
 #include <charconv>
 #include <filesystem>
+#include <optional>
 #include <ostream>
 
-#include "cli/command.h"
+#include "cli/commands.h"
 #include "cli/edid_files.h"
+#include "cli/outline.h"
 #include "cli/words.h"
 #include "store/directory/directory_platform.h"
 #include "store/display_row.h"
 #include "store/load.h"
+#include "store/reset.h"
 
 namespace fs = std::filesystem;
 
@@ -27,42 +31,55 @@ std::unique_ptr<Platform> OpenStore(const Arguments& arguments, const Console& c
     return std::make_unique<DirectoryPlatform>(path);
 }
 
-DisplayList LoadList(Platform& platform, bool all) {
+DisplayList LoadList(Platform& platform) {
     DisplayList list;
-    if (!LoadDisplays(platform, list, all)) throw Failure("the displays can't be loaded");
+    if (!LoadDisplays(platform, list, true)) throw Failure("the displays can't be loaded");
     return list;
 }
 
-// The display that a word means: the number of its line in `list`, or its instance ID, inactive displays included.
-Display FindDisplay(Platform& platform, const std::string& word) {
+// What `list` shows without being asked for more.
+bool IsUsual(const Display& display) { return display.Active || !display.OverrideData.IsEmpty(); }
+
+// In the order of their numbers: first what `list` shows, then what it shows with --all besides.
+DisplayList LoadNumbered(Platform& platform) {
+    DisplayList list = LoadList(platform);
+    std::stable_partition(list.begin(), list.end(), &IsUsual);
+    return list;
+}
+
+std::string NameOf(const std::wstring& instanceId) { return OneLine(String(instanceId)); }
+std::string NameOf(const Display& display) { return NameOf(display.InstanceId); }
+
+// The place in `LoadNumbered` that a word means; nothing if it is no number.
+std::optional<std::size_t> NumberOf(const std::string& word) {
     std::size_t number = 0;
     const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    if (error == std::errc() && end == word.data() + word.size()) {
-        const DisplayList listed = LoadList(platform, false);
-        if (number < 1 || number > listed.size()) throw Failure(word, "no display of this number");
-        return listed[number - 1];
+    if (error != std::errc() || end != word.data() + word.size()) return std::nullopt;
+    return number;
+}
+
+std::wstring InstanceIdOf(const std::string& word) { return UpperAscii(String(std::string_view(word)).ToWide()); }
+
+// The display that a word means: its number, or its instance ID.
+Display FindDisplay(Platform& platform, const std::string& word) {
+    const DisplayList list = LoadNumbered(platform);
+    if (const std::optional<std::size_t> number = NumberOf(word)) {
+        if (*number < 1 || *number > list.size()) throw Failure(word, "no display of this number");
+        return list[*number - 1];
     }
-    const std::wstring id = UpperAscii(String(std::string_view(word)).ToWide());
-    for (const Display& display : LoadList(platform, true)) {
-        if (display.InstanceId == id) return display;
+    for (const Display& display : list) {
+        if (display.InstanceId == InstanceIdOf(word)) return display;
     }
     throw Failure(word, "no such display");
 }
 
-std::string NameOf(const Display& display) { return String(display.InstanceId).ToUtf8(); }
-
-// Stores `bytes` as the override, none if they are empty. Bytes equal to those shown are stored all the same: it was
-// asked for, and what the store holds may be another thing (no override, or one too broken to be read).
-void Store(Platform& platform, Display& display, const Bytes& bytes) {
-    const bool fits = display.SetData(bytes);
-    display.Saved = false;
-    if (!fits || !display.Save(platform)) throw Failure(NameOf(display), "the store refused");
-}
-
 int RunList(const Arguments& arguments, const Console& console) {
     const std::unique_ptr<Platform> platform = OpenStore(arguments, console);
-    for (const Display& display : LoadList(*platform, arguments.Has("--all"))) {
-        console.out << GetDisplayRow(display).ToUtf8() << '\t' << NameOf(display) << '\n';
+    int number = 0;
+    for (const Display& display : LoadNumbered(*platform)) {
+        ++number;
+        if (!IsUsual(display) && !arguments.Has("--all")) break;
+        console.out << number << '\t' << OneLine(GetDisplayRow(display)) << '\t' << NameOf(display) << '\n';
     }
     return Success;
 }
@@ -78,37 +95,48 @@ int RunRead(const Arguments& arguments, const Console& console) {
     return Success;
 }
 
+// Bytes equal to those shown are stored all the same: it was asked for, and what the store holds may be another thing
+// (no override, or one too broken to be read).
 int RunWrite(const Arguments& arguments, const Console& console) {
     const std::unique_ptr<Platform> platform = OpenStore(arguments, console);
     Display display = FindDisplay(*platform, arguments.Words()[0]);
     const std::string& file = arguments.Words()[1];
-    const Edid edid(static_cast<const EdidFields&>(ImportFile(file, console)));
+    const ImportedFile imported = ReadImportedFile(file, console);
+    if (imported.HasLost() && !arguments.Has("--force")) {
+        throw Failure(file, LossTexts(imported).back() + "; --force stores the rest");
+    }
+    const Edid edid(static_cast<const EdidFields&>(imported.edid));
     const Bytes bytes = edid.GetBytes();
     if (bytes.IsEmpty()) throw Failure(file, "the EDID can't be written");
-    Store(*platform, display, bytes);
+    if (!display.SetData(bytes) || !display.SaveOverride(*platform))
+        throw Failure(NameOf(display), "the store refused");
     console.out << "stored " << bytes.Size() << " bytes as the override of " << NameOf(display) << "\n";
     return Success;
+}
+
+void ResetNamed(Platform& platform, const std::string& word, std::vector<ResetOutcome>& outcomes) {
+    const std::wstring id = NumberOf(word) ? FindDisplay(platform, word).InstanceId : InstanceIdOf(word);
+    outcomes.push_back(ResetOverride(platform, id));
+    outcomes.back().InstanceId = id;
 }
 
 int RunReset(const Arguments& arguments, const Console& console) {
     const bool all = arguments.Has("--all");
     const std::unique_ptr<Platform> platform = OpenStore(arguments, console);
-    DisplayList displays;
-    if (all) {
-        displays = LoadList(*platform, true);
-    } else {
-        displays.push_back(FindDisplay(*platform, arguments.Words()[0]));
+    std::vector<ResetOutcome> outcomes;
+    if (!all) {
+        ResetNamed(*platform, arguments.Words()[0], outcomes);
+    } else if (!ResetAllOverrides(*platform, outcomes)) {
+        throw Failure("the displays can't be loaded");
     }
     int status = Success;
-    for (Display& display : displays) {
-        if (all && display.OverrideData.IsEmpty()) continue;
-        try {
-            Store(*platform, display, Bytes());
-            console.out << "removed the override of " << NameOf(display) << "\n";
-        } catch (const Failure& failure) {
-            console.err << "vantelle-cli: " << failure.what() << "\n";
-            status = Refused;
-        }
+    for (const ResetOutcome& outcome : outcomes) {
+        const std::string name = outcome.InstanceId.empty() ? "a display without a name" : NameOf(outcome.InstanceId);
+        if (outcome.Result == ResetResult::Removed) console.out << "removed the override of " << name << "\n";
+        if (outcome.Result == ResetResult::NothingThere && !all) console.out << name << " has no override\n";
+        if (outcome.Result != ResetResult::Failed) continue;
+        console.err << ProgramName << ": " << name << ": " << outcome.Reason << "\n";
+        status = Refused;
     }
     return status;
 }
@@ -125,9 +153,12 @@ const Command ReadCommand{"read",
                           "writes what a display shows to a file",
                           "1 monitor.bin",
                           &RunRead};
-const Command WriteCommand{"write",         {DisplayWord, FileWord},
-                           {StoreOption},   "stores an EDID as the override of a display",
-                           "1 monitor.bin", &RunWrite};
+const Command WriteCommand{"write",
+                           {DisplayWord, FileWord},
+                           {StoreOption, {"--force", nullptr, "a file that lost blocks on reading, too"}},
+                           "stores an EDID as the override of a display",
+                           "1 monitor.bin",
+                           &RunWrite};
 const Command ResetCommand{"reset",
                            {DisplayWord},
                            {{"--all", nullptr, "of every display on record"}, StoreOption},

@@ -49,6 +49,8 @@ function(vantelle_link_model target)
     endforeach()
 endfunction()
 
+set(VANTELLE_HEADERS /usr/include CACHE PATH "Where the libraries of headers stand")
+
 # vantelle_header_library(NAME PATH): the target vantelle_NAME for a library of headers that a package of Debian's put
 # at PATH. It is seen through a folder that holds nothing but a link to it, so that a cross build meets no other header
 # of the host.

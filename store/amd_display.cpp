@@ -70,6 +70,8 @@ AmdDriver::~AmdDriver() {
     while (!Buffers().empty()) FreeBuffer(Buffers().begin()->first);
 }
 
+std::size_t AmdDriver::BuffersInUse() { return Buffers().size(); }
+
 bool AmdDriver::GetAdapters(std::vector<Adl::AdapterInfo>& out) const {
     int count = 0;
     if (Call().ADL_Adapter_NumberOfAdapters_Get(&count) != 0) return false;

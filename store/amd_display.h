@@ -23,6 +23,8 @@ public:
     bool GetAdapters(std::vector<Adl::AdapterInfo>& out) const;
     std::vector<Adl::DisplayInfo> GetDisplays(int adapter) const;
     bool IsActive(int adapter) const;
+    // Buffers that the library asked for and that were not freed.
+    static std::size_t BuffersInUse();
 };
 
 class WindowsAmdGpuDisplay : public TDriverGpuDisplay<WindowsAmdGpuDisplay, WindowsGpuTypeId::Amd, AmdDriver> {

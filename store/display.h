@@ -28,13 +28,17 @@ struct Display {
     bool Active = false;            // present now
     bool NotDefaultMonitor = true;  // not the system's stand-in for a monitor that it does not know
     bool Saved = true;              // the store holds what CurrentData holds
+    bool EdidValueFound = false;    // the load found a value of what the display reports, whatever it held
 
     // Reads the device's own data from the store; `CurrentData` stays empty until SettleData. False, with nothing
     // changed, if the device or its key can't be opened.
     bool Load(Platform& platform, const std::wstring& instanceId);
-    // Writes `CurrentData` as the override, or takes the override away if that is empty; touches nothing if `Saved`.
-    // False if the store refused: the override may then be partly written.
+    // Writes `CurrentData` as the override, or takes the override away if that is empty, and keeps up the system's copy
+    // of what the display reports; touches nothing if `Saved`. False if the store refused: there may be no override
+    // then, but never a part of one.
     bool Save(Platform& platform);
+    // The same of the override alone, and whether it is `Saved` or not.
+    bool SaveOverride(Platform& platform);
     // The edit path. False, with nothing changed, if the length is no whole number of blocks.
     bool SetData(const Bytes& bytes);
 };

@@ -1,6 +1,12 @@
 #include "store/edid_files.h"
 
+#include <algorithm>
 #include <fstream>
+#include <string_view>
+#include <vector>
+
+#include "store/system_files.h"
+#include "store/write_file.h"
 
 namespace fs = std::filesystem;
 
@@ -8,26 +14,42 @@ namespace VNT {
 
 namespace {
 
+constexpr std::streamsize PieceSize = 16 * 1024;  // more than most files have
+
 // Nothing of a file that can't be read.
 Bytes ReadFile(const fs::path& path) {
     std::ifstream in(path, std::ios::binary);
-    std::vector<std::uint8_t> bytes(MaxFileBytes);
-    in.read(reinterpret_cast<char*>(bytes.data()), MaxFileBytes);
-    bytes.resize(static_cast<std::size_t>(in.gcount()));
+    Bytes bytes;
+    return in && ReadStream(in, MaxFileBytes, bytes) ? bytes : Bytes();
+}
+
+// The text with its lines ended as the system's are.
+Bytes AsSystemText(const Bytes& text) {
+    const std::string_view end = SystemFiles::LineEnd();
+    std::vector<std::uint8_t> bytes;
+    for (const std::uint8_t byte : text.Vector()) {
+        if (byte == '\n') {
+            bytes.insert(bytes.end(), end.begin(), end.end());
+        } else {
+            bytes.push_back(byte);
+        }
+    }
     return Bytes(std::move(bytes));
 }
 
-// A name beside `path` that no file has.
-fs::path GetFreshName(const fs::path& path) {
-    std::error_code error;
-    for (int i = 1;; ++i) {
-        fs::path fresh = path;
-        fresh += ".new" + (i > 1 ? std::to_string(i) : std::string());
-        if (!fs::exists(fresh, error)) return fresh;
-    }
-}
-
 }  // namespace
+
+bool ReadStream(std::istream& in, std::int64_t most, Bytes& out) {
+    std::vector<std::uint8_t> bytes;
+    std::vector<char> piece(static_cast<std::size_t>(PieceSize));
+    while (static_cast<std::int64_t>(bytes.size()) < most && in) {
+        const auto room = static_cast<std::streamsize>(most - static_cast<std::int64_t>(bytes.size()));
+        in.read(piece.data(), std::min(PieceSize, room));
+        bytes.insert(bytes.end(), piece.begin(), piece.begin() + static_cast<std::ptrdiff_t>(in.gcount()));
+    }
+    out = Bytes(std::move(bytes));
+    return !in.bad();
+}
 
 bool ImportBin(const fs::path& path, Edid& edid) { return ReadBin(ReadFile(path), edid); }
 bool ImportDat(const fs::path& path, Edid& edid) { return ReadDat(ReadFile(path), edid); }
@@ -48,30 +70,11 @@ Bytes GetFileBytes(const Edid& edid, FileFormat format) {
 
 bool Export(const fs::path& path, const Edid& edid, FileFormat format) {
     const Bytes bytes = GetFileBytes(edid, format);
-    return !bytes.IsEmpty() && ReplaceFile(path, format == FileFormat::Bin ? FileKind::Binary : FileKind::Text, bytes);
+    return !bytes.IsEmpty() && WriteFile(path, format == FileFormat::Bin ? bytes : AsSystemText(bytes));
 }
 
 bool ExportBin(const fs::path& path, const Edid& edid) { return Export(path, edid, FileFormat::Bin); }
 bool ExportDat(const fs::path& path, const Edid& edid) { return Export(path, edid, FileFormat::Dat); }
 bool ExportTxt(const fs::path& path, const Edid& edid) { return Export(path, edid, FileFormat::Txt); }
-
-bool ReplaceFile(const fs::path& path, FileKind kind, const std::function<void(std::ostream&)>& write) {
-    const fs::path fresh = GetFreshName(path);
-    std::ofstream out(fresh, kind == FileKind::Binary ? std::ios::binary | std::ios::out : std::ios::out);
-    if (out) write(out);
-    out.close();
-    std::error_code error;
-    if (out) {
-        fs::rename(fresh, path, error);
-        if (!error) return true;
-    }
-    fs::remove(fresh, error);
-    return false;
-}
-
-bool ReplaceFile(const fs::path& path, FileKind kind, ByteRange bytes) {
-    return ReplaceFile(
-        path, kind, [bytes](std::ostream& out) { out.write(reinterpret_cast<const char*>(bytes.data), bytes.size); });
-}
 
 }  // namespace VNT

@@ -5,50 +5,30 @@
 
 #include "store/match.h"
 #include "store/registry_layout.h"
+#include "store/source.h"
+#include "store/texts.h"
+#include "store/values.h"
 
 namespace VNT {
 
 namespace {
-
-// A text of the system by its pattern of two calls: the length first, by an error that says so, then the characters.
-template <class Call>
-std::optional<std::wstring> ReadText(Call call) {
-    int length = 0;
-    if (call(std::span<wchar_t>(), length) != SystemErrors::InsufficientBuffer || length <= 0) return std::nullopt;
-    std::wstring text(static_cast<std::size_t>(length), L'\0');
-    if (call(std::span<wchar_t>(text), length) != SystemErrors::None) return std::nullopt;
-    text.resize(std::min(text.size(), static_cast<std::size_t>(std::max(length, 0))));
-    text.resize(text.find_last_not_of(L'\0') + 1);
-    return text;
-}
-
-std::optional<std::wstring> ReadInstanceId(DeviceSet& set, int index) {
-    if (!set.EnumDevice(index)) return std::nullopt;
-    return ReadText([&](std::span<wchar_t> out, int& length) { return set.GetInstanceId(out, length); });
-}
 
 std::wstring ReadProperty(DeviceSet& set, DeviceProperty property) {
     return ReadText([&](std::span<wchar_t> out, int& length) { return set.GetProperty(property, out, length); })
         .value_or(std::wstring());
 }
 
-std::optional<Bytes> ReadValue(RegistryKey& key, const std::wstring& name) {
-    int size = 0;
-    if (key.QueryValue(name, ByteRange(), size) != SystemErrors::None || size < 0) return std::nullopt;
-    Bytes bytes(size, 0);
-    if (key.QueryValue(name, bytes, size) != SystemErrors::None) return std::nullopt;
-    return bytes.Slice(0, size);
-}
-
 std::optional<Bytes> ReadBlock(RegistryKey& key, const std::wstring& name) {
-    std::optional<Bytes> bytes = ReadValue(key, name);
-    if (bytes && bytes->Size() != EdidBlockSize) bytes.reset();
+    Bytes bytes;
+    if (ReadValue(key, name, bytes) != SystemErrors::None || bytes.Size() != EdidBlockSize) return std::nullopt;
     return bytes;
 }
 
-Bytes ReadEdid(RegistryKey& device) {
-    std::optional<Bytes> bytes = ReadValue(device, RegistryLayout::EdidValue);
-    return bytes && bytes->Size() % EdidBlockSize == 0 ? *bytes : Bytes();
+Bytes ReadEdid(RegistryKey& device, bool& found) {
+    Bytes bytes;
+    const SystemError error = ReadValue(device, RegistryLayout::EdidValue, bytes);
+    found = error != SystemErrors::FileNotFound;
+    return bytes.Size() % EdidBlockSize == 0 ? bytes : Bytes();
 }
 
 void ReadSequentialBlocks(RegistryKey& key, Bytes& data) {
@@ -72,8 +52,9 @@ std::optional<int> ParseBlockName(const std::wstring& name) {
 }
 
 void ReadSparseBlocks(RegistryKey& key, Bytes& data) {
-    std::wstring name;
-    for (int index = 0; key.EnumValue(index, name) == SystemErrors::None; ++index) {
+    std::vector<std::wstring> names;
+    ListValues(key, names);
+    for (const std::wstring& name : names) {
         const std::optional<int> block = ParseBlockName(name);
         if (!block) continue;
         const std::optional<Bytes> bytes = ReadBlock(key, name);
@@ -118,7 +99,7 @@ bool Display::Load(Platform& platform, const std::wstring& instanceId) {
     InstanceId = UpperAscii(instanceId);
     DriverKey = ReadProperty(*set, DeviceProperty::DriverKey);
     DeviceDescription = ReadProperty(*set, DeviceProperty::Description);
-    EdidData = ReadEdid(*device);
+    EdidData = ReadEdid(*device, EdidValueFound);
     OverrideData = ReadOverride(*device);
     Active = IsPresent(platform, instanceId);
     NotDefaultMonitor = InstanceId.find(L"\\DEFAULT_MONITOR\\") == std::wstring::npos;
@@ -127,10 +108,13 @@ bool Display::Load(Platform& platform, const std::wstring& instanceId) {
 
 bool LoadDisplays(Platform& platform, DisplayList& list, bool includeInactiveWithEdid) {
     list.clear();
+    StoreLock lock;
+    platform.Lock(lock);
     const std::unique_ptr<DeviceSet> set = platform.OpenMonitorClass();
     if (set == nullptr) return false;
-    for (int index = 0;; ++index) {
-        const std::optional<std::wstring> instanceId = ReadInstanceId(*set, index);
+    for (int index = 0; index < Source::MostRecords; ++index) {
+        if (!set->EnumDevice(index)) break;
+        const std::optional<std::wstring> instanceId = ReadInstanceId(*set);
         if (!instanceId) break;
         Display display;
         if (display.Load(platform, *instanceId) && IsListed(display, includeInactiveWithEdid)) {

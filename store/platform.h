@@ -23,6 +23,7 @@ inline constexpr SystemError AccessDenied = 5;
 inline constexpr SystemError InsufficientBuffer = 122;
 inline constexpr SystemError MoreData = 234;
 inline constexpr SystemError NoMoreItems = 259;
+inline constexpr SystemError IsLink = 4395;  // a link stands where a key or value should, and is not followed
 }  // namespace SystemErrors
 
 enum class KeyAccess : std::uint32_t { Read = 0x20019, Write = 0x20006 };
@@ -64,11 +65,20 @@ public:
     virtual SystemError GetProperty(DeviceProperty property, std::span<wchar_t> out, int& length) = 0;
     // SetupDiOpenDevRegKey: the device's hardware key, or null.
     virtual std::shared_ptr<RegistryKey> OpenHardwareKey(KeyAccess access) = 0;
+    // True if the key that couldn't be opened last isn't there at all.
+    virtual bool LacksHardwareKey() { return false; }
 };
+
+// Held while nobody else may change the store; gone with its last owner.
+using StoreLock = std::shared_ptr<const void>;
 
 class Platform {
 public:
     virtual ~Platform() = default;
+
+    // Waits for others who hold the store. False if it can't be had, and nothing may be written then. Nothing where the
+    // system sees to it by itself.
+    virtual bool Lock(StoreLock&) { return true; }
 
     // SetupDiGetClassDevsW. Null on failure.
     virtual std::unique_ptr<DeviceSet> OpenMonitorClass() = 0;  // every monitor on record, present or not

@@ -11,6 +11,7 @@ inline constexpr wchar_t EdidValue[] = L"EDID";
 inline constexpr wchar_t OverrideKey[] = L"EDID_OVERRIDE";
 inline constexpr int MostSequentialBlocks = 512;
 inline constexpr int LastSparseBlock = 255;
+inline constexpr int MostNames = 16384;  // of values or sub-keys in one key: more than any has
 
 inline std::wstring BlockName(int block) { return std::to_wstring(block); }
 

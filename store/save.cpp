@@ -1,6 +1,9 @@
 #include "store/save.h"
 
+#include <vector>
+
 #include "store/registry_layout.h"
+#include "store/values.h"
 
 namespace VNT {
 
@@ -8,36 +11,36 @@ namespace {
 
 using SystemErrors::None;
 
+// True if no value is left.
 bool DeleteValues(RegistryKey& parent, const std::wstring& name) {
-    std::shared_ptr<RegistryKey> names;
-    std::shared_ptr<RegistryKey> values;
-    if (parent.OpenKey(name, KeyAccess::Read, names) != None) return false;
-    if (parent.OpenKey(name, KeyAccess::Write, values) != None) return false;
-    for (;;) {
-        std::wstring value;
-        const SystemError error = names->EnumValue(0, value);
-        if (error != None) return error == SystemErrors::NoMoreItems;
-        if (values->DeleteValue(value) != None) return false;
+    std::shared_ptr<RegistryKey> key;
+    std::vector<std::wstring> values;
+    if (parent.OpenKey(name, KeyAccess::Read, key) != None) return false;
+    if (ListValues(*key, values) != SystemErrors::NoMoreItems) return false;
+    if (values.empty()) return true;
+    std::shared_ptr<RegistryKey> written;
+    if (parent.OpenKey(name, KeyAccess::Write, written) != None) return false;
+    for (const std::wstring& value : values) {
+        if (written->DeleteValue(value) != None) return false;
     }
+    return ListValues(*key, values) == SystemErrors::NoMoreItems && values.empty();
 }
 
-// True if no block of an earlier override is left. Deleting the key may fail for reasons of its own (there is none, it
-// has child keys, somebody holds it), so what counts is what remains afterwards.
-bool DeleteOverride(RegistryKey& device) {
-    DeleteKeyTree(device, RegistryLayout::OverrideKey);
-    std::shared_ptr<RegistryKey> left;
-    const SystemError error = device.OpenKey(RegistryLayout::OverrideKey, KeyAccess::Read, left);
-    if (error == SystemErrors::FileNotFound) return true;
-    return error == None && DeleteValues(device, RegistryLayout::OverrideKey);
+// Without its base block no other block is an override: this one goes first and comes last, so that whatever ends the
+// program meanwhile leaves a whole override or none.
+void DeleteBaseBlock(RegistryKey& device) {
+    std::shared_ptr<RegistryKey> key;
+    if (device.OpenKey(RegistryLayout::OverrideKey, KeyAccess::Write, key) != None) return;
+    key->DeleteValue(RegistryLayout::BlockName(0));
 }
 
 bool WriteOverride(RegistryKey& device, const Bytes& data) {
-    if (!DeleteOverride(device)) return false;
+    if (DeleteOverride(device) != OverrideLeft::None) return false;
     if (data.IsEmpty()) return true;
     std::shared_ptr<RegistryKey> key;
     if (device.CreateKey(RegistryLayout::OverrideKey, KeyAccess::Write, key) != None) return false;
     const bool sparse = data.At(0) == 0;
-    for (int block = 0; block < data.Size() / EdidBlockSize; ++block) {
+    for (int block = data.Size() / EdidBlockSize - 1; block >= 0; --block) {
         const Bytes bytes = data.Slice(block * EdidBlockSize, EdidBlockSize);
         if (sparse && block > 0 && bytes.IsAll(0)) continue;
         if (key->SetValue(RegistryLayout::BlockName(block), bytes) != None) return false;
@@ -45,13 +48,34 @@ bool WriteOverride(RegistryKey& device, const Bytes& data) {
     return true;
 }
 
-// The system keeps a copy of its own of what the display reports: a failure here loses nothing.
-void WriteEdid(RegistryKey& device, const Bytes& data) {
-    if (data.IsEmpty()) {
-        device.DeleteValue(RegistryLayout::EdidValue);
-    } else {
-        device.SetValue(RegistryLayout::EdidValue, data);
+// The system's copy of what the display reports is the display's own EDID where the display is not there: it is never
+// made shorter, replaced by what is no whole EDID, or written where it can't be told what stands there. A failure here
+// loses nothing.
+void WriteEdid(DeviceSet& set, RegistryKey& device, const Display& display) {
+    if (display.EdidData.IsEmpty()) {
+        if (!display.EdidValueFound) device.DeleteValue(RegistryLayout::EdidValue);
+        return;
     }
+    if (display.EdidData.Size() % EdidBlockSize != 0) return;
+    const std::shared_ptr<RegistryKey> readable = set.OpenHardwareKey(KeyAccess::Read);
+    if (readable == nullptr) return;
+    Bytes there;
+    const SystemError error = ReadValue(*readable, RegistryLayout::EdidValue, there);
+    if (error != None && error != SystemErrors::FileNotFound) return;
+    if (there.Size() > display.EdidData.Size() || there == display.EdidData) return;
+    device.SetValue(RegistryLayout::EdidValue, display.EdidData);
+}
+
+// Gives the set with the display's device and its key to `write`, while nobody else changes the store; carries out
+// what was written. False if any of that fails.
+template <class Write>
+bool WriteDevice(Platform& platform, const std::wstring& instanceId, Write write) {
+    StoreLock lock;
+    if (!platform.Lock(lock)) return false;
+    const std::unique_ptr<DeviceSet> set = platform.OpenMonitor(instanceId, false);
+    if (set == nullptr || !set->EnumDevice(0)) return false;
+    const std::shared_ptr<RegistryKey> device = set->OpenHardwareKey(KeyAccess::Write);
+    return device != nullptr && write(*set, *device) && device->Commit() == None;
 }
 
 }  // namespace
@@ -61,24 +85,41 @@ bool DeleteKeyTree(RegistryKey& parent, const std::wstring& name) {
     if (parent.OpenKey(name, KeyAccess::Read, key) != None) return false;
     std::wstring child;
     for (int index = 0; key->EnumKey(index, child) == None; ++index) {
-        if (!DeleteKeyTree(*key, child)) return false;
+        if (index == RegistryLayout::MostNames || !DeleteKeyTree(*key, child)) return false;
     }
     key.reset();
     return parent.DeleteKey(name) == None;
 }
 
+OverrideLeft DeleteOverride(RegistryKey& device) {
+    DeleteBaseBlock(device);
+    DeleteKeyTree(device, RegistryLayout::OverrideKey);
+    std::shared_ptr<RegistryKey> left;
+    const SystemError error = device.OpenKey(RegistryLayout::OverrideKey, KeyAccess::Read, left);
+    if (error == SystemErrors::FileNotFound) return OverrideLeft::None;
+    if (error == SystemErrors::IsLink) return OverrideLeft::Link;
+    if (error != None) return OverrideLeft::Locked;
+    left.reset();
+    return DeleteValues(device, RegistryLayout::OverrideKey) ? OverrideLeft::None : OverrideLeft::Values;
+}
+
+bool Display::SaveOverride(Platform& platform) {
+    const auto write = [this](DeviceSet&, RegistryKey& device) { return WriteOverride(device, CurrentData); };
+    Saved = WriteDevice(platform, InstanceId, write);
+    if (Saved) OverrideData = CurrentData;
+    return Saved;
+}
+
 bool Display::Save(Platform& platform) {
     if (Saved) return true;
-    const std::unique_ptr<DeviceSet> set = platform.OpenMonitor(InstanceId, false);
-    if (set == nullptr || !set->EnumDevice(0)) return false;
-    const std::shared_ptr<RegistryKey> device = set->OpenHardwareKey(KeyAccess::Write);
-    if (device == nullptr) return false;
-    if (!WriteOverride(*device, CurrentData)) return false;
-    WriteEdid(*device, EdidData);
-    if (device->Commit() != None) return false;
-    OverrideData = CurrentData;
-    Saved = true;
-    return true;
+    const auto write = [this](DeviceSet& set, RegistryKey& device) {
+        if (!WriteOverride(device, CurrentData)) return false;
+        WriteEdid(set, device, *this);
+        return true;
+    };
+    Saved = WriteDevice(platform, InstanceId, write);
+    if (Saved) OverrideData = CurrentData;
+    return Saved;
 }
 
 bool SaveDisplays(Platform& platform, DisplayList& list) {

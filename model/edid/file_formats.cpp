@@ -50,6 +50,12 @@ public:
         return at_ < file_.Size() ? file_.At(at_++) : -1;
     }
     Bytes Rest(int most) const { return file_.Slice(at_, most); }
+    int CountBehind(int most) const { return std::max(0, file_.Size() - at_ - most); }
+    // Characters that are left, without the blanks before them.
+    int CountLeft() {
+        SkipBlanks();
+        return file_.Size() - at_;
+    }
 
 private:
     int Peek() const { return at_ < file_.Size() ? file_.At(at_) : -1; }
@@ -75,11 +81,7 @@ Bytes GetText(const Bytes& file) {
     return Bytes(std::move(text));
 }
 
-}  // namespace
-
-bool ReadBin(const Bytes& file, Edid& edid) { return edid.Read(file.Slice(0, MaxBinaryFileBytes)); }
-
-bool ReadDat(const Bytes& file, Edid& edid) {
+bool ParseDat(const Bytes& file, FileContent& content) {
     constexpr int anyDigits = std::numeric_limits<int>::max();
     const Bytes plain = GetText(file);
     TextFile text(plain);
@@ -100,10 +102,12 @@ bool ReadDat(const Bytes& file, Edid& edid) {
         if (!text.ReadHex(2, byte)) break;
         bytes.push_back(static_cast<std::uint8_t>(byte));
     }
-    return edid.Read(Bytes(std::move(bytes)));
+    content = {Bytes(std::move(bytes)), true, text.CountLeft()};
+    return true;
 }
 
-bool ReadTxt(const Bytes& file, Edid& edid) {
+// Bytes without the header of an EDID are no content: a heading may happen to be hex.
+bool ParseTxt(const Bytes& file, FileContent& content, Edid& edid) {
     const Bytes plain = GetText(file);
     TextFile text(plain);
     // A heading makes the hex fail to parse: each further attempt drops one more line.
@@ -112,10 +116,40 @@ bool ReadTxt(const Bytes& file, Edid& edid) {
         if (rest.IsEmpty()) return false;
         const auto& bytes = rest.Vector();
         Bytes parsed;
-        if (HexFromText(String(std::u32string(bytes.begin(), bytes.end())), parsed) && edid.Read(parsed)) return true;
+        if (HexFromText(String(std::u32string(bytes.begin(), bytes.end())), parsed) && edid.Read(parsed)) {
+            content = {std::move(parsed), true, text.CountBehind(MaxTextFileCharacters)};
+            return true;
+        }
         text.SkipLine();
     }
     return false;
+}
+
+}  // namespace
+
+bool ReadBin(const Bytes& file, Edid& edid) { return edid.Read(file.Slice(0, MaxBinaryFileBytes)); }
+
+bool ReadDat(const Bytes& file, Edid& edid) {
+    FileContent content;
+    return ParseDat(file, content) && edid.Read(content.bytes);
+}
+
+bool ReadTxt(const Bytes& file, Edid& edid) {
+    FileContent content;
+    return ParseTxt(file, content, edid);
+}
+
+bool GetContent(const Bytes& file, FileContent& content) {
+    Edid edid;
+    FileContent found;
+    if (ReadBin(file, edid)) {
+        content = {file, false, 0};
+        return true;
+    }
+    const bool isDat = ParseDat(file, found) && edid.Read(found.bytes);
+    if (!isDat && !ParseTxt(file, found, edid)) return false;
+    content = std::move(found);
+    return true;
 }
 
 bool ReadAnyFormat(const Bytes& file, Edid& edid) {

@@ -19,6 +19,15 @@ bool ReadTxt(const Bytes& file, Edid& edid);
 // Whichever of the three takes the bytes, tried in this order.
 bool ReadAnyFormat(const Bytes& file, Edid& edid);
 
+// What a file says, before an EDID is made of it.
+struct FileContent {
+    Bytes bytes;  // the EDID's, and what stands behind it
+    bool isText = false;
+    int notUnderstood = 0;  // characters of a text behind the last byte that was read from it
+};
+// The content of a file as ReadAnyFormat takes it; false, with `content` unchanged, if it doesn't.
+bool GetContent(const Bytes& file, FileContent& content);
+
 // The bytes of a file; empty if the EDID can't be written. Lines end in "\n".
 Bytes WriteBin(const Edid& edid);
 Bytes WriteDat(const Edid& edid);

@@ -7,6 +7,7 @@
 #include "store/answers.h"
 #include "store/directory/files.h"
 #include "store/display.h"
+#include "store/system_files.h"
 
 namespace fs = std::filesystem;
 
@@ -26,15 +27,17 @@ std::wstring Exchanged(std::wstring text, wchar_t from, wchar_t to) {
     return text;
 }
 
+using FoldersPointer = std::shared_ptr<Files::Folders>;
+
 // A folder as a key: its files are the values, its folders the sub-keys.
 class FolderKey : public RegistryKey {
 public:
-    explicit FolderKey(fs::path folder) : folder_(std::move(folder)) {}
+    FolderKey(FoldersPointer folders, fs::path folder) : folders_(std::move(folders)), folder_(std::move(folder)) {}
 
     SystemError OpenKey(const std::wstring& name, KeyAccess, std::shared_ptr<RegistryKey>& out) override {
         fs::path folder;
-        const SystemError error = Files::Find(folder_, name, Kind::Folder, folder);
-        if (error == None) out = std::make_shared<FolderKey>(folder);
+        const SystemError error = Find(name, Kind::Folder, folder);
+        if (error == None) out = std::make_shared<FolderKey>(folders_, folder);
         return error;
     }
 
@@ -44,12 +47,15 @@ public:
         const std::optional<fs::path> folder = Files::Place(folder_, name);
         std::error_code error;
         if (!folder || !fs::create_directory(*folder, error)) return SystemErrors::AccessDenied;
+        folders_->Forget(folder_);
         return OpenKey(name, access, out);
     }
 
     SystemError QueryValue(const std::wstring& name, ByteRange out, int& size) override {
+        fs::path file;
         Bytes bytes;
-        const SystemError error = ReadFile(folder_, name, bytes);
+        SystemError error = Find(name, Kind::File, file);
+        if (error == None) error = Files::Read(file, bytes);
         return error == None ? AnswerBytes(bytes, out, size) : error;
     }
 
@@ -58,54 +64,57 @@ public:
 
     SystemError SetValue(const std::wstring& name, ByteRange bytes) override {
         fs::path file;
-        const SystemError found = Files::Find(folder_, name, Kind::File, file);
+        const SystemError found = Find(name, Kind::File, file);
         if (found == None) return Files::Write(file, bytes);
+        if (found != SystemErrors::FileNotFound) return found;
         const std::optional<fs::path> place = Files::Place(folder_, name);
-        return found == SystemErrors::FileNotFound && place ? Files::Write(*place, bytes) : SystemErrors::AccessDenied;
+        folders_->Forget(folder_);
+        return place ? Files::Write(*place, bytes) : SystemErrors::AccessDenied;
     }
 
     SystemError DeleteValue(const std::wstring& name) override {
         fs::path file;
-        const SystemError found = Files::Find(folder_, name, Kind::File, file);
+        const SystemError found = Find(name, Kind::File, file);
         if (found != None) return found;
         std::error_code error;
+        folders_->Forget(folder_);
         return fs::remove(file, error) ? None : SystemErrors::AccessDenied;
     }
 
     SystemError DeleteKey(const std::wstring& name) override {
         fs::path folder;
-        const SystemError found = Files::Find(folder_, name, Kind::Folder, folder);
+        const SystemError found = Find(name, Kind::Folder, folder);
         if (found != None) return found;
-        std::wstring child;
-        if (FolderKey(folder).EnumKey(0, child) != SystemErrors::NoMoreItems) return SystemErrors::AccessDenied;
+        if (!folders_->List(folder).Of(Kind::Folder).empty()) return SystemErrors::AccessDenied;
         std::error_code error;
+        folders_->ForgetAll();
         fs::remove_all(folder, error);
         return error ? SystemErrors::AccessDenied : None;
     }
 
-    static SystemError ReadFile(const fs::path& folder, const std::wstring& name, Bytes& out) {
-        fs::path file;
-        const SystemError error = Files::Find(folder, name, Kind::File, file);
-        return error == None ? Files::Read(file, out) : error;
+private:
+    SystemError Find(const std::wstring& name, Kind kind, fs::path& out) const {
+        return folders_->List(folder_).Find(name, kind, out);
     }
 
-private:
     SystemError NameAt(Kind kind, int index, std::wstring& name) const {
-        std::vector<fs::path> entries;
-        const SystemError error = Files::Entries(folder_, kind, entries);
-        if (error != None) return error;
+        const Files::Listing& listing = folders_->List(folder_);
+        if (listing.Error() != None) return listing.Error();
+        const std::vector<Files::Entry>& entries = listing.Of(kind);
         if (index < 0 || static_cast<std::size_t>(index) >= entries.size()) return SystemErrors::NoMoreItems;
-        name = Files::NameOf(entries[static_cast<std::size_t>(index)]);
+        name = entries[static_cast<std::size_t>(index)].name;
         return None;
     }
 
+    FoldersPointer folders_;
     fs::path folder_;
 };
 
 // Device folders, in sorted order.
 class FolderSet : public DeviceSet {
 public:
-    explicit FolderSet(std::vector<fs::path> devices) : devices_(std::move(devices)) {}
+    FolderSet(FoldersPointer folders, std::vector<Files::Entry> devices)
+        : folders_(std::move(folders)), devices_(std::move(devices)) {}
 
     bool EnumDevice(int index) override {
         if (index < 0 || static_cast<std::size_t>(index) >= devices_.size()) return false;
@@ -114,43 +123,59 @@ public:
     }
 
     SystemError GetInstanceId(std::span<wchar_t> out, int& length) override {
-        return AnswerText(Exchanged(Files::NameOf(current_), L'#', L'\\'), out, length);
+        return AnswerText(Exchanged(current_.name, L'#', L'\\'), out, length);
     }
 
     SystemError GetProperty(DeviceProperty property, std::span<wchar_t> out, int& length) override {
+        fs::path file;
         Bytes bytes;
-        const auto* file = property == DeviceProperty::DriverKey ? DriverFile : DescriptionFile;
-        const SystemError error = FolderKey::ReadFile(current_, file, bytes);
+        const auto* name = property == DeviceProperty::DriverKey ? DriverFile : DescriptionFile;
+        SystemError error = folders_->List(current_.path).Find(name, Kind::File, file);
+        if (error == None) error = Files::Read(file, bytes);
         if (error != None) return error;
         std::string text(bytes.Vector().begin(), bytes.Vector().end());
         text.resize(text.find_last_not_of("\r\n") + 1);
-        return AnswerText(String(text).ToWide(), out, length);
+        return AnswerText(String(std::string_view(text)).ToWide(), out, length);
     }
 
-    std::shared_ptr<RegistryKey> OpenHardwareKey(KeyAccess) override { return std::make_shared<FolderKey>(current_); }
+    std::shared_ptr<RegistryKey> OpenHardwareKey(KeyAccess access) override {
+        if (access == KeyAccess::Write) Files::RemoveLeftovers(current_.path);
+        return std::make_shared<FolderKey>(folders_, current_.path);
+    }
 
 private:
-    std::vector<fs::path> devices_;
-    fs::path current_;
+    FoldersPointer folders_;
+    std::vector<Files::Entry> devices_;
+    Files::Entry current_;
 };
 
 }  // namespace
 
+bool DirectoryPlatform::Lock(StoreLock& out) {
+    out = lock_.lock();
+    if (out != nullptr) return true;
+    out = SystemFiles::LockFolder(folder_);
+    lock_ = out;
+    folders_->ForgetAll();  // somebody else may have had it
+    return out != nullptr;
+}
+
 std::unique_ptr<DeviceSet> DirectoryPlatform::OpenMonitorClass() {
-    std::vector<fs::path> devices;
-    if (Files::Entries(folder_, Kind::Folder, devices) != None) return nullptr;
-    return std::make_unique<FolderSet>(std::move(devices));
+    folders_->ForgetAll();
+    const Files::Listing& listing = folders_->List(folder_);
+    if (listing.Error() != None) return nullptr;
+    return std::make_unique<FolderSet>(folders_, listing.Of(Kind::Folder));
 }
 
 std::unique_ptr<DeviceSet> DirectoryPlatform::OpenMonitor(const std::wstring& instanceId, bool presentOnly) {
-    fs::path device;
+    const Files::Entry* device = folders_->List(folder_).Find(Exchanged(instanceId, L'\\', L'#'));
+    std::vector<Files::Entry> found;
+    if (device != nullptr && device->kind == Kind::Folder) found.push_back(*device);
     fs::path active;
-    std::vector<fs::path> found;
-    if (Files::Find(folder_, Exchanged(instanceId, L'\\', L'#'), Kind::Folder, device) == None &&
-        (!presentOnly || Files::Find(device, ActiveFile, Kind::File, active) == None)) {
-        found.push_back(device);
+    if (presentOnly && !found.empty() && folders_->List(found[0].path).Find(ActiveFile, Kind::File, active) != None) {
+        found.clear();
     }
-    return std::make_unique<FolderSet>(std::move(found));
+    return std::make_unique<FolderSet>(folders_, std::move(found));
 }
 
 bool DirectoryPlatform::ReadWmiMonitors(std::vector<WmiMonitorRecord>&) { return false; }

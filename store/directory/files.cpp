@@ -5,7 +5,7 @@
 
 #include "model/core/text_string.h"
 #include "store/display.h"
-#include "store/edid_files.h"
+#include "store/write_file.h"
 
 namespace fs = std::filesystem;
 
@@ -18,38 +18,61 @@ using SystemErrors::None;
 // As the registry's values; a larger file is no EDID.
 constexpr std::uintmax_t LargestFile = 1024 * 1024;
 
-bool IsOfKind(const fs::directory_entry& entry, Kind kind) {
+Kind KindOf(const fs::directory_entry& entry) {
     std::error_code error;
     const fs::file_status status = entry.symlink_status(error);
-    return !error && (kind == Kind::File ? fs::is_regular_file(status) : fs::is_directory(status));
+    if (fs::is_regular_file(status)) return Kind::File;
+    return fs::is_directory(status) ? Kind::Folder : Kind::Other;
+}
+
+// The name in UTF-8; nothing if it isn't text.
+std::optional<std::string> NameOf(const fs::path& path) {
+    try {
+        const std::u8string name = path.filename().u8string();
+        std::string utf8(name.begin(), name.end());
+        if (String(std::string_view(utf8)).ToUtf8() == utf8) return utf8;
+    } catch (const std::exception&) {  // half of a character that takes two, where names are such halves
+    }
+    return std::nullopt;
 }
 
 }  // namespace
 
-std::wstring NameOf(const fs::path& path) {
-    const std::u8string name = path.filename().u8string();
-    return String(std::string_view(reinterpret_cast<const char*>(name.data()), name.size())).ToWide();
-}
-
-SystemError Entries(const fs::path& folder, Kind kind, std::vector<fs::path>& out) {
+Listing::Listing(const fs::path& folder) {
+    std::vector<fs::directory_entry> found;
     std::error_code error;
-    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
-        if (IsOfKind(*at, kind)) out.push_back(at->path());
+    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) found.push_back(*at);
+    if (error) error_ = SystemErrors::AccessDenied;
+    std::sort(found.begin(), found.end());
+    for (const fs::directory_entry& item : found) {
+        const std::optional<std::string> name = NameOf(item.path());
+        if (!name || IsFreshName(*name)) continue;
+        const Entry entry{String(std::string_view(*name)).ToWide(), item.path(), KindOf(item)};
+        if (!entries_.emplace(UpperAscii(entry.name), entry).second) continue;
+        if (entry.kind == Kind::File) files_.push_back(entry);
+        if (entry.kind == Kind::Folder) folders_.push_back(entry);
     }
-    std::sort(out.begin(), out.end());
-    return error ? SystemErrors::AccessDenied : None;
 }
 
-SystemError Find(const fs::path& folder, const std::wstring& name, Kind kind, fs::path& out) {
-    std::vector<fs::path> entries;
-    const SystemError error = Entries(folder, kind, entries);
-    if (error != None) return error;
-    const auto found = std::find_if(entries.begin(), entries.end(), [&](const fs::path& entry) {
-        return UpperAscii(NameOf(entry)) == UpperAscii(name);
-    });
-    if (found == entries.end()) return SystemErrors::FileNotFound;
-    out = *found;
+const Entry* Listing::Find(const std::wstring& name) const {
+    const auto found = entries_.find(UpperAscii(name));
+    return found != entries_.end() ? &found->second : nullptr;
+}
+
+SystemError Listing::Find(const std::wstring& name, Kind kind, fs::path& out) const {
+    if (error_ != None) return error_;
+    const Entry* entry = Find(name);
+    if (entry == nullptr) return SystemErrors::FileNotFound;
+    if (entry->kind != kind) return entry->kind == Kind::Other ? SystemErrors::IsLink : SystemErrors::AccessDenied;
+    out = entry->path;
     return None;
+}
+
+const Listing& Folders::List(const fs::path& folder) {
+    const auto found = listings_.find(folder);
+    if (found != listings_.end()) return found->second;
+    ++count_;
+    return listings_.emplace(folder, Listing(folder)).first->second;
 }
 
 std::optional<fs::path> Place(const fs::path& folder, const std::wstring& name) {
@@ -59,6 +82,15 @@ std::optional<fs::path> Place(const fs::path& folder, const std::wstring& name) 
     }
     const std::string utf8 = String(name).ToUtf8();
     return folder / fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+void RemoveLeftovers(const fs::path& folder) {
+    std::error_code error;
+    std::vector<fs::path> left;
+    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
+        if (IsFreshName(NameOf(at->path()).value_or("")) && KindOf(*at) == Kind::File) left.push_back(at->path());
+    }
+    for (const fs::path& file : left) fs::remove(file, error);
 }
 
 SystemError Read(const fs::path& file, Bytes& out) {
@@ -74,7 +106,7 @@ SystemError Read(const fs::path& file, Bytes& out) {
 }
 
 SystemError Write(const fs::path& file, ByteRange bytes) {
-    return ReplaceFile(file, FileKind::Binary, bytes) ? None : SystemErrors::AccessDenied;
+    return WriteFile(file, bytes, Links::Replace) ? None : SystemErrors::AccessDenied;
 }
 
 }  // namespace VNT::Files

@@ -83,11 +83,13 @@ public:
 
     SystemError EnumValue(int index, std::wstring& name) override {
         const SystemError fault = Enter("EnumValue", KeyAccess::Read);
+        if (platform_.endless && !key_->values.IsEmpty()) index = 0;
         return fault != None ? fault : AnswerName(key_->values.NameAt(index), name);
     }
 
     SystemError EnumKey(int index, std::wstring& name) override {
         const SystemError fault = Enter("EnumKey", KeyAccess::Read);
+        if (platform_.endless && !key_->keys.IsEmpty()) index = 0;
         return fault != None ? fault : AnswerName(key_->keys.NameAt(index), name);
     }
 
@@ -146,6 +148,7 @@ public:
 
     bool EnumDevice(int index) override {
         if (platform_.Enter("EnumDevice") != None) return false;
+        if (platform_.endless && !devices_.empty()) index = 0;
         if (index < 0 || static_cast<std::size_t>(index) >= devices_.size()) return false;
         current_ = devices_[static_cast<std::size_t>(index)];
         return true;
@@ -167,6 +170,7 @@ public:
         if (platform_.Enter("OpenHardwareKey") != None || current_->hardwareKey == nullptr) return nullptr;
         return std::make_shared<OpenedKey>(platform_, current_->hardwareKey, access);
     }
+    bool LacksHardwareKey() override { return current_->hardwareKey == nullptr; }
 
 private:
     std::vector<MemoryDevice*> devices_;
@@ -192,6 +196,7 @@ int MemoryPlatform::Count(const std::string& name) const {
 SystemError MemoryPlatform::Enter(const std::string& name) {
     log_.push_back(name);
     if (failAt_ == log_.size()) return failAtError_;
+    if (endsAt != 0 && log_.size() >= static_cast<std::size_t>(endsAt)) return SystemErrors::AccessDenied;
     const auto found = failEach_.find(name);
     return found != failEach_.end() ? found->second : None;
 }

@@ -53,6 +53,8 @@ public:
     std::optional<std::vector<WmiMonitorRecord>> wmiMonitors;
     std::optional<std::vector<DisplayDeviceRecord>> displayDevices = std::vector<DisplayDeviceRecord>();
     std::optional<std::vector<WindowsGpuDisplay>> gpuDisplays;
+    bool endless = false;  // enumerations give their first entry again and again
+    int endsAt = 0;        // from this call on all fail: the program was ended there
 
     // The count-th call from now on fails (1: the next); every call of that name fails. Each is off at first.
     void FailCall(int count, SystemError error = SystemErrors::AccessDenied);

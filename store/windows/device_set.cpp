@@ -48,7 +48,11 @@ SystemError WindowsDeviceSet::GetProperty(DeviceProperty property, std::span<wch
 
 std::shared_ptr<RegistryKey> WindowsDeviceSet::OpenHardwareKey(KeyAccess access) {
     const HKEY key = SetupDiOpenDevRegKey(set_, &current_, DICS_FLAG_GLOBAL, 0, DIREG_DEV, static_cast<REGSAM>(access));
-    if (key == INVALID_HANDLE_VALUE || key == nullptr) return nullptr;
+    if (key == INVALID_HANDLE_VALUE || key == nullptr) {
+        const DWORD error = GetLastError();
+        lacksKey_ = error == ERROR_KEY_DOES_NOT_EXIST || error == ERROR_FILE_NOT_FOUND;
+        return nullptr;
+    }
     return std::make_shared<WindowsRegistryKey>(key);
 }
 

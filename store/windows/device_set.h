@@ -23,9 +23,11 @@ public:
     SystemError GetInstanceId(std::span<wchar_t> out, int& length) override;
     SystemError GetProperty(DeviceProperty property, std::span<wchar_t> out, int& length) override;
     std::shared_ptr<RegistryKey> OpenHardwareKey(KeyAccess access) override;
+    bool LacksHardwareKey() override { return lacksKey_; }
 
 private:
     HDEVINFO set_;
+    bool lacksKey_ = false;
     SP_DEVINFO_DATA current_ = {};
 };
 

@@ -2,6 +2,7 @@
 #include <sstream>
 
 #include "cli/check.h"
+#include "cli/field_faults.h"
 #include "cli/show.h"
 #include "samples/sample_bytes.h"
 
@@ -35,7 +36,7 @@ std::string Section(const Bytes& bytes, const std::string& section) {
     return found;
 }
 
-std::vector<std::string> Check(const Bytes& bytes) { return CheckEdid(EdidOf(bytes), bytes); }
+std::vector<std::string> Check(const Bytes& bytes) { return CheckEdid(ImportBytes(EdidOf(bytes), bytes)); }
 
 const Samples::Block StandardList{0, 0, 0, 0xFA, 0, 0xD1, 0xC0, 1, 1, 0x81, 0x80, 1, 1, 1, 1, 1, 1, 0x0A};
 const Samples::Block CvtList{0, 0, 0, 0xF8, 0, 1, 0x1B, 0x24, 0x4E, 1, 0, 0, 0, 0, 0, 0, 0, 0};
@@ -145,16 +146,55 @@ TEST(CheckItems, NamesExactlyTheItemsThatAreOutOfLimits) {
     Samples::Block name = Samples::Text(0xFC, "NAME");
     name[17] = 0;
     EXPECT_EQ(Check(BaseBlock({Cvt, name, Empty, StandardList}, {0xD1, 0xC0, 0, 0})),
-              (std::vector<std::string>{"descriptors/1 out of limits", "descriptors/3/resolutions/1 out of limits",
-                                        "standard/1 out of limits"}));
+              (std::vector<std::string>{"descriptors/1/padding out of limits",
+                                        "descriptors/3/resolutions/1 out of limits", "standard/1 out of limits"}));
     EXPECT_EQ(Check(BaseBlock({Established3, Cvt, WhitePoint}, {0xD1, 0xC0})), std::vector<std::string>{});
 }
 
 TEST(CheckItems, NamesAHolderBeforeItsItems) {
     Samples::Block list = CvtList;
     list[5] = 0;
-    EXPECT_EQ(Check(BaseBlock({list})),
-              (std::vector<std::string>{"descriptors/0 out of limits", "descriptors/0/resolutions/1 out of limits"}));
+    EXPECT_EQ(Check(BaseBlock({list})), (std::vector<std::string>{"descriptors/0/version is 0, 1 to 255 expected",
+                                                                  "descriptors/0/resolutions/1 out of limits"}));
+}
+
+TEST(CheckItems, NamesTheFieldOfADataBlockWithItsValueAndRange) {
+    const auto cta = Samples::Cta(0, {Samples::DataBlock(3, {0x1A, 0, 0, 0, 1, 48, 144, 0})}, {});
+    Samples::Base base{.vendor = "QOR"};
+    base.extensions = 1;
+    const std::vector<std::string> reasons = Check(Bytes(Samples::operator+(Samples::BaseBlock(base), cta)));
+    ASSERT_EQ(reasons.size(), 1u);
+    EXPECT_EQ(reasons[0], "extensions/0/dataBlocks/0/Version is 0, 1 to 255 expected");
+}
+
+TEST(CheckItems, ABlockThatNoListTakesIsAFinding) {
+    Samples::Block vtb(128, 0);
+    vtb[0] = 0x10;
+    vtb[1] = 1;
+    vtb[2] = 9;  // detailed resolutions, of which six fit
+    Samples::PutChecksum(vtb);
+    Samples::Base base{.vendor = "QOR"};
+    base.extensions = 1;
+    EXPECT_EQ(Check(Bytes(Samples::operator+(Samples::BaseBlock(base), vtb))),
+              std::vector<std::string>{"extensions/0 out of limits"});
+}
+
+TEST(CheckItems, BytesOfEveryKindHaveAText) {
+    Bytes data{1, 2, 3, 4, 5, 6, 7, 8, 9};
+    FaultSink sink;
+    sink.Rest("data", data, {CountLimits{1, 0}, CountLimits{9, 9}});
+    sink.Data("data", 9, data, {CountLimits{2, 2}, CountLimits{9, 9}});
+    data = Bytes();
+    sink.Rest("data", data, CountLimits{1, 1});
+    String text = U"a\nb";
+    sink.Rest("text", text, CountLimits{0, 2});
+    sink.Check("rule", false, true);
+    sink.Check("rule", true, true);
+    EXPECT_EQ(sink.faults,
+              (std::vector<std::string>{"data is 01 02 03 04 05 06 07 08 ..., zeros expected",
+                                        "data is 01 02 03 04 05 06 07 08 ..., 2 bytes expected",
+                                        "data is empty, 1 byte expected",
+                                        "text is \"a\\x0Ab\", 0 to 2 characters expected", "rule out of limits"}));
 }
 
 }  // namespace

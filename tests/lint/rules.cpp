@@ -104,7 +104,8 @@ void FindMasks(const SourceFile& file, Findings& findings) {
 
 void FindForeignHeaders(const SourceFile& file, Findings& findings) {
     const std::vector<std::string_view> platformRooms = {
-        "ui/win32/", "store/windows/", "samples/", "tests/ui/win32/", "tests/store_windows/", "tests/editor_windows/"};
+        "ui/win32/", "store/posix/",    "tests/shim/",          "store/windows/",
+        "samples/",  "tests/ui/win32/", "tests/store_windows/", "tests/editor_windows/"};
     for (const Include& include : IncludesOf(file)) {
         const bool isStandard = include.path.find_first_of("./") == std::string::npos;
         if (!include.isAngled || isStandard || StartsWithAny(file.path, platformRooms)) continue;

@@ -201,6 +201,18 @@ TEST_F(Amd, LibraryStaysLoadedWhileADisplayIsHeldAndIsSharedByReaders) {
     EXPECT_EQ(StandIn::Amd().Report(), "started 1\n");
 }
 
+TEST_F(Amd, TheSecondHandleAloneMakesTwoDisplays) {
+    EXPECT_TRUE(Read("adapter 0 A P\ndisplay 0 0\n" + EdidLine(Base(1)) + "display 1 0\n" + EdidLine(Base(1))));
+    ASSERT_EQ(Found(), L"A 0 0 128\nA 0 1 128\n");
+    EXPECT_FALSE(displays_[0] == displays_[1]);
+}
+
+TEST_F(Amd, MemoryOfTheLibraryIsFreedAtOnce) {
+    EXPECT_TRUE(Read(TwoDisplays));
+    ASSERT_EQ(displays_.size(), 3u);  // so that the library is still in use
+    EXPECT_EQ(AmdDriver::BuffersInUse(), 0u);
+}
+
 TEST_F(Amd, EqualityIsOfHandlesAndName) {
     EXPECT_TRUE(Read(TwoDisplays));
     const std::vector<WindowsGpuDisplay> before = displays_;

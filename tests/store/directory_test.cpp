@@ -1,8 +1,10 @@
 #include <fstream>
 #include <gtest/gtest.h>
+#include <thread>
 
 #include "store/directory/directory_platform.h"
 #include "store/directory/files.h"
+#include "store/reset.h"
 #include "tests/store/sample.h"
 
 namespace fs = std::filesystem;
@@ -204,7 +206,144 @@ TEST_F(DirectoryStore, FileTooLargeForAnEdidIsNotRead) {
     EXPECT_TRUE(Load().at(0).EdidData.IsEmpty());
 }
 
+TEST_F(DirectoryStore, EachFolderIsListedOnceForALoad) {
+    for (const char* name : {"DISPLAY#A#1", "DISPLAY#B#1", "DISPLAY#C#1"}) {
+        Put(std::string(name) + "/Active");
+        Put(std::string(name) + "/EDID", Base(1, 1));
+        for (const char* block : {"/EDID_OVERRIDE/0", "/EDID_OVERRIDE/1"}) Put(std::string(name) + block, Base(2));
+        for (int i = 0; i < 100; ++i) PutText(std::string(name) + "/EDID_OVERRIDE/stray" + std::to_string(i), "x");
+    }
+    for (int i = 0; i < 3000; ++i) PutText("stray" + std::to_string(i), "x");
+    DirectoryPlatform& door = platform();
+    DisplayList list;
+    ASSERT_TRUE(LoadDisplays(door, list, false));
+    ASSERT_EQ(list.size(), 3u);
+    EXPECT_EQ(list[2].CurrentData, Join({Base(2), Base(2)}));
+    EXPECT_EQ(door.CountListings(), 7);  // the store, each display, each override
+}
+
+TEST_F(DirectoryStore, NamesThatDifferInCaseAreOneDisplay) {
+    Put("DISPLAY#A#1/Active");
+    Put("DISPLAY#A#1/EDID", Base(1));
+    Put("display#a#1/Active");
+    Put("display#a#1/EDID", Base(2));
+    Put("DISPLAY#B#1/Active");
+    Put("DISPLAY#B#1/edid", Base(3));
+    DisplayList list = Load();
+    ASSERT_EQ(list.size(), 2u);
+    EXPECT_EQ(list[0].EdidData, Base(1));
+    EXPECT_EQ(list[1].EdidData, Base(3));
+    list[0].SetData(Base(9));
+    EXPECT_TRUE(SaveDisplays(platform(), list));
+    EXPECT_EQ(Names("DISPLAY#A#1"), "Active EDID EDID_OVERRIDE ");
+    EXPECT_EQ(Names("display#a#1"), "Active EDID ");
+}
+
+TEST_F(DirectoryStore, WhatAnEndedProgramLeftOverGoesWithTheNextSave) {
+    const std::string left = "/.vantelle-0123456789abcdef";
+    Put(Folder + "/Active");
+    Put(Folder + left, Base(1));
+    Put(Folder + "/EDID_OVERRIDE" + left, Base(1));
+    PutText(Folder + "/.vantelle-mine", "x");
+    DisplayList list = Load();
+    list.at(0).SetData(Base(2));
+    EXPECT_TRUE(SaveDisplays(platform(), list));
+    EXPECT_EQ(Names(Folder), ".vantelle-mine Active EDID_OVERRIDE ");
+    EXPECT_EQ(Names(Folder + "/EDID_OVERRIDE"), "0 ");
+}
+
+TEST_F(DirectoryStore, AFileInThePlaceOfTheOverrideIsAFailure) {
+    Put(Folder + "/Active");
+    PutText(Folder + "/EDID_OVERRIDE", "x");
+    DisplayList list = Load();
+    list.at(0).SetData(Base(2));
+    EXPECT_FALSE(SaveDisplays(platform(), list));
+    const ResetOutcome outcome = ResetOverride(platform(), First);
+    EXPECT_EQ(outcome.Result, ResetResult::Failed);
+    EXPECT_EQ(outcome.Reason, "the override can't be opened");
+}
+
+TEST_F(DirectoryStore, ResetTakesOffWhatNoListShows) {
+    Put(Folder + "/EDID_OVERRIDE/0", Bytes(127, 0));
+    Put("DISPLAY#B#1/EDID_OVERRIDE/1", Base(1));
+    Put("DISPLAY#C#1/Active");
+    fs::create_directories(store_ / "DISPLAY#D#1/EDID_OVERRIDE/sub/key");
+    std::vector<ResetOutcome> outcomes;
+    EXPECT_TRUE(ResetAllOverrides(platform(), outcomes));
+    ASSERT_EQ(outcomes.size(), 4u);
+    EXPECT_EQ(outcomes[0].Result, ResetResult::Removed);
+    EXPECT_EQ(outcomes[1].Result, ResetResult::NothingThere);
+    EXPECT_EQ(outcomes[2].Result, ResetResult::Removed);
+    EXPECT_EQ(outcomes[3].Result, ResetResult::Removed);
+    EXPECT_EQ(Names(Folder) + Names("DISPLAY#B#1") + Names("DISPLAY#D#1"), "");
+}
+
+// Two programs that save one display over and over: whenever it is read, it shows what one of them wrote, whole.
+TEST_F(DirectoryStore, SavesAreWholeAgainstEachOther) {
+    Put(Folder + "/Active");
+    Put(Folder + "/EDID", Base(1));
+    const auto dataOf = [](int mark) { return Join({Base(mark, 3), Block(2, mark), Block(3, mark), Block(4, mark)}); };
+    const auto saveOften = [&](int mark) {
+        for (int i = 0; i < 12; ++i) {
+            DirectoryPlatform door(store_);
+            DisplayList list;
+            EXPECT_TRUE(LoadDisplays(door, list, false));
+            ASSERT_EQ(list.size(), 1u);
+            list[0].SetData(dataOf(mark));
+            list[0].Saved = false;
+            EXPECT_TRUE(SaveDisplays(door, list));
+            EXPECT_TRUE(LoadDisplays(door, list, false));
+            EXPECT_TRUE(list[0].OverrideData == dataOf(5) || list[0].OverrideData == dataOf(6));
+        }
+    };
+    std::thread other(saveOften, 5);
+    saveOften(6);
+    other.join();
+    EXPECT_EQ(Names(Folder + "/EDID_OVERRIDE"), "0 1 2 3 ");
+}
+
 #ifndef _WIN32  // neither links nor folders without rights can be made there without more ado
+TEST_F(DirectoryStore, ALinkInThePlaceOfTheOverrideIsToldAndLeft) {
+    fs::create_directories(root_ / "outside");
+    std::ofstream(root_ / "outside" / "0") << "x";
+    Put(Folder + "/Active");
+    fs::create_directory_symlink(root_ / "outside", store_ / Folder / "EDID_OVERRIDE");
+    const ResetOutcome outcome = ResetOverride(platform(), First);
+    EXPECT_EQ(outcome.Result, ResetResult::Failed);
+    EXPECT_EQ(outcome.Reason, "a link stands in the place of the override; it was not followed");
+    EXPECT_TRUE(fs::is_symlink(store_ / Folder / "EDID_OVERRIDE"));
+    EXPECT_TRUE(fs::exists(root_ / "outside" / "0"));
+}
+
+TEST_F(DirectoryStore, PlantedLinksChangeNothingElsewhere) {
+    std::ofstream(root_ / "victim") << "untouched";
+    Put(Folder + "/Active");
+    Put(Folder + "/EDID", Base(1));
+    fs::create_directories(store_ / Folder / "EDID_OVERRIDE");
+    for (const char* name : {"EDID.new", "EDID_OVERRIDE/0", "EDID_OVERRIDE/0.new", "EDID_OVERRIDE/1"}) {
+        fs::create_symlink(root_ / "victim", store_ / Folder / name);
+    }
+    DisplayList list = Load();
+    list.at(0).EdidData = Join({Base(1, 1), Block(2, 2)});  // so that the value is written, too
+    list[0].SetData(Base(2));
+    EXPECT_TRUE(SaveDisplays(platform(), list));
+    EXPECT_EQ(fs::file_size(root_ / "victim"), 9u);
+    EXPECT_EQ(Get(Folder + "/EDID").Size(), 256);
+    EXPECT_EQ(Names(Folder + "/EDID_OVERRIDE"), "0 ");
+    EXPECT_FALSE(fs::is_symlink(store_ / Folder / "EDID_OVERRIDE" / "0"));
+}
+
+TEST_F(DirectoryStore, FoldersWhoseNamesAreNoTextAreNoDisplays) {
+    Put(Folder + "/Active");
+    for (const char* name : {"DISPLAY#\xff#1", "DISPLAY#\xfe#1", "DISPLAY#\xed\xa0\x80#1"}) {
+        Put(std::string(name) + "/Active");
+        Put(std::string(name) + "/EDID", Base(1));
+    }
+    const DisplayList list = Load(true);
+    ASSERT_EQ(list.size(), 1u);
+    EXPECT_EQ(list[0].InstanceId, First);
+}
+
 TEST_F(DirectoryStore, LinksAreNotFollowed) {
     fs::create_directories(root_ / "outside" / "EDID_OVERRIDE");
     std::ofstream(root_ / "outside" / "keep") << "x";

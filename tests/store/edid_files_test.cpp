@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sstream>
 
 #include "tests/edid/support.h"
 
@@ -104,16 +105,6 @@ TEST_F(EdidFiles, AnEdidThatCantBeWrittenLeavesTheOldFile) {
     EXPECT_EQ(List(), "file ");
 }
 
-TEST_F(EdidFiles, AWriteThatFailsHalfWayLeavesTheOldFile) {
-    const fs::path path = Put("old");
-    EXPECT_FALSE(ReplaceFile(path, FileKind::Text, [](std::ostream& out) {
-        out << "half of the";
-        out.setstate(std::ios::badbit);
-    }));
-    EXPECT_EQ(Get(path), "old");
-    EXPECT_EQ(List(), "file ");
-}
-
 TEST_F(EdidFiles, AFolderInTheWayIsLeftAsItIs) {
     fs::create_directories(folder / "taken" / "inner");
     EXPECT_FALSE(ExportBin(folder / "taken", edid));
@@ -126,11 +117,21 @@ TEST_F(EdidFiles, AFolderThatIsNotThereIsNotMade) {
     EXPECT_EQ(List(), "");
 }
 
-TEST_F(EdidFiles, TheNewFileTakesNoNameOfAnother) {
-    Put("mine", "file.new");
-    ASSERT_TRUE(ExportBin(folder / "file", edid));
-    EXPECT_EQ(Get(folder / "file.new"), "mine");
-    EXPECT_EQ(Get(folder / "file").size(), 128u);
+TEST_F(EdidFiles, AStreamIsReadInPiecesUpToAsMuchAsIsWanted) {
+    const std::string text(100000, 'x');
+    for (const std::int64_t most : {0, 1, 16384, 50000, 99999, 100000, 100001}) {
+        std::istringstream in(text);
+        Bytes bytes(3, 1);
+        EXPECT_TRUE(ReadStream(in, most, bytes));
+        EXPECT_EQ(bytes.Size(), std::min<std::int64_t>(most, 100000)) << most;
+    }
+}
+
+TEST_F(EdidFiles, ASmallFileCostsLittleMemory) {
+    std::istringstream in(std::string(128, 'x'));
+    Bytes bytes;
+    EXPECT_TRUE(ReadStream(in, MaxFileBytes, bytes));
+    EXPECT_LT(bytes.Vector().capacity(), 65536u);
 }
 
 }  // namespace

@@ -253,6 +253,35 @@ TEST(LoadDisplays, AValueThatGrowsBetweenTheTwoCallsIsNotRead) {
     EXPECT_TRUE(Load(platform).at(0).EdidData.IsEmpty());
 }
 
+TEST(LoadDisplays, AnOverrideThatCannotBeOpenedIsNone) {
+    MemoryPlatform platform;
+    PutOverride(Add(platform, First, true, Base(1)), L"0", Base(2));
+    platform.FailEach("OpenKey");
+    EXPECT_EQ(Load(platform).at(0).CurrentData, Base(1));
+}
+
+TEST(LoadDisplays, EnumerationsThatNeverEndEnd) {
+    MemoryPlatform platform;
+    PutOverride(Add(platform, First, true, Base(1)), L"0", Base(2));
+    platform.endless = true;
+    const DisplayList list = Load(platform);
+    ASSERT_EQ(list.size(), 1024u);
+    EXPECT_EQ(list[0].OverrideData, Base(2));
+}
+
+TEST(LoadDisplays, WmiRecordsReachEachDisplayTheyName) {
+    MemoryPlatform platform;
+    Add(platform, First, true, Base(1));
+    Add(platform, Second, true, Base(2));
+    Add(platform, Third, false, Base(3));
+    platform.wmiMonitors = std::vector<WmiMonitorRecord>{{Third, Base(30)}, {Second, Base(20)}, {First, Base(10)}};
+    const DisplayList list = Load(platform, true);
+    ASSERT_EQ(list.size(), 3u);
+    EXPECT_EQ(list[0].CurrentData, Base(10));
+    EXPECT_EQ(list[1].CurrentData, Base(20));
+    EXPECT_EQ(list[2].CurrentData, Base(3));
+}
+
 TEST(LoadDisplays, SourcesThatFailAddNothing) {
     MemoryPlatform platform;
     Add(platform, First, true, Base(1)).driverKey = L"{}\\0001";

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/core/layout_made.h"
 #include "tests/store/sample.h"
 
 namespace VNT {
@@ -54,6 +55,16 @@ const Bytes WholeOther = Join({Base(1, 1), Block(2, 3)});
 const Bytes Untagged = Join({Base(1, 1), Block(0, 2)});
 
 }  // namespace
+
+TEST(LoadDisplays, RunsThePassesWhenADriverAnswered) {
+    MemoryPlatform platform;
+    Add(platform, First, true, Base(1, 1));
+    platform.gpuDisplays = std::vector<WindowsGpuDisplay>{Gpu(L"", Whole, 7)};
+    DisplayList list;
+    ASSERT_TRUE(LoadDisplays(platform, list, false));
+    EXPECT_EQ(list.at(0).GpuDisplay.GetRecord().Handle1, 7u);
+    EXPECT_EQ(list[0].CurrentData, Whole);
+}
 
 TEST(MatchesExactly, ComparesAllCountedBlocks) {
     EXPECT_TRUE(MatchesExactly(Base(1), Base(1)));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 
 #include "store/load.h"
@@ -29,13 +30,16 @@ inline void PutOverride(MemoryDevice& device, const std::wstring& name, const By
     (*key)->values.Put(name, bytes);
 }
 
-// The names of the values of EDID_OVERRIDE, each with a blank behind it; "-" if there is no such key.
+// The names of the values of EDID_OVERRIDE, sorted, each with a blank behind it; "-" if there is no such key.
 inline std::wstring OverrideNames(const MemoryDevice& device) {
     const MemoryKeyPointer* key = device.hardwareKey->keys.Find(L"EDID_OVERRIDE");
     if (key == nullptr) return L"-";
-    std::wstring names;
-    for (int i = 0; (*key)->values.NameAt(i) != nullptr; ++i) names += *(*key)->values.NameAt(i) + L" ";
-    return names;
+    std::vector<std::wstring> names;
+    for (int i = 0; (*key)->values.NameAt(i) != nullptr; ++i) names.push_back(*(*key)->values.NameAt(i));
+    std::sort(names.begin(), names.end());
+    std::wstring all;
+    for (const std::wstring& name : names) all += name + L" ";
+    return all;
 }
 
 inline const Bytes* Edid(const MemoryDevice& device) { return device.hardwareKey->values.Find(L"EDID"); }

@@ -53,6 +53,14 @@ TEST(SetData, ChangingBackDoesNotMakeItSavedAgain) {
     EXPECT_FALSE(display.Saved);
 }
 
+TEST(SetData, EqualBytesAfterAnEditAreTakenAndStayUnsaved) {
+    Display display;
+    ASSERT_TRUE(display.SetData(Base(1)));
+    EXPECT_TRUE(display.SetData(Base(1)));
+    EXPECT_FALSE(display.Saved);
+    EXPECT_EQ(display.CurrentData, Base(1));
+}
+
 TEST(DisplayList, ReplacesTheFirstOfThatIdentity) {
     DisplayList list(3);
     list[0].InstanceId = First;
@@ -116,15 +124,6 @@ TEST(SaveDisplays, EmptyDataDeletesTheOverrideAndWritesTheEdidBack) {
     EXPECT_EQ(*Edid(device), Base(1));
 }
 
-TEST(SaveDisplays, DisplayWithoutAnEdidOfItsOwnLosesTheValue) {
-    MemoryPlatform platform;
-    MemoryDevice& device = Add(platform, First, true, Bytes(100, 1));
-    DisplayList list = Load(platform);
-    list[0].SetData(Base(2));
-    EXPECT_TRUE(SaveDisplays(platform, list));
-    EXPECT_EQ(Edid(device), nullptr);
-}
-
 TEST(SaveDisplays, StaleBlocksOfALongerOverrideAreGone) {
     MemoryPlatform platform;
     MemoryDevice& device = Add(platform, First, true, Base(1));
@@ -142,7 +141,7 @@ TEST(SaveDisplays, UneditedDisplayIsNotTouched) {
     DisplayList list = Load(platform);
     list[1].SetData(Base(4));
     ASSERT_TRUE(SaveDisplays(platform, list));
-    EXPECT_EQ(platform.Count("OpenHardwareKey"), 3);  // two loads, one save
+    EXPECT_EQ(platform.Count("OpenHardwareKey"), 4);  // two loads, one save that looks before it writes
     EXPECT_EQ(OverrideNames(platform.devices[0]), L"0 ");
     EXPECT_EQ(*Edid(platform.devices[0]), Base(1));
 }
@@ -184,21 +183,22 @@ TEST(SaveDisplays, FailedWriteLeavesTheOverridePartlyWrittenAndReports) {
     }
     platform.FailCall(before + 2);  // the second block
     EXPECT_FALSE(SaveDisplays(platform, list));
-    EXPECT_EQ(OverrideNames(device), L"0 ");
+    EXPECT_EQ(OverrideNames(device), L"2 ");
     EXPECT_FALSE(list[0].Saved);
-    EXPECT_TRUE(SaveDisplays(platform, list));  // a second attempt mends it
+    EXPECT_TRUE(Load(platform)[0].OverrideData.IsEmpty());  // without its base block it is none
+    EXPECT_TRUE(SaveDisplays(platform, list));              // a second attempt mends it
     EXPECT_EQ(OverrideNames(device), L"0 1 2 ");
 }
 
 TEST(SaveDisplays, FailureToWriteTheEdidValueIsIgnored) {
     MemoryPlatform platform;
-    MemoryDevice& device = Add(platform, First, true, Bytes(100, 1));
+    Add(platform, First, true, {});
     DisplayList list = Load(platform);
     list[0].SetData(Base(2));
     platform.FailEach("DeleteValue");
     EXPECT_TRUE(SaveDisplays(platform, list));
     EXPECT_TRUE(list[0].Saved);
-    EXPECT_EQ(Edid(device)->Size(), 100);
+    EXPECT_EQ(platform.Count("DeleteValue"), 1);
 }
 
 // Three edits at once: one to a longer override, one to a shorter, one back to the display's own data. Whichever call
@@ -278,6 +278,72 @@ TEST(SaveDisplays, AnOverrideThatCanNeitherBeDeletedNorEmptiedIsAFailure) {
     platform.FailEach("DeleteValue");
     EXPECT_FALSE(SaveDisplays(platform, list));
     EXPECT_FALSE(list[0].Saved);
+}
+
+TEST(SaveDisplays, AnOverrideThatCannotBeOpenedIsAFailure) {
+    for (const Bytes& data : {Bytes(), Base(5)}) {
+        MemoryPlatform platform;
+        MemoryDevice& device = Add(platform, First, true, Base(1));
+        PutOverride(device, L"0", Base(9));
+        DisplayList list = Load(platform);
+        list[0].SetData(data);
+        platform.FailEach("OpenKey");
+        EXPECT_FALSE(SaveDisplays(platform, list));
+        EXPECT_FALSE(list[0].Saved);
+        EXPECT_EQ(list[0].OverrideData, Base(9));
+        EXPECT_EQ(OverrideNames(device), L"0 ");
+        EXPECT_EQ(platform.Count("SetValue"), 0);
+    }
+}
+
+TEST(SaveDisplays, AnOverrideWithSubKeysIsEmptiedAndWritten) {
+    MemoryPlatform platform;
+    MemoryDevice& device = Add(platform, First, true, Base(1));
+    for (const wchar_t* name : {L"0", L"1"}) PutOverride(device, name, Base(9));
+    MemoryKey& key = **device.hardwareKey->keys.Find(L"EDID_OVERRIDE");
+    for (const wchar_t* name : {L"a", L"b", L"c"}) key.keys.Put(name, std::make_shared<MemoryKey>());
+    DisplayList list = Load(platform);
+    list[0].SetData(Base(5));
+    EXPECT_TRUE(SaveDisplays(platform, list));
+    EXPECT_EQ(OverrideNames(device), L"0 ");
+    EXPECT_EQ(Load(platform)[0].OverrideData, Base(5));
+}
+
+TEST(SaveDisplays, EnumerationsThatNeverEndAreNoOverrideThatIsGone) {
+    MemoryPlatform platform;
+    MemoryDevice& device = Add(platform, First, true, Base(1));
+    PutOverride(device, L"0", Base(9));
+    PutOverride(device, L"1", Base(9));
+    DisplayList list = Load(platform);
+    list[0].SetData({});
+    platform.endless = true;
+    platform.FailEach("DeleteKey");
+    EXPECT_FALSE(SaveDisplays(platform, list));
+    EXPECT_FALSE(list[0].Saved);
+}
+
+TEST(SaveDisplays, TheBaseBlockGoesFirstAndComesLast) {
+    const Bytes edited = Join({Base(2, 2), Block(2, 2), Block(3, 3)});
+    // How many calls a save makes that ends at one of them; what it left is whole.
+    const auto save = [&](int endsAt) {
+        MemoryPlatform platform;
+        MemoryDevice& device = Add(platform, First, true, Base(1));
+        for (const wchar_t* name : {L"1", L"0", L"2"}) PutOverride(device, name, Base(9));
+        DisplayList list = Load(platform);
+        const auto before = static_cast<int>(platform.Log().size());
+        list[0].SetData(edited);
+        platform.endsAt = before + endsAt;
+        SaveDisplays(platform, list);
+        const auto calls = static_cast<int>(platform.Log().size()) - before;
+        platform.endsAt = 0;
+        const Bytes stored = Load(platform)[0].OverrideData;
+        EXPECT_TRUE(stored.IsEmpty() || stored == edited || stored == Join({Base(9), Base(9), Base(9)})) << endsAt;
+        return calls;
+    };
+    const int calls = save(1000);
+    EXPECT_GT(calls, 10);
+    EXPECT_LT(calls, 1000);
+    for (int k = 1; k <= calls; ++k) save(k);
 }
 
 TEST(DeleteKeyTree, DeletesAKeyWithOneChildAtEachLevel) {

@@ -1,5 +1,6 @@
 #include "store/load.h"
 #include "store/save.h"
+#include "store/values.h"
 #include "store/windows/windows_platform.h"
 #include "tests/store/blocks.h"
 #include "tests/store_windows/prefix.h"
@@ -37,16 +38,18 @@ protected:
 
     std::wstring Override(const PrefixDisplay& display) const { return display.ParametersPath() + L"\\EDID_OVERRIDE"; }
 
-    // The names of the override's values, each with a blank behind it.
+    // The names of the override's values, sorted, each with a blank behind it.
     std::wstring OverrideNames(const PrefixDisplay& display) {
         const auto set = platform_.OpenMonitor(display.InstanceId(), false);
         if (set == nullptr || !set->EnumDevice(0)) return L"no device";
         std::shared_ptr<RegistryKey> key;
         if (set->OpenHardwareKey(KeyAccess::Read)->OpenKey(L"EDID_OVERRIDE", KeyAccess::Read, key) != 0) return L"-";
-        std::wstring names;
-        std::wstring name;
-        for (int i = 0; key->EnumValue(i, name) == SystemErrors::None; ++i) names += name + L" ";
-        return names;
+        std::vector<std::wstring> names;
+        ListValues(*key, names);
+        std::sort(names.begin(), names.end());
+        std::wstring all;
+        for (const std::wstring& name : names) all += name + L" ";
+        return all;
     }
 };
 
