@@ -71,6 +71,8 @@ void CheckItem(const std::string& path, const Item& item, std::vector<std::strin
     std::vector<std::string> faults;
     if constexpr (requires(Item copy, FaultSink sink) { copy.TellFields(RoomOf<Item>(), sink); }) {
         faults = FieldFaultsOf(item, RoomOf<Item>());
+    } else if constexpr (requires { item.GetStatus(); }) {
+        faults = FieldFaults({item, RoomOf<Item>()});
     }
     Add(path, faults, reasons);
 }

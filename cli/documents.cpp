@@ -94,6 +94,10 @@ std::string BashCase(const Command& command) {
     return text + "      esac ;;\n";
 }
 
+std::string ZshLinesOf(const std::string& call) {
+    return "{local -a found; found=(${(f)\"$(" + call + ")\"}); compadd -a found}";
+}
+
 std::string ZshAction(std::string_view name) {
     switch (SourceOf(name)) {
         case Source::Choices:
@@ -103,9 +107,9 @@ std::string ZshAction(std::string_view name) {
         case Source::Files:
             return "_files";
         case Source::Displays:
-            return std::string("{local -a found; found=(${(f)\"$(") + DisplaysCall + ")\"}; compadd -a found}";
+            return ZshLinesOf(DisplaysCall);
         case Source::Modes:
-            return std::string("{local -a found; found=(${(f)\"$(") + ModesCall + ")\"}; compadd -a found}";
+            return ZshLinesOf(ModesCall);
         case Source::Nothing:
             break;
     }

@@ -146,8 +146,9 @@ TEST(CheckItems, NamesExactlyTheItemsThatAreOutOfLimits) {
     Samples::Block name = Samples::Text(0xFC, "NAME");
     name[17] = 0;
     EXPECT_EQ(Check(BaseBlock({Cvt, name, Empty, StandardList}, {0xD1, 0xC0, 0, 0})),
-              (std::vector<std::string>{"descriptors/1/padding out of limits",
-                                        "descriptors/3/resolutions/1 out of limits", "standard/1 out of limits"}));
+              (std::vector<std::string>{
+                  "descriptors/1/padding out of limits", "descriptors/3/resolutions/1 out of limits",
+                  "standard/1/width is 248, 256 to 2288 in steps of 8 expected", "standard/1/height out of limits"}));
     EXPECT_EQ(Check(BaseBlock({Established3, Cvt, WhitePoint}, {0xD1, 0xC0})), std::vector<std::string>{});
 }
 
@@ -177,6 +178,17 @@ TEST(CheckItems, ABlockThatNoListTakesIsAFinding) {
     base.extensions = 1;
     EXPECT_EQ(Check(Bytes(Samples::operator+(Samples::BaseBlock(base), vtb))),
               std::vector<std::string>{"extensions/0 out of limits"});
+}
+
+TEST(CheckItems, ATimingThatItsListRefusedIsAFinding) {
+    const auto check = [](int byte) {
+        Samples::Base base{.vendor = "QOR"};
+        base.extensions = 1;
+        const auto section = Samples::DisplayId({Samples::DisplayIdBlock(3, 0, Samples::Block(20, byte))});
+        return Check(Bytes(Samples::operator+(Samples::BaseBlock(base), section)));
+    };
+    EXPECT_EQ(check(0xFF), std::vector<std::string>{"extensions/0/dataBlocks/0/resolutions out of limits"});
+    EXPECT_EQ(check(0), std::vector<std::string>{});
 }
 
 TEST(CheckItems, BytesOfEveryKindHaveAText) {

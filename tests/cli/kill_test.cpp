@@ -60,7 +60,7 @@ protected:
         }
     }
     // The status of the program as the system gives it; `order` is the shim's.
-    int Run(const std::string& words, const std::string& order = {}) const {
+    int Run(const std::string& words, const std::string& order = {}, const char* option = " --store ") const {
         const std::string store = (root_ / "store").string();
         std::string line;
         if (!order.empty()) {
@@ -68,8 +68,15 @@ protected:
                    "/bin/vantelle-shim.so VANTELLE_SHIM='" +
                    order + "' VANTELLE_SHIM_FOLDER='" + store + "' ";
         }
-        line += VANTELLE_BINARY_DIR "/bin/vantelle-cli " + words + " --store '" + store + "' >/dev/null 2>&1";
+        line += VANTELLE_BINARY_DIR "/bin/vantelle-cli " + words;
+        if (*option != '\0') line += option + ("'" + store + "'");
+        line += " >/dev/null 2>&1";
         return std::system(line.c_str());
+    }
+    static Bytes Content(const fs::path& file) {
+        std::ifstream in(file, std::ios::binary);
+        const std::string text{std::istreambuf_iterator<char>(in), {}};
+        return Bytes(std::vector<std::uint8_t>(text.begin(), text.end()));
     }
     Bytes Shown() const {
         DirectoryPlatform door(root_ / "store");
@@ -126,6 +133,26 @@ protected:
 TEST_F(Ended, AWriteLeavesTheOldTheNewOrTheDisplaysOwn) { EndEverywhere(Write(), New); }
 
 TEST_F(Ended, AResetLeavesTheOldOrTheDisplaysOwn) { EndEverywhere("reset --all", Own); }
+
+// A file beside the store's, which is written in the same way: each call refused in turn leaves the old one and nothing
+// else, or the new one.
+TEST_F(Ended, AnExportThatFailsLeavesTheOldFileAndNothingElse) {
+    const fs::path out = root_ / "store" / "out.bin";
+    bool isDone = false;
+    int refused = 0;
+    for (int call = 1; !isDone; ++call) {
+        ASSERT_LT(call, MostCalls);
+        fs::remove_all(root_ / "store");
+        Put(out, Old);
+        const bool succeeded = Run("convert '" + (root_ / "new.bin").string() + "' '" + out.string() + "'",
+                                   "fail " + std::to_string(call), "") == 0;
+        EXPECT_EQ(Content(out), succeeded ? New : Old) << call;
+        EXPECT_EQ(std::distance(fs::directory_iterator(root_ / "store"), fs::directory_iterator()), 1) << call;
+        refused += succeeded ? 0 : 1;
+        isDone = succeeded && call > 15;  // more than it makes
+    }
+    EXPECT_GT(refused, 2) << "the shim was not there";
+}
 
 // What can only be seen of a running program.
 TEST_F(Ended, OutputThatGoesNowhereIsStatus2) {

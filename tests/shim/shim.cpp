@@ -49,38 +49,23 @@ extern "C" {
 #define VANTELLE_FAILING(path) \
     if (Enter(path)) return -1
 
-int open(const char* path, int flags, ...) {
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = ModeOf(flags, arguments);
-    va_end(arguments);
-    VANTELLE_FAILING(path);
-    return Next(open, "open")(path, flags, mode);
-}
-int open64(const char* path, int flags, ...) {
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = ModeOf(flags, arguments);
-    va_end(arguments);
-    VANTELLE_FAILING(path);
-    return Next(open64, "open64")(path, flags, mode);
-}
-int openat(int folder, const char* path, int flags, ...) {
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = ModeOf(flags, arguments);
-    va_end(arguments);
-    VANTELLE_FAILING(path);
-    return Next(openat, "openat")(folder, path, flags, mode);
-}
-int openat64(int folder, const char* path, int flags, ...) {
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = ModeOf(flags, arguments);
-    va_end(arguments);
-    VANTELLE_FAILING(path);
-    return Next(openat64, "openat64")(folder, path, flags, mode);
-}
+#define VANTELLE_OPENING(name, parameters, path, ...)       \
+    int name(parameters const char* path, int flags, ...) { \
+        va_list arguments;                                  \
+        va_start(arguments, flags);                         \
+        const mode_t mode = ModeOf(flags, arguments);       \
+        va_end(arguments);                                  \
+        VANTELLE_FAILING(path);                             \
+        return Next(name, #name)(__VA_ARGS__, flags, mode); \
+    }
+#define VANTELLE_NOTHING
+#define VANTELLE_FOLDER int folder,
+
+VANTELLE_OPENING(open, VANTELLE_NOTHING, path, path)
+VANTELLE_OPENING(open64, VANTELLE_NOTHING, path, path)
+VANTELLE_OPENING(openat, VANTELLE_FOLDER, path, folder, path)
+VANTELLE_OPENING(openat64, VANTELLE_FOLDER, path, folder, path)
+
 ssize_t write(int file, const void* data, size_t size) {
     VANTELLE_FAILING(nullptr);
     // Of a block the half, so that an end may come between the halves.

@@ -11,27 +11,9 @@ using namespace Sample;
 
 namespace {
 
-template <class Function>
-DriverLibrary::Procedure Procedure(Function* function) {
-    return reinterpret_cast<DriverLibrary::Procedure>(function);
-}
-
 class Amd : public DriverTest {
 protected:
-    Amd() : DriverTest(StandIn::Amd(), ReadAmd) {
-        using namespace StandIn;
-        libraries_.libraries[L"atiadlxx.dll"] = {
-            {"ADL_Main_Control_Create", Procedure(ADL_Main_Control_Create)},
-            {"ADL_Adapter_NumberOfAdapters_Get", Procedure(ADL_Adapter_NumberOfAdapters_Get)},
-            {"ADL_Adapter_AdapterInfo_Get", Procedure(ADL_Adapter_AdapterInfo_Get)},
-            {"ADL_Display_NumberOfDisplays_Get", Procedure(ADL_Display_NumberOfDisplays_Get)},
-            {"ADL_Display_DisplayInfo_Get", Procedure(ADL_Display_DisplayInfo_Get)},
-            {"ADL_Adapter_Active_Get", Procedure(ADL_Adapter_Active_Get)},
-            {"ADL_Display_EdidData_Get", Procedure(ADL_Display_EdidData_Get)},
-            {"ADL_Display_DDCBlockAccess_Get", Procedure(ADL_Display_DDCBlockAccess_Get)},
-            {"ADL_Main_Control_Destroy", Procedure(ADL_Main_Control_Destroy)},
-        };
-    }
+    Amd() : DriverTest(StandIn::Amd(), ReadAmd) { libraries_.libraries[L"atiadlxx.dll"] = AmdExports(); }
     // The EDID of the one display of a machine that gives `edid`, with further lines.
     Bytes EdidOf(const Bytes& edid, const std::string& more = {}) {
         EXPECT_TRUE(Read("adapter 0 A P\ndisplay 0 0\n" + EdidLine(edid) + more));

@@ -277,21 +277,10 @@ TEST_F(GpuDisplays, WithoutDriversThePassesAreSkippedAndTheDataSettle) {
 }
 
 TEST_F(GpuDisplays, BothDriversAreAskedWhenTheFirstAnswers) {
-    using namespace StandIn;
-    const auto procedure = [](auto* function) { return reinterpret_cast<DriverLibrary::Procedure>(function); };
-    libraries_.libraries[L"nvapi.dll"] = {{"nvapi_QueryInterface", procedure(nvapi_QueryInterface)}};
-    libraries_.libraries[L"atiadlxx.dll"] = {
-        {"ADL_Main_Control_Create", procedure(ADL_Main_Control_Create)},
-        {"ADL_Adapter_NumberOfAdapters_Get", procedure(ADL_Adapter_NumberOfAdapters_Get)},
-        {"ADL_Adapter_AdapterInfo_Get", procedure(ADL_Adapter_AdapterInfo_Get)},
-        {"ADL_Display_NumberOfDisplays_Get", procedure(ADL_Display_NumberOfDisplays_Get)},
-        {"ADL_Display_DisplayInfo_Get", procedure(ADL_Display_DisplayInfo_Get)},
-        {"ADL_Adapter_Active_Get", procedure(ADL_Adapter_Active_Get)},
-        {"ADL_Display_EdidData_Get", procedure(ADL_Display_EdidData_Get)},
-        {"ADL_Display_DDCBlockAccess_Get", procedure(ADL_Display_DDCBlockAccess_Get)},
-        {"ADL_Main_Control_Destroy", procedure(ADL_Main_Control_Destroy)},
-    };
-    Amd().Start("adapter 0 A P\ndisplay 0 0\n" + EdidLine(Base(3)));
+    libraries_.libraries[L"nvapi.dll"] = {
+        {"nvapi_QueryInterface", reinterpret_cast<DriverLibrary::Procedure>(StandIn::nvapi_QueryInterface)}};
+    libraries_.libraries[L"atiadlxx.dll"] = AmdExports();
+    StandIn::Amd().Start("adapter 0 A P\ndisplay 0 0\n" + EdidLine(Base(3)));
     EXPECT_TRUE(ReadGpuDisplays(libraries_.Loader(), displays_));
     ASSERT_EQ(displays_.size(), 2u);
     EXPECT_EQ(displays_[0].GetRecord().EdidData, Base(3));

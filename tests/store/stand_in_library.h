@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "samples/drivers/amd_stand_in.h"
 #include "samples/drivers/driving.h"
 #include "store/driver_library.h"
 #include "store/gpu_display.h"
@@ -47,6 +48,23 @@ private:
         Exports exports_;
     };
 };
+
+// What the stand-in of AMD's library exports.
+inline StandInLibraries::Exports AmdExports() {
+    using namespace StandIn;
+    const auto procedure = [](auto* function) { return reinterpret_cast<DriverLibrary::Procedure>(function); };
+    return {
+        {"ADL_Main_Control_Create", procedure(ADL_Main_Control_Create)},
+        {"ADL_Adapter_NumberOfAdapters_Get", procedure(ADL_Adapter_NumberOfAdapters_Get)},
+        {"ADL_Adapter_AdapterInfo_Get", procedure(ADL_Adapter_AdapterInfo_Get)},
+        {"ADL_Display_NumberOfDisplays_Get", procedure(ADL_Display_NumberOfDisplays_Get)},
+        {"ADL_Display_DisplayInfo_Get", procedure(ADL_Display_DisplayInfo_Get)},
+        {"ADL_Adapter_Active_Get", procedure(ADL_Adapter_Active_Get)},
+        {"ADL_Display_EdidData_Get", procedure(ADL_Display_EdidData_Get)},
+        {"ADL_Display_DDCBlockAccess_Get", procedure(ADL_Display_DDCBlockAccess_Get)},
+        {"ADL_Main_Control_Destroy", procedure(ADL_Main_Control_Destroy)},
+    };
+}
 
 // A test of one driver's reader on its stand-in. At its end nothing may be loaded or started any more.
 class DriverTest : public testing::Test {

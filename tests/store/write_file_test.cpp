@@ -1,5 +1,6 @@
 #include "store/write_file.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <thread>
@@ -158,6 +159,16 @@ TEST_F(WritingFiles, ANewFileKeepsTheModeOfTheOldOne) {
     std::ofstream(folder / "usual") << "x";
     EXPECT_TRUE(Write(folder / "fresh", "x"));
     EXPECT_EQ(fs::status(folder / "fresh").permissions(), fs::status(folder / "usual").permissions());
+}
+
+// Only root can give a file away, and see that it stays so.
+TEST_F(WritingFiles, ANewFileKeepsTheOwnerOfTheOldOne) {
+    const std::string file = "'" + Put("file", "old").string() + "'";
+    const bool given = std::system(("chown 65534:65533 " + file + " 2>/dev/null").c_str()) == 0;
+    EXPECT_TRUE(Write(folder / "file", "new"));
+    EXPECT_EQ(Get(folder / "file"), "new");
+    const std::string owner = given ? "65534:65533" : "$(id -u):$(id -g)";
+    EXPECT_EQ(std::system(("test \"$(stat -c %u:%g " + file + ")\" = \"" + owner + "\"").c_str()), 0);
 }
 
 TEST_F(WritingFiles, TheFolderOfALinkToNothingIsNotMade) {
