@@ -200,9 +200,14 @@ constexpr auto ListMembers() {
     }
 }
 
+// Its table of virtual functions is made wherever it is: with it come those that X takes from its base. X's own table
+// may stand in another file, which knows none of them.
+template <class X>
+struct TAnchor : X {};
+
 template <class X>
 std::unique_ptr<X> MakeItem() {
-    return std::make_unique<X>();
+    return std::make_unique<TAnchor<X>>();
 }
 
 // Pointers to all of it, which keep it in the object file for those who call it from elsewhere.
