@@ -49,8 +49,7 @@ public:
     // The box, below `top` with its caption, and all in it; returns the box's lower edge.
     int Place(int x, int top, int width) const {
         // Without a caption the frame itself stands where the caption of others does.
-        const int overhang = group.Box.GetOverhang();
-        const int y = top + overhang - (group.Box.GetText().empty() ? std::min(overhang, metrics.Spacing) : 0);
+        const int y = top + (group.Box.GetText().empty() ? metrics.SmallSpacing : group.Box.GetOverhang());
         const UI::Padding& padding = group.Box.GetStyle().ContentPadding;
         int bottom = y + padding.Top;
         bool isFirst = true;

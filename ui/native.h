@@ -120,6 +120,8 @@ void LoadIcons(Handle handle, int dpi, std::shared_ptr<NativeIcon>& icon, std::s
 // Theme and DPI.
 int GetDpi(Handle handle);
 int GetScrollBarWidth(int dpi);
+// Where the desktop's own style draws the controls, its lengths take the place of the table's.
+void FitToDesktop(StyleTable& table);
 Color GetSystemColor(SystemColor color);
 bool IsWindows10OrGreater();
 SystemVersion GetSystemVersion();  // zeros when the system does not tell

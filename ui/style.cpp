@@ -81,6 +81,7 @@ public:
         BuildLabels();
         BuildLists();
         BuildTextBoxes();
+        Native::FitToDesktop(table);
     }
 
     StyleTable table;

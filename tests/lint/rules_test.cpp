@@ -58,6 +58,9 @@ TEST(LintRules, PlatformHeadersStayInTheirRooms) {
     EXPECT_TRUE(Breaks(FindForeignHeaders, "model/edid/a.cpp", "#include <sys/stat.h>"));
     EXPECT_TRUE(Breaks(FindForeignHeaders, "model/edid/a.cpp", "#include <gtest/gtest.h>"));
     EXPECT_FALSE(Breaks(FindForeignHeaders, "ui/win32/a.cpp", "#include <windows.h>"));
+    EXPECT_TRUE(Breaks(FindForeignHeaders, "ui/control.h", "#include <QWidget>"));
+    EXPECT_TRUE(Breaks(FindForeignHeaders, "app/main.cpp", "#include <QApplication>"));
+    EXPECT_FALSE(Breaks(FindForeignHeaders, "ui/qt/a.cpp", "#include <QWidget>"));
     EXPECT_FALSE(Breaks(FindForeignHeaders, "tests/core/a.cpp", "#include <gtest/gtest.h>"));
     EXPECT_FALSE(Breaks(FindForeignHeaders, "model/edid/a.cpp", "#include <vector>"));
     EXPECT_FALSE(Breaks(FindForeignHeaders, "cli/parser.cpp", "#include <CLI/App.hpp>"));
@@ -83,6 +86,9 @@ TEST(LintRules, ArrowsPointDown) {
 TEST(LintRules, BackendsAreIncludedByThemselvesByTestsAndWhereProgramsStart) {
     EXPECT_TRUE(Breaks(FindUpwardIncludes, "editor/form.cpp", "#include \"ui/win32/window.h\""));
     EXPECT_TRUE(Breaks(FindUpwardIncludes, "ui/control.cpp", "#include \"ui/win32/window.h\""));
+    EXPECT_TRUE(Breaks(FindUpwardIncludes, "editor/form.cpp", "#include \"ui/qt/platform.h\""));
+    EXPECT_TRUE(Breaks(FindUpwardIncludes, "app/saving.cpp", "#include \"ui/qt/platform.h\""));
+    EXPECT_TRUE(Breaks(FindUpwardIncludes, "cli/list.cpp", "#include \"app/arguments.h\""));
     EXPECT_TRUE(Breaks(FindUpwardIncludes, "store/save.cpp", "#include \"store/windows/registry_key.h\""));
     EXPECT_TRUE(Breaks(FindUpwardIncludes, "cli/list.cpp", "#include \"store/windows/registry_key.h\""));
     EXPECT_FALSE(Breaks(FindUpwardIncludes, "cli/main.cpp", "#include \"store/windows/windows_platform.h\""));

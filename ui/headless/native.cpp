@@ -325,6 +325,7 @@ void LoadIcons(Handle, int, std::shared_ptr<NativeIcon>& icon, std::shared_ptr<N
 
 int GetDpi(Handle) { return GetDesktop().System.Dpi; }
 int GetScrollBarWidth(int dpi) { return 17 * dpi / 96; }
+void FitToDesktop(StyleTable&) {}
 
 Color GetSystemColor(SystemColor color) {
     const auto& colors = GetDesktop().System.Colors;

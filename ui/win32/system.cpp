@@ -81,6 +81,8 @@ int GetDpi(Handle handle) {
 
 int GetScrollBarWidth(int dpi) { return GetMetric(SM_CXVSCROLL, dpi); }
 
+void FitToDesktop(StyleTable&) {}
+
 Color GetSystemColor(SystemColor color) { return GetSysColor(static_cast<int>(color)); }
 
 bool IsWindows10OrGreater() {
