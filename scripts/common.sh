@@ -1,15 +1,16 @@
 # Shared by the scripts: sourced, with the project's folder as the current one.
 
+# packages_missing [PACKAGE...]: of these, or of all that the project knows.
 packages_missing() {
     local package
-    for package in $(cat scripts/packages.txt); do
+    for package in ${*:-$(cat scripts/packages.txt)}; do
         dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || echo "$package"
     done
 }
 
 packages_install() {
     local missing
-    missing=$(packages_missing)
+    missing=$(packages_missing "$@")
     [ -n "$missing" ] || return 0
     echo "installing" $missing
     local sudo=""

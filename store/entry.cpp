@@ -15,7 +15,8 @@ void Run(Platform& platform, const EntryScreen& screen) {
     if (!LoadDisplays(platform, list, false)) throw L"Failed to load displays.";
     if (list.empty()) throw L"No displays found.";
     if (screen.edit(list) != ModalResultOk) return;
-    if (!SaveDisplays(platform, list)) throw L"An error occurred while saving. Not all changes were saved.";
+    if (SaveDisplays(platform, list) || (screen.saveRest && screen.saveRest(list))) return;
+    throw L"An error occurred while saving. Not all changes were saved.";
 }
 
 }  // namespace
