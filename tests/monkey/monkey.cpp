@@ -87,7 +87,7 @@ void Monkey::Work() {
 void Monkey::RunProgram() {
     ++sessions;
     constexpr int scales[] = {96, 120, 144, 192};
-    driver.GetSystem().Dpi = scales[dice.Roll(4)];
+    user->SetScale(scales[dice.Roll(4)]);
     writes = CountWrites(platform);
     for (const int wild : {WildFile, WildFile + 1})
         WriteFile(GetFile(folder, wild), MakeWildEdid(static_cast<unsigned>(dice.Roll(256))));
@@ -107,11 +107,11 @@ void Monkey::RunProgram() {
 int Monkey::Edit(DisplayList& displays) {
     MainWindow window(displays);
     view = std::make_unique<MainWindowView>(window);
-    driver.Then([this] { Step(); });
+    user->Then([this] { Step(); });
     const int result = window.Run();
     view.reset();
     front = nullptr;
-    UI::Headless::GetDesktop().Script.clear();
+    user->Forget();
     if (result == IdOk) displays = window.GetDisplays();
     return result;
 }
@@ -133,8 +133,8 @@ void Monkey::CheckSaved(int result, const DisplayList& edited) {
 }
 
 void Monkey::Step() {
-    driver.Then([this] { Step(); });
-    const Window& window = driver.GetWindow();
+    user->Then([this] { Step(); });
+    const Window& window = user->GetWindow();
     if (front != window.GetHandle()) ++seen[window.GetName()];
     front = window.GetHandle();
     // Asked for each time: a form may come to the front with the handle of the one before it.
@@ -142,7 +142,7 @@ void Monkey::Step() {
     if (dice.HasMore()) {
         Act();
     } else {
-        driver.ClickCloseBox();
+        user->ClickCloseBox();
     }
     Check();
 }
@@ -164,8 +164,6 @@ void Monkey::LookAt(const Window& window) {
     }
 }
 
-bool Monkey::IsLeaving() const { return UI::Headless::GetDesktop().Quit.has_value(); }
-
 void Monkey::Act() {
     AnswerDialogs();
     if (IsOneIn(5)) return PressAnyKey();
@@ -176,7 +174,7 @@ void Monkey::Act() {
         control = kind[static_cast<std::size_t>(dice.Roll(static_cast<int>(kind.size())))];
         if (control->IsVisible() && control->IsEnabled()) break;
     }
-    const bool isMain = driver.GetWindow().GetParent() == nullptr;
+    const bool isMain = user->GetWindow().GetParent() == nullptr;
     if (EndsForm(*control) && !IsOneIn(isMain ? 8 : 2)) return;
     ActOn(*control);
 }
@@ -187,25 +185,25 @@ void Monkey::ActOn(Control& control) {
     auto* combo = dynamic_cast<ComboBox*>(&control);
     if (combo && combo->GetCount() > 0 && combo->IsVisible() && !IsOneIn(4)) {
         Note(L"choose", combo->GetText());
-        return driver.Choose(*combo, dice.Roll(combo->GetCount()));
+        return user->Choose(*combo, dice.Roll(combo->GetCount()));
     }
     if (IsOneIn(16)) {
         Note(L"double click", control.GetText());
-        driver.DoubleClick(control);
+        user->DoubleClick(control);
     } else {
         Note(L"click", control.GetText());
-        driver.Click(control);
+        user->Click(control);
     }
 }
 
 void Monkey::ActOnText(TextBox& box) {
     const std::wstring text = MakeText();
     Note(L"type", text);
-    driver.Click(box);
+    user->Click(box);
     if (IsOneIn(3)) {
-        driver.Type(text.substr(0, 1));
+        user->Type(text.substr(0, 1));
     } else {
-        driver.Enter(box, text);
+        user->Enter(box, text);
     }
 }
 
@@ -213,9 +211,9 @@ void Monkey::ActOnList(ListBox& list) {
     const int row = dice.Roll(list.GetCount() + 2);
     Note(L"list row", std::to_wstring(row));
     if (IsOneIn(4)) {
-        driver.DoubleClick(list, row);
+        user->DoubleClick(list, row);
     } else {
-        driver.Click(list, row);
+        user->Click(list, row);
     }
 }
 
@@ -224,10 +222,10 @@ void Monkey::PressAnyKey() {
                             Key::Left,   Key::Right,    Key::Home, Key::End,   Key::F4, Key::Return,
                             Key::Escape, Key::PageDown, Key::Back, Key::Delete};
     const Key key = keys[dice.Roll(static_cast<int>(std::size(keys)))];
-    const bool isMain = driver.GetWindow().GetParent() == nullptr;
+    const bool isMain = user->GetWindow().GetParent() == nullptr;
     if (isMain && (key == Key::Return || key == Key::Escape) && !IsOneIn(8)) return;
     Note(L"press", std::to_wstring(static_cast<int>(key)));
-    driver.Press(key, IsOneIn(4) ? UI::Headless::Modifier::Shift : UI::Headless::Modifier::None);
+    user->Press(key, IsOneIn(4));
 }
 
 std::wstring Monkey::MakeText() {
@@ -246,12 +244,14 @@ std::wstring Monkey::MakeText() {
 
 // A file dialog finds an answer: a file, Cancel, or a failure of the system. A double click may ask twice.
 void Monkey::AnswerDialogs() {
-    while (UI::Headless::GetDesktop().FileAnswers.size() < 2) {
+    while (user->CountAnswers() < 2) {
         const int choice = dice.Roll(2 * FileCount);
         if (choice < FileCount) {
-            driver.AnswerFileDialog({ChosenFile{GetFile(folder, choice), dice.Roll(4)}, nullptr});
+            user->Answer(ChosenFile{GetFile(folder, choice), dice.Roll(4)});
+        } else if (choice == FileCount) {
+            user->AnswerWithFailure(L"CoInitializeEx failed.");
         } else {
-            driver.AnswerFileDialog({{}, choice == FileCount ? L"CoInitializeEx failed." : nullptr});
+            user->Answer(std::nullopt);
         }
     }
 }
@@ -259,18 +259,18 @@ void Monkey::AnswerDialogs() {
 void Monkey::Check() {
     if (!view) return;
     Expect(view->FindDifference());
-    if (IsLeaving()) return;
-    Window& window = driver.GetWindow();
+    if (user->IsLeaving()) return;
+    Window& window = user->GetWindow();
     auto* form = dynamic_cast<AnyWindow*>(&window);
     constexpr int often = 8;
     if (form && ++checks % often == 0) Expect(FindRestless(*form));
-    Expect(FindUndrawn(window));
+    Expect(user->FindUndrawn(window));
     if (layouts.insert(GetLayoutDigest(window)).second) Expect(VNT::Testing::FindMisplaced(window));
 }
 
 void Monkey::Note(const wchar_t* what, const std::wstring& where) {
     dice.Pass();
-    notes.push_back({driver.GetWindow().GetName(), what, where});
+    notes.push_back({user->GetWindow().GetName(), what, where});
     if (notes.size() > MostNotes) notes.pop_front();
 }
 

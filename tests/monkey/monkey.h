@@ -12,7 +12,7 @@
 
 #include "store/memory/memory_platform.h"
 #include "tests/monkey/shown.h"
-#include "ui/headless/driver.h"
+#include "tests/monkey/user.h"
 
 namespace Testing {
 
@@ -75,12 +75,11 @@ private:
         if (!difference.empty()) Report(difference);
     }
     bool IsOneIn(int sides) { return dice.Roll(sides) == 0; }
-    bool IsLeaving() const;
     std::wstring MakeText();
 
     Dice& dice;
     std::filesystem::path folder;
-    UI::Headless::Driver driver;
+    std::unique_ptr<User> user = MakeUser();
     VNT::MemoryPlatform platform;
     std::unique_ptr<MainWindowView> view;          // of the main window while it runs
     std::deque<Action> notes;                      // the last actions

@@ -6,7 +6,6 @@
 #include "model/edid/edid.h"
 #include "store/display_row.h"
 #include "tests/support/window_layout.h"
-#include "ui/headless/desktop.h"
 
 namespace Testing {
 
@@ -169,15 +168,6 @@ std::wstring FindRestless(AnyWindow& window) {
     for (std::size_t i = 0; i < before.size(); ++i) {
         if (before[i] != Digest(*controls[i]).Get())
             return L"a refresh changes control " + std::to_wstring(i) + L", now \"" + controls[i]->GetText() + L"\"";
-    }
-    return {};
-}
-
-std::wstring FindUndrawn(const Window& window) {
-    for (const Control* control : window.GetControls()) {
-        if (!control->IsVisible() || !IsRead(*control)) continue;
-        const auto& drawn = control->GetHandle()->Drawn;
-        if (!drawn || drawn->Caption != control->GetText()) return Named(*control) + L" is drawn otherwise";
     }
     return {};
 }

@@ -48,9 +48,6 @@ private:
 // What a refresh changes on a window that has just been refreshed, or nothing.
 std::wstring FindRestless(AnyWindow& window);
 
-// A visible control whose text is drawn otherwise than it is, or nothing.
-std::wstring FindUndrawn(const UI::Window& window);
-
 // A number that stands for where everything on the window is, and is seen.
 std::size_t GetLayoutDigest(const UI::Window& window);
 
