@@ -1,5 +1,7 @@
 #include "model/displayid/section.h"
 
+#include <tuple>
+
 #include "model/displayid/cta_data_block_list.h"
 #include "model/displayid/other_data_block.h"
 #include "model/displayid/vendor_specific.h"
@@ -114,6 +116,77 @@ TEST(DisplayIdSection, TheVersionDoesNotChooseTheKinds) {
                                Id::DetailedResolutionList2R2, Id::VendorSpecific2, Id::VendorSpecific1})
             EXPECT_EQ(section.dataBlocks.At(index++).GetType(), type);
     }
+}
+
+TEST(DisplayIdSection, ANewOneFillsAnExtensionBlock) {
+    const DisplayIdSection section;
+    Bytes written = FromHex("10 79 00 00");
+    written.Append(Bytes(121, 0));
+    written.Append(Bytes{0x77});
+    EXPECT_EQ(BytesOf(section, 126), written);
+    EXPECT_TRUE(section.IsValid(126));
+    EXPECT_FALSE(section.IsValidAll(125));
+    EXPECT_EQ(DisplayIdSection(DisplayIdSectionFields()), section);
+}
+
+TEST(DisplayIdSection, EachFieldOfTheFrameHasItsBits) {
+    const Bytes bytes = FromHex("A5 00 C3 7E 00");
+    const auto section = ReadAs<DisplayIdSection>(bytes);
+    EXPECT_EQ(section.revision, 0x5);
+    EXPECT_EQ(section.version, 0xA);
+    EXPECT_EQ(section.size, 5);
+    EXPECT_EQ(section.productType, 0x3);
+    EXPECT_EQ(section.reserved, 0xC);
+    EXPECT_EQ(section.extensionCount, 0x7E);
+    EXPECT_EQ(section.checksum, 0x00);
+    EXPECT_EQ(BytesOf(section, 5), bytes);
+}
+
+TEST(DisplayIdSection, AFrameOfFiveBytesToTwoHundredFiftySixIsSound) {
+    for (const int payload : {0, 1, 121, 251, 252, 255}) {
+        const Bytes bytes = Section(ToHex(Bytes(payload, 0)).c_str());
+        const auto section = ReadAs<DisplayIdSection>(bytes);
+        EXPECT_EQ(section.size, payload + 5);
+        EXPECT_EQ(section.IsValid(), payload <= 251) << payload;
+        EXPECT_TRUE(section.IsValidAll()) << payload;
+        EXPECT_TRUE(section.IsValidAll(payload + 5)) << payload;
+        EXPECT_FALSE(section.IsValidAll(payload + 4)) << payload;
+        DisplayIdSection cut = section;
+        EXPECT_FALSE(cut.Read(bytes.Slice(0, bytes.Size() - 1)));
+    }
+    EXPECT_EQ(DisplayIdSection::MaxSize, 260);
+}
+
+TEST(DisplayIdSection, TheVersionIsOneToFifteen) {
+    for (const auto& [version, isSound, isCarried] :
+         {std::tuple{-1, false, false}, {0, false, true}, {1, true, true}, {15, true, true}, {16, false, false}}) {
+        DisplayIdSectionFields fields;
+        fields.version = version;
+        const ItemStatus status = DisplayIdSection(fields).GetStatus();
+        EXPECT_EQ(status.IsProper("version"), isSound) << version;
+        EXPECT_EQ(status.IsAll("version"), isCarried) << version;
+    }
+}
+
+TEST(DisplayIdSection, TheOtherFieldsOfTheFrameTakeAllTheirBits) {
+    using Fields = DisplayIdSectionFields;
+    const std::tuple<const char*, int Fields::*, int> fields[] = {{"revision", &Fields::revision, 15},
+                                                                  {"productType", &Fields::productType, 15},
+                                                                  {"reserved", &Fields::reserved, 15},
+                                                                  {"extensionCount", &Fields::extensionCount, 255}};
+    for (const auto& [name, field, most] : fields) {
+        for (const int value : {-1, 0, most, most + 1}) {
+            Fields edited;
+            edited.*field = value;
+            const bool fits = value >= 0 && value <= most;
+            EXPECT_EQ(DisplayIdSection(edited).GetStatus().IsProper(name), fits) << name << value;
+        }
+    }
+}
+
+TEST(DisplayIdSection, TheListHasWhatTheFrameLeaves) {
+    EXPECT_EQ(DisplayIdSection::GetListLimits(126).bytes, 121);
+    EXPECT_EQ(ReadAs<DisplayIdSection>(Section("0B 00 01 41 00 00 00")).GetListLimits().bytes, 4);
 }
 
 TEST(DisplayIdSection, EveryByteOfAnySectionGoesBack) {
