@@ -12,12 +12,17 @@ namespace {
 
 using namespace Testing;
 
+// The items that reasons are about. A field's name stands behind its item's path, which ends in a number where the item
+// is one of a list.
 std::set<std::string> NamedPaths(const Bytes& block) {
-    constexpr std::string_view ending = " out of limits";
     std::set<std::string> paths;
     for (const std::string& reason : Cli::CheckEdid(ReadAs<Edid>(block), block)) {
-        if (reason.ends_with(ending) && !reason.starts_with("extensions"))
-            paths.insert(reason.substr(0, reason.size() - ending.size()));
+        const bool isOfLimits = reason.ends_with(" expected") || reason.ends_with(" out of limits");
+        if (!isOfLimits || reason.starts_with("extensions")) continue;
+        const std::string path = reason.substr(0, reason.find(' '));
+        const std::size_t last = path.rfind('/');
+        const bool isField = last != std::string::npos && path.find_first_not_of("0123456789", last + 1) != path.npos;
+        paths.insert(isField ? path.substr(0, last) : path);
     }
     return paths;
 }
