@@ -37,9 +37,6 @@ DisplayList LoadList(Platform& platform) {
     return list;
 }
 
-// What `list` shows without being asked for more.
-bool IsUsual(const Display& display) { return display.Active || !display.OverrideData.IsEmpty(); }
-
 // In the order of their numbers: first what `list` shows, then what it shows with --all besides.
 DisplayList LoadNumbered(Platform& platform) {
     DisplayList list = LoadList(platform);

@@ -83,11 +83,6 @@ bool IsPresent(Platform& platform, const std::wstring& instanceId) {
     return set != nullptr && set->EnumDevice(0);
 }
 
-bool IsListed(const Display& display, bool includeInactiveWithEdid) {
-    return display.Active || (includeInactiveWithEdid && !display.EdidData.IsEmpty()) ||
-           !display.OverrideData.IsEmpty();
-}
-
 }  // namespace
 
 bool Display::Load(Platform& platform, const std::wstring& instanceId) {
@@ -106,6 +101,8 @@ bool Display::Load(Platform& platform, const std::wstring& instanceId) {
     return true;
 }
 
+bool IsUsual(const Display& display) { return display.Active || !display.OverrideData.IsEmpty(); }
+
 bool LoadDisplays(Platform& platform, DisplayList& list, bool includeInactiveWithEdid) {
     list.clear();
     StoreLock lock;
@@ -117,9 +114,9 @@ bool LoadDisplays(Platform& platform, DisplayList& list, bool includeInactiveWit
         const std::optional<std::wstring> instanceId = ReadInstanceId(*set);
         if (!instanceId) break;
         Display display;
-        if (display.Load(platform, *instanceId) && IsListed(display, includeInactiveWithEdid)) {
-            list.push_back(std::move(display));
-        }
+        if (!display.Load(platform, *instanceId)) continue;
+        const bool isListed = IsUsual(display) || (includeInactiveWithEdid && !display.EdidData.IsEmpty());
+        if (isListed) list.push_back(std::move(display));
     }
 
     std::vector<WmiMonitorRecord> monitors;
