@@ -32,6 +32,19 @@ public:
         PressAll(window);
     }
 
+    // The same with each of the main window's displays.
+    void BeginWithEachDisplay(UI::Window& window) {
+        UI::Controls::ComboBox* choice = nullptr;
+        for (UI::Control* control : window.GetControls()) {
+            if (!choice) choice = dynamic_cast<UI::Controls::ComboBox*>(control);
+        }
+        for (int i = 0; i < choice->GetCount(); ++i) {
+            choice->SetSelection(i);
+            choice->DispatchNotification(UI::Controls::ComboBox::SelectionChanged);
+            Begin(window, "MainWindow-" + std::to_string(i));
+        }
+    }
+
     // The next form that opens, unless its class was seen; it is cancelled.
     void BeginNext() {
         post([this] {

@@ -1,30 +1,16 @@
 #include "tests/editor_qt/desktop.h"
 
-#include <QApplication>
 #include <QPixmap>
-#include <gtest/gtest.h>
 #include <utility>
 
+#include "tests/ui/qt/session_environment.h"
 #include "ui/qt/platform.h"
-#include "ui/session.h"
 
 namespace Testing {
 
 namespace {
 
-class Desktop : public testing::Environment {
-public:
-    void SetUp() override {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-        session = std::make_unique<UI::Session>();
-    }
-    void TearDown() override { session.reset(); }
-
-private:
-    std::unique_ptr<UI::Session> session;
-};
-
-const auto* const environment = testing::AddGlobalTestEnvironment(new Desktop);
+const auto* const environment = testing::AddGlobalTestEnvironment(new SessionEnvironment);
 
 }  // namespace
 

@@ -119,14 +119,7 @@ TEST_P(FormsInQt, ShowTheirControlsWholeApartAndToEveryReader) {
     FormTour tour([&next](auto step) { next.Set(std::move(step)); },
                   [this](UI::Window& form, const std::string& name) { Look(form, name); });
     next.Set([&] {
-        auto* choice = dynamic_cast<UI::Controls::ComboBox*>(
-            *std::find_if(window.GetControls().begin(), window.GetControls().end(),
-                          [](UI::Control* control) { return control->GetKind() == UI::ControlKind::ComboBox; }));
-        for (int i = 0; i < choice->GetCount(); ++i) {
-            choice->SetSelection(i);
-            choice->DispatchNotification(UI::Controls::ComboBox::SelectionChanged);
-            tour.Begin(window, "MainWindow-" + std::to_string(i));
-        }
+        tour.BeginWithEachDisplay(window);
         UI::EndRun(UI::IdCancel);
     });
     EXPECT_EQ(window.Run(), UI::IdCancel);

@@ -8,8 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/ui/conformance/adapter.h"
+#include "tests/ui/qt/session_environment.h"
 #include "ui/qt/platform.h"
-#include "ui/session.h"
 
 namespace Conformance {
 
@@ -17,19 +17,7 @@ using UI::Widgets::Find;
 
 namespace {
 
-class Desktop : public testing::Environment {
-public:
-    void SetUp() override {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-        session = std::make_unique<UI::Session>();
-    }
-    void TearDown() override { session.reset(); }
-
-private:
-    std::unique_ptr<UI::Session> session;
-};
-
-const auto* const environment = testing::AddGlobalTestEnvironment(new Desktop);
+const auto* const environment = testing::AddGlobalTestEnvironment(new SessionEnvironment);
 
 void ProcessAll() { QApplication::processEvents(); }
 
