@@ -96,8 +96,15 @@ void AnyWindow::AddOkAndCancel() {
     BindCancel(*cancel);
 }
 
+void AnyWindow::LayOutAnew() {
+    if (!isLaidOut) return;
+    isLaidOut = false;
+    Update();
+}
+
 int AnyWindow::RunForm() {
     AddOkAndCancel();
+    NameCells();
     isLaidOut = false;
     Update();
     Center();
@@ -111,6 +118,7 @@ void AnyWindow::Update() {
     const bool canConfirm = CanConfirm() && !HasBadText();
     if (ok->IsEnabled() != canConfirm) ok->SetEnabled(canConfirm);
     ok->SetDefault(canConfirm);
+    Explain();
     if (!changed) return;
     isLaidOut = true;
     Forms::BottomButtons buttons{{}, {ok.get(), cancel.get()}};
@@ -173,6 +181,98 @@ bool AnyWindow::UpdateCell(Forms::Cell& cell, bool isVisible) {
     cell.IsVisible = isVisible;
     cell.Refresh(cell.State);
     return changed;
+}
+
+namespace {
+
+// Without the colon that parts a label from its box.
+std::wstring GetLabel(std::wstring text) {
+    while (!text.empty() && (text.back() == L':' || text.back() == L' ')) text.pop_back();
+    return text;
+}
+
+// "Red x: 0 to 1"
+std::wstring Join(const std::wstring& name, const std::wstring& text) {
+    return name.empty() || text.empty() ? name + text : name + L": " + text;
+}
+
+// A label says what stands behind it; one behind a box is its unit.
+bool IsUnit(const Forms::Row& row, std::size_t cell) {
+    return row.Cells[cell]->IsPart && cell > 0 && !row.Cells[cell - 1]->IsPart;
+}
+
+bool HasLabelsOnly(const Forms::Row& row) {
+    return std::all_of(row.Cells.begin(), row.Cells.end(), [](const auto& cell) { return cell->IsPart; });
+}
+
+}  // namespace
+
+void AnyWindow::NameCells() {
+    for (const auto& group : groups) {
+        const Forms::Row* headings = nullptr;
+        std::wstring rowLabel;
+        for (const auto& row : group->Rows) {
+            if (HasLabelsOnly(*row)) {
+                if (group->IsAligned && row->Cells.size() > 1) headings = row.get();
+                continue;
+            }
+            if (!row->Labels.empty()) rowLabel = GetLabel(row->Labels.front()->GetControl().GetText());
+            std::wstring label = rowLabel;
+            int column = 0;
+            for (std::size_t i = 0; i < row->Cells.size(); ++i) {
+                Forms::Cell& cell = *row->Cells[i];
+                const int begin = column;
+                column += cell.Span;
+                UI::Control& control = cell.GetControl();
+                if (cell.IsPart && !IsUnit(*row, i)) label = GetLabel(control.GetText());
+                if (cell.IsPart || control.GetKind() == UI::ControlKind::Button) continue;
+                std::wstring name = label;
+                int end = 0;
+                for (std::size_t h = 0; headings && h < headings->Cells.size(); ++h) {
+                    const int start = end;
+                    end += headings->Cells[h]->Span;
+                    if (begin >= start && begin < end)
+                        name += (name.empty() ? L"" : L" ") + headings->Cells[h]->GetControl().GetText();
+                }
+                // Without a label it is called by the group's caption, which may change.
+                control.SetName(name);
+            }
+        }
+    }
+}
+
+std::wstring AnyWindow::Explain(const Forms::Row& row, std::size_t index,
+                                const std::vector<FieldLimits>& limits) const {
+    const Forms::Cell& cell = *row.Cells[index];
+    if (!cell.Explain) return L"Not possible here";
+    std::wstring unit;
+    if (index + 1 < row.Cells.size() && IsUnit(row, index + 1)) unit = row.Cells[index + 1]->GetControl().GetText();
+    const auto found =
+        std::find_if(limits.begin(), limits.end(), [&](const FieldLimits& of) { return of.name == cell.Field; });
+    const std::wstring text = cell.Explain(found != limits.end() ? &found->proper : nullptr, unit);
+    return text.empty() ? L"Not possible here" : text;
+}
+
+void AnyWindow::Explain() {
+    std::wstring first;
+    std::vector<FieldLimits> limits;
+    for (const auto& group : groups) {
+        for (const auto& row : group->Rows) {
+            for (std::size_t i = 0; i < row->Cells.size(); ++i) {
+                Forms::Cell& cell = *row->Cells[i];
+                if (cell.IsPart) continue;
+                std::wstring hint;
+                if (!cell.State.IsValid && cell.IsVisible) {
+                    if (limits.empty()) limits = GetFieldLimits();
+                    hint = Explain(*row, i, limits);
+                    if (first.empty()) first = Join(cell.GetControl().GetName(), hint);
+                }
+                cell.GetControl().SetHint(hint);
+            }
+        }
+    }
+    if (first.empty()) first = HasRoom("Size") ? L"These values do not go together" : L"No space left";
+    ok->SetHint(ok->IsEnabled() ? L"" : first);
 }
 
 bool AnyWindow::HasBadText() const {

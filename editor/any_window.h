@@ -93,8 +93,16 @@ protected:
     // Shows what the form's copy holds and runs until the form is confirmed (1) or cancelled (2).
     int RunForm();
 
+    // After a change of the scale or the theme.
+    void LayOutAnew() override;
+
 private:
     void AddOkAndCancel();
+    // What a screen reader calls each control: the label of its row, with the heading of its column.
+    void NameCells();
+    // The hints of what is red and of an OK that is closed.
+    void Explain();
+    std::wstring Explain(const Forms::Row& row, std::size_t cell, const std::vector<VNT::FieldLimits>& limits) const;
     // Each is true if what is visible changed.
     bool UpdateGroup(Forms::Group& group);
     bool UpdateRow(Forms::Row& row, bool isVisible, bool& isValid, bool& isAvailable);

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "editor/list_controls.h"
+#include "model/core/field_sink.h"
 #include "ui/controls.h"
 #include "ui/window.h"
 
@@ -39,6 +40,8 @@ public:
     virtual void Place(int x, int y, int width, int height) = 0;
     virtual void SetVisible(bool visible) = 0;
     virtual void Refresh(const FieldState& state) = 0;
+    // The one that a hint and a name are about.
+    virtual UI::Control& GetControl() = 0;
 
     std::string_view Field;      // its name in the item's status; empty for what shows no field
     bool Stretches = false;      // takes what the row has left
@@ -52,6 +55,8 @@ public:
     Condition EnabledIf;
     Condition VisibleIf;
     Callback OnChange;  // runs between an input and the refresh that follows it
+    // Of a box that is red: why, by the limits of its field where the item lists them. Null where its form says why.
+    std::function<std::wstring(const VNT::AnyLimits* limits, const std::wstring& unit)> Explain;
 };
 
 template <class C>
@@ -77,6 +82,8 @@ public:
         if (Control.IsEnabled() != state.IsAvailable) Control.SetEnabled(state.IsAvailable);
     }
 
+    UI::Control& GetControl() override { return Control; }
+
     C Control;
     std::vector<std::wstring> Sizing;  // the texts that it must show whole
     int Lines = 1;
@@ -94,6 +101,7 @@ public:
     void Place(int x, int y, int width, int height) override { Controls.Place(x, y, width, height); }
     void SetVisible(bool visible) override { Controls.SetVisible(visible); }
     void Refresh(const FieldState& state) override { Editor->Update(state.IsAvailable); }
+    UI::Control& GetControl() override { return Controls.ListBox; }
 
     ListControls Controls;
     std::unique_ptr<ListEditor> Editor;

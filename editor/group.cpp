@@ -1,5 +1,7 @@
 #include "editor/group.h"
 
+#include "editor/field_hint.h"
+
 namespace Forms {
 
 using namespace VNT;
@@ -114,6 +116,10 @@ void GroupWriter::ShowText(TextCell& cell, const AnyField& field, const FieldFor
             if (!hasSentinel) cell.IsBadText = !parsed;
             if (cell.OnChange) cell.OnChange();
         });
+    cell.Explain = [&cell, field, format](const AnyLimits* limits, const std::wstring& unit) {
+        if (cell.IsBadText || IsBad(field)) return DescribeBadText(format);
+        return limits ? DescribeLimits(*limits, format, unit) : std::wstring();
+    };
     cell.Show = [&cell, field, format](const FieldState& state) {
         AnyWindow::SetText(cell.Control, PrintField(field, format), state, cell.IsBadText || IsBad(field));
     };

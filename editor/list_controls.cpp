@@ -75,6 +75,7 @@ void UpdateListControls(ListControls& controls, int count, bool hasRoom, bool en
     const auto enable = [enabled](Control& control, bool usable) { control.SetEnabled(enabled && usable); };
     enable(controls.ListBox, true);
     enable(controls.AddButton, hasRoom);
+    controls.AddButton.SetHint(enabled && !hasRoom ? L"No space left" : L"");
     enable(controls.EditButton, isItem);
     enable(controls.DeleteButton, isItem);
     enable(controls.DeleteAllButton, count > 0);

@@ -14,7 +14,8 @@ Button::Button(Window& window, const std::wstring& text)
     });
     AddResultHandler(Message::KeyDown, [this](WParam wParam, LParam lParam) -> MessageResult {
         if (wParam != static_cast<WParam>(Key::Return)) return CallPrevious(Message::KeyDown, wParam, lParam);
-        DispatchNotification(Clicked);
+        // One press is one click, however long it takes.
+        if (!IsHeld(lParam)) DispatchNotification(Clicked);
         return 0;
     });
     Native::Attach(*this);

@@ -129,9 +129,36 @@ void Control::StoreSize(int newWidth, int newHeight) {
     height = newHeight;
 }
 
+void Control::SetHint(const std::wstring& newHint) {
+    if (newHint == hint) return;
+    hint = newHint;
+    Native::Describe(handle);
+}
+
+void Control::SetName(const std::wstring& newName) {
+    if (newName == name) return;
+    name = newName;
+    Native::Describe(handle);
+}
+
+std::wstring Control::GetName() const {
+    if (!name.empty()) return name;
+    if (kind == ControlKind::Button || kind == ControlKind::Static) return text;
+    std::wstring label;
+    for (const Control* control : window.controls) {
+        if (control == this) break;
+        if (control->kind == ControlKind::Static && !control->text.empty()) label = control->text;
+    }
+    return label;
+}
+
 void Control::ApplyLook(const Font& newFont) {
-    font = newFont;
     if (IsWindows10OrGreater()) Native::SetDarkParts(handle, IsDarkMode(window.GetStyle()));
+    ChangeFont(newFont);
+}
+
+void Control::ChangeFont(const Font& newFont) {
+    font = newFont;
     Native::ApplyFont(handle, font);
     Redraw();
 }

@@ -72,6 +72,16 @@ public:
     virtual void TakeFocusByKeyboard();
     // The size that shows `text` whole, in this control's font and with its paddings.
     virtual Size Measure(std::wstring_view text) const;
+    // Why it is as it is: a line for the pointer that rests on it and for a screen reader; empty for none. Changes no
+    // layout and raises no box.
+    void SetHint(const std::wstring& newHint);
+    const std::wstring& GetHint() const { return hint; }
+    // What a screen reader calls it: the name that it was given, else its own text, else that of the label or caption
+    // that it stands behind.
+    std::wstring GetName() const;
+    void SetName(const std::wstring& newName);
+    const std::wstring& GetGivenName() const { return name; }
+
     // Takes this control's part of the table.
     virtual void ApplyStyle(const StyleTable& table);
 
@@ -89,6 +99,8 @@ protected:
     void StoreSize(int newWidth, int newHeight);
     // The font, and the standard parts in the window's theme; redraws.
     void ApplyLook(const Font& newFont);
+    // The font alone; redraws.
+    void ChangeFont(const Font& newFont);
 
 private:
     LiveResource live{Resource::Control};
@@ -99,6 +111,8 @@ private:
     int width = 0;
     int height = 0;
     std::wstring text;
+    std::wstring name;
+    std::wstring hint;
     unsigned style;
     HandlerTable<MessageHandler> MessageHandlers;
     HandlerTable<ResultHandler> ResultHandlers;

@@ -61,7 +61,7 @@ bool GroupBox::PlaceAfter(Control& other) {
 void GroupBox::SetValidStyle(bool valid) {
     if (valid == validStyle) return;
     validStyle = valid;
-    ApplyLook(GetStyle().Caption.Font);
+    ChangeFont(GetStyle().Caption.Font);
     SetRect(GetX(), GetY(), GetWidth(), GetHeight());
 }
 

@@ -1,11 +1,53 @@
 #include "ui/item_lists.h"
 
+#include <algorithm>
+#include <cwctype>
+
+#include "ui/message.h"
 #include "ui/native.h"
 
 namespace UI::Controls {
 
 AnyItemList::AnyItemList(Window& window, ControlKind kind, unsigned style) : AnyHotControl(window, kind, L"", style) {
     RedrawWithFocus();
+    AddResultHandler(Message::Char, [this](WParam wParam, LParam lParam) -> MessageResult {
+        constexpr WParam space = L' ';
+        if (wParam < space || (wParam == space && typed.empty())) return CallPrevious(Message::Char, wParam, lParam);
+        GoToTyped(static_cast<wchar_t>(wParam));
+        return 0;
+    });
+}
+
+void AnyItemList::GoToTyped(wchar_t c) {
+    const int selected = GetSelection();
+    if (selected != typedRow) typed.clear();
+    std::wstring text = typed + c;
+    int row = typed.empty() ? NoSelection : FindRow(text, selected);
+    if (row == NoSelection) {
+        text.assign(1, c);
+        row = FindRow(text, selected + 1);
+    }
+    if (row == NoSelection) return;
+    typed = text;
+    typedRow = row;
+    if (row == selected) return;
+    SetSelection(row);
+    DispatchNotification(SelectionChanged);
+    typedRow = GetSelection();
+}
+
+int AnyItemList::FindRow(const std::wstring& text, int from) const {
+    const auto begins = [&text](const std::wstring& item) {
+        return item.size() >= text.size() &&
+               std::equal(text.begin(), text.end(), item.begin(), [](wchar_t a, wchar_t b) {
+                   return std::towlower(static_cast<std::wint_t>(a)) == std::towlower(static_cast<std::wint_t>(b));
+               });
+    };
+    for (int i = 0; i < GetCount(); ++i) {
+        const int row = (std::max(from, 0) + i) % GetCount();
+        if (begins(GetItemText(row))) return row;
+    }
+    return NoSelection;
 }
 
 int AnyItemList::GetSelection() const { return Native::GetSelectedItem(*this); }

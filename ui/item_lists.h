@@ -34,6 +34,13 @@ protected:
 private:
     bool HasItem(int index) const { return index >= 0 && index < GetCount(); }
     void EraseItem(int index);
+    // Selects the next row that begins with what was typed, as long as typing goes on; else with the last character.
+    void GoToTyped(wchar_t c);
+    // The first row from `from` on, and around, that begins with `text` in capitals or not; -1 when there is none.
+    int FindRow(const std::wstring& text, int from) const;
+
+    std::wstring typed;
+    int typedRow = NoSelection;  // that typing led to: typing goes on while it stays selected
 
     std::vector<std::wstring> texts;
     std::vector<Font> fonts;

@@ -2,6 +2,8 @@
 // backend translates them; `ui/win32` asserts each of them against its own headers.
 #pragma once
 
+#include "ui/types.h"
+
 namespace UI {
 
 namespace Message {
@@ -11,6 +13,8 @@ constexpr int KillFocus = 0x08;
 constexpr int SetText = 0x0C;
 constexpr int Paint = 0x0F;
 constexpr int Close = 0x10;
+constexpr int SystemColorsChanged = 0x15;
+constexpr int SettingsChanged = 0x1A;
 constexpr int GetMinMaxInfo = 0x24;
 constexpr int DrawItem = 0x2B;
 constexpr int WindowPosChanged = 0x47;
@@ -29,6 +33,7 @@ constexpr int LeftButtonUp = 0x202;
 constexpr int LeftButtonDoubleClick = 0x203;
 constexpr int MouseLeave = 0x2A3;
 constexpr int DpiChanged = 0x2E0;
+constexpr int ThemeChanged = 0x31A;
 constexpr int User = 0x400;  // first number that no system message has
 }  // namespace Message
 
@@ -50,6 +55,12 @@ enum class Key : int {
     Delete = 0x2E,
     F4 = 0x73,
 };
+
+// Whether a `KeyDown` with this second parameter comes of a key that was down already.
+constexpr bool IsHeld(LParam lParam) {
+    constexpr unsigned wasDown = 0x40000000;
+    return HasFlag(static_cast<unsigned>(lParam), wasDown);
+}
 
 // Answers to `GetDialogCode`: which keys the control wants for itself.
 namespace DialogCode {

@@ -22,6 +22,7 @@ namespace UI::Native {
 // `CallDefault`.
 bool AddWindowClass(const std::wstring& className);
 void RemoveWindowClass(const std::wstring& className);
+// Hidden, of no size, with its corner at that of `parent`, so that it has the scale of the monitor there.
 Handle CreateTopWindow(const std::wstring& className, const std::wstring& title, unsigned style, unsigned extendedStyle,
                        Handle parent);  // null on failure
 struct Child {
@@ -68,7 +69,10 @@ Rect GetWindowPlace(Handle handle);  // on the screen
 Size GetClientSize(Handle handle);
 // The window size around a client area.
 std::optional<Size> GetFrameSize(Size client, unsigned style, unsigned extendedStyle, int dpi);
-std::optional<Rect> GetWorkArea();
+// What the task bar leaves of the monitor that most of the window stands on, or that is nearest to it.
+std::optional<Rect> GetWorkArea(Handle handle);
+// The place that the system proposes in a `DpiChanged` message.
+std::optional<Rect> GetProposedPlace(LParam lParam);
 
 // State.
 // Sends `Message::SetText`; true when it answered 1. Lines end with "\n" here and in `GetText`.
@@ -88,6 +92,9 @@ void SetTabStop(Handle handle, bool stop);
 bool IsTabStop(Handle handle);
 // One `Message::MouseLeave` will come when the pointer leaves.
 void TrackMouseLeave(Handle handle);
+// The control's name (`Control::GetName`) or hint (`Control::GetHint`) is another. A screen reader reads the one as its
+// name and the other as its description; the hint also shows when the pointer rests on the control, enabled or not.
+void Describe(Handle handle);
 
 // Loop until the next `EndRun`; dialog keys are those of the window. The window is visible while it runs.
 int RunLoop(Handle handle);
@@ -99,7 +106,8 @@ void Select(Handle handle, int begin, int end);
 void GetSelection(Handle handle, int& begin, int& end);
 // After a change of font: margins and text rectangle anew.
 void ResetTextMargins(Handle handle);
-// Items of a list box or combo box: the system has no texts of them. All but the last three answer by the kind.
+// Items of a list box or combo box: their texts are the control's, and the system has them for others. All but the last
+// three answer by the kind.
 int GetSelectedItem(const Controls::AnyItemList& list);
 void SetSelectedItem(const Controls::AnyItemList& list, int index);  // -1 for none
 bool InsertItem(const Controls::AnyItemList& list, int index);

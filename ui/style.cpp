@@ -1,6 +1,7 @@
 #include "ui/style.h"
 
 #include "ui/native.h"
+#include "ui/window.h"
 
 namespace UI {
 
@@ -230,6 +231,20 @@ StyleTable BuildStyleTable(int dpi, Theme theme) { return Builder(dpi, theme).ta
 
 StyleTable BuildStyleTable(int dpi) {
     return imposed ? BuildStyleTable(imposed->Dpi, imposed->Theme) : BuildStyleTable(dpi, ChooseTheme());
+}
+
+StyleTable BuildStyleTable(int dpi, const UI::Window* parent) {
+    if (!parent) return BuildStyleTable(dpi);
+    return BuildStyleTable(imposed ? imposed->Dpi : dpi, parent->GetStyle().Theme);
+}
+
+bool LooksAlike(const StyleTable& a, const StyleTable& b) {
+    return a.Theme == b.Theme && a.Metrics == b.Metrics && a.NormalFont.GetSpec() == b.NormalFont.GetSpec() &&
+           a.WindowBackground == b.WindowBackground && a.Label.Text == b.Label.Text &&
+           a.Label.DisabledText == b.Label.DisabledText && a.Button.States == b.Button.States &&
+           a.UncheckedBox.Box == b.UncheckedBox.Box && a.TextBox.States == b.TextBox.States &&
+           a.ListBox.SelectedText == b.ListBox.SelectedText &&
+           a.ListBox.SelectedBackground == b.ListBox.SelectedBackground;
 }
 
 void SetAppearance(const std::optional<Appearance>& appearance) { imposed = appearance; }

@@ -182,6 +182,12 @@ StyleTable BuildStyleTable(int dpi, Theme theme);
 // The table of the theme that the system asks for now, or what `SetAppearance` put in its place.
 StyleTable BuildStyleTable(int dpi);
 
+// The table of a window on `parent`: in the parent's theme, so that no two are mixed.
+StyleTable BuildStyleTable(int dpi, const Window* parent);
+
+// Whether the two differ in nothing but the fonts' objects.
+bool LooksAlike(const StyleTable& a, const StyleTable& b);
+
 // What new windows look like whatever the system asks for, so that pictures can be taken of them; nothing for the
 // system's wishes again.
 struct Appearance {

@@ -55,7 +55,7 @@ void TextBox::GetSelection(int& begin, int& end) const { Native::GetSelection(Ge
 void TextBox::SetValidStyle(bool valid) {
     if (valid == validStyle) return;
     validStyle = valid;
-    ApplyLook(GetStyle().Font);
+    ChangeFont(GetStyle().Font);
     Native::ResetTextMargins(GetHandle());
 }
 

@@ -36,7 +36,7 @@ Window::Window(Window* parent, const std::wstring& className, const std::wstring
     Native::LoadIcons(handle, dpi, icon, smallIcon);
     AddStandardHandlers();
     Native::Attach(*this);
-    ApplyTheme(*this, BuildStyleTable(dpi));
+    ApplyTheme(*this, BuildStyleTable(dpi, parent));
     Native::SetObject(handle, this);
     StorePlace();
 }
@@ -63,7 +63,25 @@ void Window::AddStandardHandlers() {
         return MessageResult{0};
     });
     AddMessageHandler(Message::WindowPosChanged, [this](WParam, LParam) { StorePlace(); });
-    AddMessageHandler(Message::DpiChanged, [this](WParam, LParam) { dpi = Native::GetDpi(handle); });
+    AddMessageHandler(Message::DpiChanged, [this](WParam, LParam lParam) {
+        dpi = Native::GetDpi(handle);
+        // Where the system wants it, so that it is on the other monitor for good.
+        if (const auto place = Native::GetProposedPlace(lParam)) {
+            Native::Move(handle, place->Left, place->Top);
+            Native::Resize(handle, place->Right - place->Left, place->Bottom - place->Top);
+        }
+        Restyle();
+    });
+    // Each window hears of these for itself, the ones behind a modal window too.
+    for (int message : {Message::SettingsChanged, Message::SystemColorsChanged, Message::ThemeChanged})
+        AddMessageHandler(message, [this](WParam, LParam) { Restyle(); });
+}
+
+void Window::Restyle() {
+    const StyleTable now = BuildStyleTable(dpi);
+    if (LooksAlike(now, table)) return;
+    ApplyTheme(*this, now);
+    LayOutAnew();
 }
 
 MessageResult Window::HandleCommand(WParam wParam, LParam lParam) {
@@ -131,16 +149,17 @@ bool Window::SetClientSize(int newWidth, int newHeight) {
 bool Window::SetPosition(int newX, int newY) { return Native::Move(handle, newX, newY); }
 
 void Window::Center() {
-    Rect around{};
-    if (parent) {
-        around = {parent->x, parent->y, parent->x + parent->width, parent->y + parent->height};
-    } else if (const auto workArea = Native::GetWorkArea()) {
-        around = *workArea;
-    } else {
-        return;
+    const auto workArea = Native::GetWorkArea(parent ? parent->handle : handle);
+    if (!parent && !workArea) return;
+    const Rect around =
+        parent ? Rect{parent->x, parent->y, parent->x + parent->width, parent->y + parent->height} : *workArea;
+    int left = around.Left + (around.Right - around.Left - width) / 2;
+    int top = around.Top + (around.Bottom - around.Top - height) / 2;
+    if (workArea) {
+        left = std::max(workArea->Left, std::min(left, workArea->Right - width));
+        top = std::max(workArea->Top, std::min(top, workArea->Bottom - height));
     }
-    SetPosition(around.Left + (around.Right - around.Left - width) / 2,
-                std::max(0, around.Top + (around.Bottom - around.Top - height) / 2));
+    SetPosition(left, top);
 }
 
 void Window::AddMessageHandler(int message, MessageHandler handler) {

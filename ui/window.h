@@ -40,7 +40,8 @@ public:
     bool SetClientSize(int width, int height);
     // Pixels on the screen.
     bool SetPosition(int x, int y);
-    // On the parent, or in the work area of the screen when there is none; the top is never above 0.
+    // On the parent, or in the work area when there is none; all of it within the work area of the parent's monitor, or
+    // its left and upper edge when it is larger.
     void Center();
 
     void AddMessageHandler(int message, MessageHandler handler);
@@ -72,6 +73,10 @@ public:
     void Redraw();
     // In Tab order.
     const std::vector<Control*>& GetControls() const { return controls; }
+
+protected:
+    // What follows a new style table: the size that the controls need now.
+    virtual void LayOutAnew() {}
 
 private:
     friend class Control;
@@ -105,6 +110,8 @@ private:
     };
 
     void AddStandardHandlers();
+    // The style table of now, should it differ from the window's.
+    void Restyle();
     MessageResult HandleCommand(WParam wParam, LParam lParam);
     void StorePlace();
     void FocusFirst();

@@ -30,6 +30,20 @@ std::set<std::wstring> ReadFormNames() {
     return names;
 }
 
+// A control that a screen reader has no name for, a red box that does not say why, a closed OK that doesn't either.
+std::wstring FindSpeechless(const UI::Window& form) {
+    for (const UI::Control* control : form.GetControls()) {
+        if (!control->IsVisible()) continue;
+        if (control->GetKind() != UI::ControlKind::Static && control->GetName().empty())
+            return L"no name behind \"" + control->GetText() + L"\"";
+        const auto* box = dynamic_cast<const UI::Controls::TextBox*>(control);
+        if (box && box->HasValidStyle() != box->GetHint().empty()) return L"\"" + box->GetName() + L"\" is red";
+        const auto* button = dynamic_cast<const UI::Controls::Button*>(control);
+        if (button && button->GetText() == L"OK" && button->IsEnabled() != button->GetHint().empty()) return L"OK";
+    }
+    return {};
+}
+
 class EveryForm : public testing::TestWithParam<int> {
 protected:
     void SetUp() override { driver.GetSystem().Dpi = GetParam(); }
@@ -41,9 +55,11 @@ TEST_P(EveryForm, CanBeReachedAndShowsItsControlsWholeAndApart) {
     MainWindow window(
         {MakeDisplay(L"DISPLAY\\A\\1", MakeEdid("AAA", "FIRST")), MakeDisplay(L"DISPLAY\\B\\2", MakeEdid("BBB", ""))});
     auto& script = UI::Headless::GetDesktop().Script;
-    FormTour tour(
-        [&script](auto step) { script.push_front(std::move(step)); },
-        [](UI::Window& form, const std::string& name) { EXPECT_EQ(VNT::Testing::FindMisplaced(form), L"") << name; });
+    FormTour tour([&script](auto step) { script.push_front(std::move(step)); },
+                  [](UI::Window& form, const std::string& name) {
+                      EXPECT_EQ(VNT::Testing::FindMisplaced(form), L"") << name;
+                      EXPECT_EQ(FindSpeechless(form), L"") << name;
+                  });
     driver.Then([&] {
         tour.Begin(window, "one");
         driver.Choose(driver.Find<UI::Controls::ComboBox>(L"Display:"), 1);

@@ -89,17 +89,32 @@ TEST_F(ThemeChoice, ReadsHighContrastColoursWhenTheTableIsBuilt) {
     EXPECT_EQ(BuildStyleTable(96).WindowBackground, 0x445566u);
 }
 
-TEST_F(ThemeChoice, LeavesTheLayoutWhenTheDpiChanges) {
+TEST_F(ThemeChoice, IsFollowedByOpenWindowsAtOnceAndByAForm) {
     Window window(nullptr, L"ThemeWindow", L"Theme");
-    EXPECT_EQ(window.GetDpi(), 96);
+    Controls::TextBox box(window);
+    system.SetTheme(Theme::Dark);
+    // A form that opens before the switch is told keeps to the window that it stands on.
+    Window form(&window, L"ThemeForm", L"Form");
+    EXPECT_EQ(form.GetStyle().Theme, Theme::Light);
+    for (Window* each : {&window, &form}) Native::Send(each->GetHandle(), Message::SettingsChanged, 0, 0);
+    EXPECT_EQ(window.GetStyle().Theme, Theme::Dark);
+    EXPECT_EQ(form.GetStyle().Theme, Theme::Dark);
+    EXPECT_EQ(box.GetStyle(), window.GetStyle().TextBox);
+    system.SetTheme(Theme::HighContrast);
+    Native::Send(window.GetHandle(), Message::ThemeChanged, 0, 0);
+    EXPECT_EQ(window.GetStyle().Theme, Theme::HighContrast);
+    system.Colors[SystemColor::ButtonFace] = 0x123456;
+    Native::Send(window.GetHandle(), Message::SystemColorsChanged, 0, 0);
+    EXPECT_EQ(window.GetStyle().WindowBackground, 0x123456u);
+}
+
+TEST_F(ThemeChoice, ThatStaysRestylesNothing) {
+    Window window(nullptr, L"ThemeWindow", L"Theme");
     const StyleTable before = window.GetStyle();
-    system.Dpi = 144;
-    EXPECT_EQ(window.GetDpi(), 96);
-    Native::Send(window.GetHandle(), Message::DpiChanged, 0, 0);
-    EXPECT_EQ(window.GetDpi(), 144);
-    EXPECT_EQ(window.GetStyle(), before);
-    Window next(nullptr, L"NextWindow", L"Next");
-    EXPECT_EQ(next.GetStyle().Metrics.Spacing, 12);
+    for (int message :
+         {Message::SettingsChanged, Message::ThemeChanged, Message::SystemColorsChanged, Message::DpiChanged})
+        Native::Send(window.GetHandle(), message, 0, 0);
+    EXPECT_EQ(window.GetStyle(), before) << "the very fonts";
 }
 
 TEST_F(ThemeChoice, FramesAWindowAtItsDpi) {

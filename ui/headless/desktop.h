@@ -44,14 +44,22 @@ struct Look {
     bool operator==(const Look&) const = default;
 };
 
+struct Monitor {
+    Rect Place;
+    Rect WorkArea;
+    int Dpi = 96;
+};
+
 // What the system says of itself.
 struct SystemSettings {
     bool Windows10OrGreater = true;
     SystemVersion Version{10, 0, 19045};
     bool HighContrast = false;
     bool PrefersDark = false;
+    // Of the primary monitor, which has all the room that is no other's.
     int Dpi = 96;
     std::optional<Rect> WorkArea = Rect{0, 0, 1920, 1040};
+    std::vector<Monitor> OtherMonitors;
     std::map<SystemColor, Color> Colors;  // others have the colours of a black contrast theme
 
     void SetTheme(Theme theme);

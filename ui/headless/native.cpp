@@ -37,9 +37,33 @@ NativeWindow* Add(Handle parent) {
     return window;
 }
 
+// The one that the window's middle stands on; null for the primary one.
+const Headless::Monitor* FindMonitor(const NativeWindow& window) {
+    const Rect& place = window.Place;
+    const int x = (place.Left + place.Right) / 2;
+    const int y = (place.Top + place.Bottom) / 2;
+    for (const Headless::Monitor& monitor : GetDesktop().System.OtherMonitors) {
+        const Rect& all = monitor.Place;
+        if (x >= all.Left && x < all.Right && y >= all.Top && y < all.Bottom) return &monitor;
+    }
+    return nullptr;
+}
+
 void ChangePlace(NativeWindow& window, const Rect& place) {
+    const int dpi = GetDpi(&window);
     window.Place = place;
-    if (window.IsTop()) Send(&window, Message::WindowPosChanged, 0, 0);
+    if (!window.IsTop()) return;
+    Send(&window, Message::WindowPosChanged, 0, 0);
+    const int newDpi = GetDpi(&window);
+    if (newDpi == dpi) return;
+    // Like the system: the same place, as large there as it was here.
+    const int width = (place.Right - place.Left) * newDpi / dpi;
+    const int height = (place.Bottom - place.Top) * newDpi / dpi;
+    Rect proposed = place;
+    proposed.Left += (place.Right - place.Left - width) / 2;
+    proposed.Right = proposed.Left + width;
+    proposed.Bottom = proposed.Top + height;
+    Send(&window, Message::DpiChanged, 0, reinterpret_cast<LParam>(&proposed));
 }
 
 bool IsInside(Handle handle, const NativeWindow& top) { return handle && (handle == &top || handle->Parent == &top); }
@@ -54,6 +78,7 @@ Handle CreateTopWindow(const std::wstring&, const std::wstring& title, unsigned,
     if (parent && !GetDesktop().Find(parent)) return nullptr;
     NativeWindow* window = Add(nullptr);
     window->Text = title;
+    if (parent) window->Place = {parent->Place.Left, parent->Place.Top, parent->Place.Left, parent->Place.Top};
     return window;
 }
 
@@ -162,7 +187,15 @@ Size GetClientSize(Handle handle) {
     return {std::max(0, place.Right - place.Left - frame.Width), std::max(0, place.Bottom - place.Top - frame.Height)};
 }
 
-std::optional<Rect> GetWorkArea() { return GetDesktop().System.WorkArea; }
+std::optional<Rect> GetWorkArea(Handle handle) {
+    const Headless::Monitor* monitor = FindMonitor(handle->GetTop());
+    return monitor ? monitor->WorkArea : GetDesktop().System.WorkArea;
+}
+
+std::optional<Rect> GetProposedPlace(LParam lParam) {
+    if (!lParam) return std::nullopt;
+    return *reinterpret_cast<const Rect*>(lParam);
+}
 
 bool SetText(Handle handle, const std::wstring& text) {
     return Send(handle, Message::SetText, 0, reinterpret_cast<LParam>(text.c_str())) == 1;
@@ -221,6 +254,7 @@ bool ShowsFocus(Handle handle) { return handle->GetTop().ShowsFocus; }
 void SetTabStop(Handle handle, bool stop) { handle->IsTabStop = stop; }
 bool IsTabStop(Handle handle) { return handle->IsTabStop; }
 void TrackMouseLeave(Handle handle) { handle->TracksPointer = true; }
+void Describe(Handle) {}  // a test asks the control
 
 int RunLoop(Handle handle) {
     Desktop& desktop = GetDesktop();
@@ -323,7 +357,11 @@ void LoadIcons(Handle, int, std::shared_ptr<NativeIcon>& icon, std::shared_ptr<N
     smallIcon = std::make_shared<NativeIcon>();
 }
 
-int GetDpi(Handle) { return GetDesktop().System.Dpi; }
+int GetDpi(Handle handle) {
+    const Headless::Monitor* monitor = FindMonitor(handle->GetTop());
+    return monitor ? monitor->Dpi : GetDesktop().System.Dpi;
+}
+
 int GetScrollBarWidth(int dpi) { return 17 * dpi / 96; }
 void FitToDesktop(StyleTable&) {}
 

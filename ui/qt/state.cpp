@@ -90,11 +90,24 @@ std::optional<Size> GetFrameSize(Size client, unsigned, unsigned, int) {
     return Size{size.width(), size.height()};
 }
 
-std::optional<Rect> GetWorkArea() {
-    const QScreen* screen = QGuiApplication::primaryScreen();
+std::optional<Rect> GetWorkArea(Handle handle) {
+    const QScreen* screen = handle->Widget ? handle->Widget->screen() : QGuiApplication::primaryScreen();
     if (!screen) return std::nullopt;
     const QRect area = screen->availableGeometry();
     return Rect{area.left(), area.top(), area.left() + area.width(), area.top() + area.height()};
+}
+
+// The desktop scales by itself: it proposes nothing.
+std::optional<Rect> GetProposedPlace(LParam) { return std::nullopt; }
+
+void Describe(Handle handle) {
+    const NativeWindow* window = Find(handle);
+    if (!window || !window->Widget || !window->Control) return;
+    const QString hint = Widgets::ToQt(std::wstring_view(window->Control->GetHint()));
+    window->Widget->setToolTip(hint);
+    window->Widget->setAccessibleDescription(hint);
+    if (const std::wstring& name = window->Control->GetGivenName(); !name.empty())
+        window->Widget->setAccessibleName(Widgets::ToQt(std::wstring_view(name)));
 }
 
 void Redraw(Handle handle) {

@@ -71,7 +71,8 @@ void NameControls(const UI::Window& window) {
     for (const Control* control : window.GetControls()) {
         const bool isNamed = control->GetKind() == ControlKind::Static || control->GetKind() == ControlKind::Button;
         QWidget* widget = control->GetHandle()->Widget;
-        if (!isNamed && widget) widget->setAccessibleName(name);
+        const std::wstring& given = control->GetGivenName();
+        if (!isNamed && widget) widget->setAccessibleName(given.empty() ? name : ToQt(given));
         // An edge of a group box names nothing, and neither does a button: it stands behind what it is for.
         const bool names = isNamed && widget && !dynamic_cast<const Controls::Button*>(control);
         const std::wstring& text = control->GetHandle()->Text;

@@ -126,6 +126,10 @@ Handle CreateTopWindow(const std::wstring&, const std::wstring& title, unsigned 
                                                                   Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
     if (parent) widget->setWindowModality(Qt::WindowModal);
     window->Adopt(widget);
+    if (parent) {
+        window->Place = {parent->Place.Left, parent->Place.Top, parent->Place.Left, parent->Place.Top};
+        widget->move(parent->Place.Left, parent->Place.Top);
+    }
     window->Text = title;
     widget->setWindowTitle(ToQt(title));
     return window;

@@ -1,4 +1,4 @@
-// List boxes and combo boxes. The system keeps no texts of their items, only how many there are.
+// List boxes and combo boxes. The system has the texts of their items only to tell them to others.
 #include "ui/message.h"
 #include "ui/win32/platform.h"
 
@@ -25,7 +25,8 @@ void SetSelectedItem(const Controls::AnyItemList& list, int index) {
 }
 
 bool InsertItem(const Controls::AnyItemList& list, int index) {
-    return TellList(list, LB_INSERTSTRING, CB_INSERTSTRING, static_cast<WPARAM>(index)) == index;
+    return TellList(list, LB_INSERTSTRING, CB_INSERTSTRING, static_cast<WPARAM>(index),
+                    reinterpret_cast<LPARAM>(list.GetItemText(index).c_str())) == index;
 }
 
 bool RemoveItem(const Controls::AnyItemList& list, int index) {

@@ -10,6 +10,8 @@ static_assert(Message::Destroy == WM_DESTROY && Message::SetFocus == WM_SETFOCUS
 static_assert(Message::SetText == WM_SETTEXT && Message::Paint == WM_PAINT && Message::Close == WM_CLOSE);
 static_assert(Message::GetMinMaxInfo == WM_GETMINMAXINFO && Message::DrawItem == WM_DRAWITEM);
 static_assert(Message::WindowPosChanged == WM_WINDOWPOSCHANGED && Message::GetDialogCode == WM_GETDLGCODE);
+static_assert(Message::SystemColorsChanged == WM_SYSCOLORCHANGE && Message::SettingsChanged == WM_SETTINGCHANGE);
+static_assert(Message::ThemeChanged == WM_THEMECHANGED);
 static_assert(Message::KeyDown == WM_KEYDOWN && Message::KeyUp == WM_KEYUP && Message::Char == WM_CHAR);
 static_assert(Message::Command == WM_COMMAND && Message::User == WM_USER && Message::DpiChanged == WM_DPICHANGED);
 static_assert(Message::ColorEdit == WM_CTLCOLOREDIT && Message::ColorListBox == WM_CTLCOLORLISTBOX);

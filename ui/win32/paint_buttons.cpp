@@ -93,6 +93,10 @@ void AttachCheck(Controls::AnyCheckControl& control, DrawBox drawBox) {
         colors.Background = style.Background;
         return colors;
     });
+    // The class keeps no state of what others draw.
+    control.AddResultHandler(BM_GETCHECK, [&control](WParam, LParam) {
+        return static_cast<MessageResult>(control.IsChecked() ? BST_CHECKED : BST_UNCHECKED);
+    });
     control.AddResultHandler(Message::DrawItem, [&control, drawBox](WParam, LParam lParam) {
         Draw(control, GetItem(lParam).hDC, IsPressed(lParam), drawBox);
         return MessageResult{1};

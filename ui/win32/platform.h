@@ -39,6 +39,9 @@ std::wstring ReadSystemText(Handle handle);
 void KeepException() noexcept;
 void RethrowKept();
 
+// Shows the hint of the control under the pointer as a message of the mouse tells.
+void FollowPointer(HWND window, const MSG& message);
+
 // What the modal loop of `window` does with a message.
 void Process(HWND window, MSG& message);
 

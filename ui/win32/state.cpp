@@ -48,10 +48,16 @@ std::optional<Size> GetFrameSize(Size client, unsigned style, unsigned extendedS
     return Size{GetWidth(frame), GetHeight(frame)};
 }
 
-std::optional<Rect> GetWorkArea() {
-    RECT area{};
-    if (!SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0)) return std::nullopt;
-    return FromRect(area);
+std::optional<Rect> GetWorkArea(Handle handle) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    if (!GetMonitorInfoW(MonitorFromWindow(ToWindow(handle), MONITOR_DEFAULTTONEAREST), &monitor)) return std::nullopt;
+    return FromRect(monitor.rcWork);
+}
+
+std::optional<Rect> GetProposedPlace(LParam lParam) {
+    if (!lParam) return std::nullopt;
+    return FromRect(*reinterpret_cast<const RECT*>(lParam));
 }
 
 void Redraw(Handle handle) {

@@ -1,5 +1,6 @@
 // Windows and their procedures, and the modal loop.
 #include <exception>
+#include <unordered_map>
 #include <utility>
 
 #include "ui/message.h"
@@ -13,16 +14,12 @@ namespace {
 
 std::exception_ptr kept;
 
-LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+// The controls by their windows. The procedure of a window does not tell whose it is: anybody in the process may put
+// another on top, and user data mean nothing in windows of others.
+std::unordered_map<HWND, Control*> controls;
 
-// The object behind a window; `procedure` tells whose it is, for the value means nothing in windows of others.
-template <class Object>
-Object* GetObject(HWND window, WNDPROC procedure) {
-    if (!IsWindow(window) || GetWindowLongPtrW(window, GWLP_WNDPROC) != reinterpret_cast<LONG_PTR>(procedure)) {
-        return nullptr;
-    }
-    return reinterpret_cast<Object*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-}
+// The one that is being destroyed: its object is forgotten, and its class has to hear of the end.
+HWND ending = nullptr;
 
 LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (auto* object = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA))) {
@@ -38,8 +35,13 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
 }
 
 LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCDESTROY) controls.erase(window);
     auto* object = reinterpret_cast<Control*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (!object) return DefWindowProcW(window, message, wParam, lParam);
+    if (!object) {
+        if (window != ending) return DefWindowProcW(window, message, wParam, lParam);
+        const auto ofClass = reinterpret_cast<WNDPROC>(GetClassLongPtrW(window, GCLP_WNDPROC));
+        return CallWindowProcW(ofClass, window, message, wParam, lParam);
+    }
     MessageResult result = 0;
     try {
         if (object->Dispatch(static_cast<int>(message), wParam, lParam, result)) return result;
@@ -74,8 +76,23 @@ void RethrowKept() {
     if (kept) std::rethrow_exception(std::exchange(kept, nullptr));
 }
 
+namespace {
+
+// Enter or Esc that is still down from before, perhaps from the window before: no command for this one. A box of
+// several lines breaks the line again.
+bool IsHeldCommand(const MSG& message) {
+    if (message.message != WM_KEYDOWN || !IsHeld(message.lParam)) return false;
+    if (message.wParam != VK_RETURN && message.wParam != VK_ESCAPE) return false;
+    const auto wanted = static_cast<unsigned>(
+        SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message)));
+    return !HasFlag(wanted, DLGC_WANTALLKEYS);
+}
+
+}  // namespace
+
 void Process(HWND window, MSG& message) {
-    if (!IsDialogMessageW(window, &message)) {
+    FollowPointer(window, message);
+    if (!IsHeldCommand(message) && !IsDialogMessageW(window, &message)) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
@@ -105,11 +122,17 @@ void RemoveWindowClass(const std::wstring& className) {
 Handle CreateTopWindow(const std::wstring& className, const std::wstring& title, unsigned style, unsigned extendedStyle,
                        Handle parent) {
     // Clipped, so that painting the window never touches the pixels of a control.
-    return ToHandle(CreateWindowExW(extendedStyle, className.c_str(), title.c_str(), style | WS_CLIPCHILDREN, 0, 0, 0,
-                                    0, ToWindow(parent), nullptr, GetModuleHandleW(nullptr), nullptr));
+    RECT place{};
+    if (parent) GetWindowRect(ToWindow(parent), &place);
+    return ToHandle(CreateWindowExW(extendedStyle, className.c_str(), title.c_str(), style | WS_CLIPCHILDREN,
+                                    place.left, place.top, 0, 0, ToWindow(parent), nullptr, GetModuleHandleW(nullptr),
+                                    nullptr));
 }
 
 Child CreateChild(ControlKind kind, const std::wstring& text, unsigned style, Handle parent) {
+    // The system knows the texts of lists, too, so that it can tell them to a screen reader.
+    if (kind == ControlKind::ListBox) style |= LBS_HASSTRINGS;
+    if (kind == ControlKind::ComboBox) style |= CBS_HASSTRINGS;
     HWND window = CreateWindowExW(0, Win32::GetClassName(kind), text.c_str(), style | WS_CHILD | WS_VISIBLE, 0, 0, 0, 0,
                                   ToWindow(parent), nullptr, GetModuleHandleW(nullptr), nullptr);
     if (!window) return {};
@@ -123,17 +146,24 @@ void SetObject(Handle handle, Window* window) {
 
 void SetObject(Handle handle, Control* control) {
     SetWindowLongPtrW(ToWindow(handle), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(control));
+    controls[ToWindow(handle)] = control;
 }
 
-Control* FindControl(Handle handle) { return GetObject<Control>(ToWindow(handle), ControlProcedure); }
+Control* FindControl(Handle handle) {
+    const auto found = controls.find(ToWindow(handle));
+    return found != controls.end() ? found->second : nullptr;
+}
 
 void Destroy(Handle handle) {
     HWND window = ToWindow(handle);
+    controls.erase(window);
     if (!IsWindow(window)) return;
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-    // The standard class must hear of the end, or what it holds for the window would stay.
-    SetWindowLongPtrW(window, GWLP_WNDPROC, static_cast<LONG_PTR>(GetClassLongPtrW(window, GCLP_WNDPROC)));
+    // The standard class must hear of the end, or what it holds for the window would stay. A procedure that somebody
+    // else put on top stays there, and hears of it first.
+    HWND outer = std::exchange(ending, window);
     DestroyWindow(window);
+    ending = outer;
 }
 
 MessageResult Send(Handle handle, int message, WParam wParam, LParam lParam) {

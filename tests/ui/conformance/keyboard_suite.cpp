@@ -308,6 +308,37 @@ TEST(Lists, TellWhatTheUserSelectsAndNotWhatTheProgramDoes) {
               "list combo ");
 }
 
+TEST(Lists, GoToWhatIsTyped) {
+    TestWindow window;
+    ListBox list(window);
+    ComboBox combo(window);
+    for (AnyItemList* each : {static_cast<AnyItemList*>(&list), static_cast<AnyItemList*>(&combo)}) {
+        each->SetRect(0, 0, 100, 100);
+        for (const wchar_t* text : {L"Manual", L"1024x768", L"1280x720", L"1280x1024", L"1920x1080", L"Native"})
+            each->AddItem(text);
+        int changes = 0;
+        each->AddNotificationHandler(AnyItemList::SelectionChanged, [&] { ++changes; });
+        RunWith(window, {[&] {
+                    each->SetFocus();
+                    Type(L"n");
+                    EXPECT_EQ(each->GetSelection(), 5) << "capitals or not";
+                    Type(L"1");
+                    EXPECT_EQ(each->GetSelection(), 1);
+                    Type(L"28");
+                    EXPECT_EQ(each->GetSelection(), 2) << "what was typed goes on";
+                    Type(L"0x10");
+                    EXPECT_EQ(each->GetSelection(), 3);
+                    Press(Key::Down);
+                    Type(L"1");
+                    EXPECT_EQ(each->GetSelection(), 1) << "from the next one on, and around";
+                    Type(L"?");
+                    EXPECT_EQ(each->GetSelection(), 1);
+                    EXPECT_EQ(changes, 6);
+                    EndRun(IdOk);
+                }});
+    }
+}
+
 TEST(Lists, GoByTheArrowKeys) {
     Form form;
     AllControls& all = form.All;

@@ -167,7 +167,7 @@ TEST(Place, OfAWindowIsNeverBelowItsLeastSize) {
     EXPECT_EQ(window.GetClientWidth(), 600);
 }
 
-TEST(Place, IsCentredOnTheParentWithTheTopNotAboveTheScreen) {
+TEST(Place, IsCentredOnTheParentWithinTheWorkArea) {
     TestWindow parent;
     TestWindow window(&parent, L"ConformanceChild");
     parent.SetPosition(100, 100);
@@ -175,16 +175,21 @@ TEST(Place, IsCentredOnTheParentWithTheTopNotAboveTheScreen) {
     window.Center();
     EXPECT_EQ(window.GetX(), parent.GetX() + (parent.GetWidth() - window.GetWidth()) / 2);
     EXPECT_EQ(window.GetY(), parent.GetY() + (parent.GetHeight() - window.GetHeight()) / 2);
-    // Over the left and the upper edge: only the top is held.
-    parent.SetPosition(-500, -380);
+    const auto area = Native::GetWorkArea(parent.GetHandle());
+    ASSERT_TRUE(area);
+    parent.SetPosition(area->Left - 500, area->Top - 380);
     window.Center();
-    EXPECT_EQ(window.GetX(), -500 + (parent.GetWidth() - window.GetWidth()) / 2);
-    EXPECT_EQ(window.GetY(), 0);
+    EXPECT_EQ(window.GetX(), area->Left);
+    EXPECT_EQ(window.GetY(), area->Top);
+    parent.SetPosition(area->Right - 100, area->Bottom - 50);
+    window.Center();
+    EXPECT_EQ(window.GetX() + window.GetWidth(), area->Right);
+    EXPECT_EQ(window.GetY() + window.GetHeight(), area->Bottom);
 }
 
 TEST(Place, IsCentredInTheWorkAreaWithoutAParent) {
     TestWindow window;
-    const auto area = Native::GetWorkArea();
+    const auto area = Native::GetWorkArea(window.GetHandle());
     ASSERT_TRUE(area);
     window.Center();
     EXPECT_EQ(window.GetX(), area->Left + (area->Right - area->Left - window.GetWidth()) / 2);

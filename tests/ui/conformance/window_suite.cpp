@@ -192,6 +192,18 @@ TEST(Windows, KnowTheirControlsInTheOrderOfTheirMaking) {
     EXPECT_EQ(window.GetControls(), (std::vector<Control*>{&first, &second}));
 }
 
+TEST(Windows, AndControlsForgetTheirObjectBeforeTheyGo) {
+    int messages = 0;
+    const auto count = [&](WParam, LParam) { ++messages; };
+    {
+        TestWindow window;
+        Button button(window, L"OK");
+        window.AddMessageHandler(Message::Destroy, count);
+        button.AddMessageHandler(Message::Destroy, count);
+    }
+    EXPECT_EQ(messages, 0);
+}
+
 TEST(Windows, KeepTheirStyleWhenTheDpiChanges) {
     TestWindow window;
     const int dpi = window.GetDpi();

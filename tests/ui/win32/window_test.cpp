@@ -64,6 +64,62 @@ TEST(Subclassing, LetsTheClassReleaseWhatItHeld) {
     EXPECT_FALSE(IsWindow(list));
 }
 
+// A neighbour in the process that looks on at a window, as overlays and tools of assistance do.
+class Neighbour {
+public:
+    explicit Neighbour(Handle handle) : window(ToWindow(handle)) {
+        current = this;
+        below =
+            reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure)));
+    }
+    ~Neighbour() { current = nullptr; }
+    Neighbour(const Neighbour&) = delete;
+    Neighbour& operator=(const Neighbour&) = delete;
+
+    int destroyed = 0;
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (message == WM_NCDESTROY) ++current->destroyed;
+        return CallWindowProcW(current->below, window, message, wParam, lParam);
+    }
+    inline static Neighbour* current = nullptr;
+    HWND window;
+    WNDPROC below;
+};
+
+TEST(Subclassing, ByANeighbourChangesNothing) {
+    TestWindow window;
+    AllControls all(window);
+    const Neighbour neighbour(all.Ok.GetHandle());
+    EXPECT_EQ(Native::FindControl(all.Ok.GetHandle()), &all.Ok);
+    int clicks = 0;
+    all.Ok.AddNotificationHandler(Button::Clicked, [&] { ++clicks; });
+    RunWith(window, {[&] {
+                Click(all.Ok);
+                EXPECT_TRUE(Shows(all.Ok, all.Ok.GetStyle().States[ControlState::HotFocused].Background));
+                EndRun(IdOk);
+            }});
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST(Subclassing, ByANeighbourStaysUntilTheEnd) {
+    TestWindow window;
+    HWND list = nullptr;
+    auto box = std::make_unique<ComboBox>(window);
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof(info);
+    ASSERT_TRUE(GetComboBoxInfo(ToWindow(box->GetHandle()), &info));
+    list = info.hwndList;
+    int messages = 0;
+    for (int message : {WM_DESTROY, WM_NCDESTROY}) box->AddMessageHandler(message, [&](WParam, LParam) { ++messages; });
+    const Neighbour neighbour(box->GetHandle());
+    box.reset();
+    EXPECT_EQ(neighbour.destroyed, 1) << "it hears of the end";
+    EXPECT_EQ(messages, 0) << "no handler runs any more";
+    EXPECT_FALSE(IsWindow(list)) << "nor does the class keep what it held";
+}
+
 TEST(Subclassing, LeavesAColourOfTheDroppedListToItsBox) {
     TestWindow window;
     AllControls all(window);
