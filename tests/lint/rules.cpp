@@ -39,8 +39,13 @@ const std::vector<Room>& Rooms() {
 // A room of one backend, and who may include it besides itself, tests and the files where programs start.
 const std::vector<Room>& Backends() {
     static const std::vector<Room> backends = {
-        {"ui/win32/", {}},      {"ui/qt/", {"bench/native/"}},          {"ui/headless/", {"fuzz/", "bench/"}},
-        {"store/windows/", {}}, {"store/memory/", {"fuzz/", "bench/"}}, {"store/directory/", {"cli/", "bench/native/"}},
+        {"ui/win32/", {}},
+        {"ui/qt/", {"bench/native/"}},
+        {"ui/headless/", {"fuzz/", "bench/"}},
+        {"store/windows/", {}},
+        {"store/memory/", {"fuzz/", "bench/"}},
+        {"store/directory/", {"cli/", "bench/native/"}},
+        {"store/linux/", {"cli/linux_store."}},
     };
     return backends;
 }
@@ -105,6 +110,7 @@ void FindForeignHeaders(const SourceFile& file, Findings& findings) {
         "ui/win32/",
         "ui/qt/",
         "store/posix/",
+        "store/linux/",
         "store/windows/",
         "samples/",
         "bench/native/",
@@ -112,6 +118,7 @@ void FindForeignHeaders(const SourceFile& file, Findings& findings) {
         "tests/ui/win32/",
         "tests/ui/qt/",
         "tests/store_windows/",
+        "tests/store_linux/",
         "tests/editor_windows/",
         "tests/editor_qt/",
         "tests/monkey_qt/",

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "store/linux/changes.h"
+#include "store/linux/connectors.h"
+#include "store/linux/edid_parameter.h"
+
+// What is remembered of each display that has an override of ours: a folder for each, as a reset needs it, even from a
+// rescue shell.
+namespace VNT::Linux {
+
+struct DisplayRecord {
+    std::string device;  // the connector's
+    std::string name;
+    Content reported;  // the EDID before the first override
+    Content now;       // what was given to the running kernel
+    Content before;    // the override that it had then from something else
+    Content lasting;   // what stands in the firmware file
+    std::string file;  // that file's name below the firmware folder
+
+    std::string Identity() const { return device + "/" + name; }
+    FirmwareEntry Entry() const { return {name, file}; }
+    bool IsEmpty() const { return !now && !lasting; }
+};
+
+// In the order of their folders' names; those that can't be read as records are left out.
+std::vector<DisplayRecord> ReadRecords(const Host& host);
+// The one of a connector, with nothing in it if there is none.
+DisplayRecord ReadRecord(const Host& host, const Connector& connector);
+// Has the folder hold the record, or be gone with an empty one, once all is done; `first`: before anything is changed.
+void PlanRecord(Changes& changes, const DisplayRecord& record, bool first);
+
+}  // namespace VNT::Linux
