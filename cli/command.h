@@ -22,12 +22,20 @@ struct Failure : std::runtime_error {
     Failure(const std::string& subject, const std::string& what) : std::runtime_error(subject + ": " + what) {}
 };
 
+// Where the machine's own store keeps an override, if it has a choice; neither: wherever it can.
+struct StoreMode {
+    bool now = false;      // in the running system, until its next start
+    bool lasting = false;  // for every start
+    bool dryRun = false;   // nowhere: what would be done is told
+    bool IsUsual() const { return !now && !lasting && !dryRun; }
+};
+
 struct Console {
     std::istream& in;
     std::ostream& out;
     std::ostream& err;
-    // The machine's own display store; null where there is none, and a folder takes its place.
-    std::function<std::unique_ptr<Platform>()> openSystemStore;
+    // The machine's own display store; null, it or what it gives, where there is none, and a folder takes its place.
+    std::function<std::unique_ptr<Platform>(const StoreMode& mode, const Console& console)> openSystemStore;
 };
 
 // What was given to a command: its words in order, and its options by name.

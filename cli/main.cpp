@@ -9,6 +9,9 @@
 
 #include "store/windows/system_library.h"
 #include "store/windows/windows_platform.h"
+#elif defined(__linux__)
+#include "cli/linux_store.h"
+#include "store/linux/system_host.h"
 #endif
 
 namespace {
@@ -19,9 +22,14 @@ int RunProgram(std::vector<std::string> arguments) {
 #ifdef _WIN32
     // Lines end in "\n" and files are bytes, here as elsewhere.
     for (const int stream : {0, 1, 2}) _setmode(stream, _O_BINARY);
-    console.openSystemStore = [] {
+    console.openSystemStore = [](const VNT::Cli::StoreMode& mode, const VNT::Cli::Console&) {
+        if (!mode.IsUsual()) return std::unique_ptr<VNT::WindowsPlatform>();
         return std::make_unique<VNT::WindowsPlatform>(
             [](const wchar_t* text) { std::cerr << "vantelle-cli: " << VNT::String(text).ToUtf8() << "\n"; });
+    };
+#elif defined(__linux__)
+    console.openSystemStore = [](const VNT::Cli::StoreMode& mode, const VNT::Cli::Console& own) {
+        return VNT::Cli::OpenLinuxStore(std::make_unique<VNT::Linux::SystemHost>("/"), mode, own);
     };
 #endif
     return VNT::Cli::Run(arguments, console);

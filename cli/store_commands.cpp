@@ -11,6 +11,7 @@
 #include "store/directory/directory_platform.h"
 #include "store/display_row.h"
 #include "store/load.h"
+#include "store/match.h"
 #include "store/reset.h"
 
 namespace fs = std::filesystem;
@@ -23,7 +24,11 @@ constexpr const char* DefaultFolder = "displays";
 
 std::unique_ptr<Platform> OpenStore(const Arguments& arguments, const Console& console) {
     const std::string* folder = arguments.Value("--store");
-    if (folder == nullptr && console.openSystemStore) return console.openSystemStore();
+    const StoreMode mode{arguments.Has("--now"), arguments.Has("--lasting"), arguments.Has("--dry-run")};
+    std::unique_ptr<Platform> own;
+    if (folder == nullptr && console.openSystemStore) own = console.openSystemStore(mode, console);
+    if (own != nullptr) return own;
+    if (!mode.IsUsual()) throw Failure("--now, --lasting and --dry-run are for the displays of a Linux machine");
     const std::string name = folder != nullptr ? *folder : DefaultFolder;
     const fs::path path(std::u8string(name.begin(), name.end()));
     std::error_code error;
@@ -64,10 +69,15 @@ Display FindDisplay(Platform& platform, const std::string& word) {
         if (*number < 1 || *number > list.size()) throw Failure(word, "no display of this number");
         return list[*number - 1];
     }
+    const std::wstring id = InstanceIdOf(word);
     for (const Display& display : list) {
-        if (display.InstanceId == InstanceIdOf(word)) return display;
+        if (display.InstanceId == id) return display;
     }
-    throw Failure(word, "no such display");
+    // One that no list has, such as a connector with nothing on it.
+    Display display;
+    if (!display.Load(platform, id)) throw Failure(word, "no such display");
+    SettleData(display);
+    return display;
 }
 
 int RunList(const Arguments& arguments, const Console& console) {
@@ -107,6 +117,7 @@ int RunWrite(const Arguments& arguments, const Console& console) {
     if (bytes.IsEmpty()) throw Failure(file, "the EDID can't be written");
     if (!display.SetData(bytes) || !display.SaveOverride(*platform))
         throw Failure(NameOf(display), "the store refused");
+    if (arguments.Has("--dry-run")) return Success;
     console.out << "stored " << bytes.Size() << " bytes as the override of " << NameOf(display) << "\n";
     return Success;
 }
@@ -129,7 +140,8 @@ int RunReset(const Arguments& arguments, const Console& console) {
     int status = Success;
     for (const ResetOutcome& outcome : outcomes) {
         const std::string name = outcome.InstanceId.empty() ? "a display without a name" : NameOf(outcome.InstanceId);
-        if (outcome.Result == ResetResult::Removed) console.out << "removed the override of " << name << "\n";
+        const bool isRemoved = outcome.Result == ResetResult::Removed && !arguments.Has("--dry-run");
+        if (isRemoved) console.out << "removed the override of " << name << "\n";
         if (outcome.Result == ResetResult::NothingThere && !all) console.out << name << " has no override\n";
         if (outcome.Result != ResetResult::Failed) continue;
         console.err << ProgramName << ": " << name << ": " << outcome.Reason << "\n";
@@ -152,13 +164,17 @@ const Command ReadCommand{"read",
                           &RunRead};
 const Command WriteCommand{"write",
                            {DisplayWord, FileWord},
-                           {StoreOption, {"--force", nullptr, "a file that lost blocks on reading, too"}},
+                           {StoreOption,
+                            {"--force", nullptr, "a file that lost blocks on reading, too"},
+                            {"--now", nullptr, "on Linux: in the running kernel alone"},
+                            {"--lasting", nullptr, "on Linux: for every start alone"},
+                            DryRunOption},
                            "stores an EDID as the override of a display",
                            "1 monitor.bin",
                            &RunWrite};
 const Command ResetCommand{"reset",
                            {DisplayWord},
-                           {{"--all", nullptr, "of every display on record"}, StoreOption},
+                           {{"--all", nullptr, "of every display on record"}, StoreOption, DryRunOption},
                            "takes the override off a display, also a broken one",
                            "--all",
                            &RunReset,

@@ -11,5 +11,6 @@ inline constexpr Word DisplayWord{"DISPLAY", "an instance ID, or a number that l
 
 inline constexpr Option FormatOption{"--format", "bin|dat|txt", "the format of OUT; else its ending tells, else BIN"};
 inline constexpr Option StoreOption{"--store", "DIR", "a folder of displays, in the place of the machine's own"};
+inline constexpr Option DryRunOption{"--dry-run", nullptr, "on Linux: tells what would be done, and does nothing"};
 
 }  // namespace VNT::Cli

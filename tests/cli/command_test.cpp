@@ -48,7 +48,7 @@ TEST_F(Commands, BadWordsAreOneLineAndStatus2) {
     ExpectRefused(Call({"list", "--all", "--all"}), "--all: given twice");
     ExpectRefused(Call({"list", "--all=no"}), "--all: takes no value");
     ExpectRefused(Call({"reset", "--store", "x"}),
-                  "reset: DISPLAY is missing; vantelle-cli reset DISPLAY | --all [--store DIR]");
+                  "reset: DISPLAY is missing; vantelle-cli reset DISPLAY | --all [--store DIR] [--dry-run]");
     ExpectRefused(Call({"reset", "1", "--all"}), "1: is one too many beside --all");
 }
 
