@@ -86,7 +86,9 @@ bool PressKey(NativeWindow& window, const QKeyEvent& event) {
     const int key = ToKey(event);
     if (RepeatsCommand(window, event, key)) return true;
     if (PressDialogKey(window, event, key)) return true;
-    if (key != 0 && Ends(window, Message::KeyDown, static_cast<WParam>(key))) return true;
+    constexpr LParam wasDown = 0x40000000;  // see IsHeld
+    if (key != 0 && Ends(window, Message::KeyDown, static_cast<WParam>(key), event.isAutoRepeat() ? wasDown : 0))
+        return true;
     for (const char32_t c : event.text().toUcs4()) {
         if (Ends(window, Message::Char, static_cast<WParam>(c))) return true;
     }
@@ -189,6 +191,9 @@ bool NativeWindow::eventFilter(QObject* watched, QEvent* event) {
             event->ignore();
             Guard([this] { Native::Send(this, Message::Close, 0, 0); });
             return true;
+        case QEvent::ApplicationPaletteChange:
+            if (IsTop()) Guard([this] { Native::Send(this, Message::SystemColorsChanged, 0, 0); });
+            return false;
         case QEvent::Move:
             if (!isInside) StorePlace(*this);
             return false;
