@@ -2,6 +2,8 @@
 
 namespace VNT::Cli {
 
+const char* const ProgramVersion = VANTELLE_VERSION;
+
 extern const Command ShowCommand, CheckCommand, ConvertCommand;
 extern const Command TimingCommand;
 extern const Command ListCommand, ReadCommand, WriteCommand, ResetCommand;

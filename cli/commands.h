@@ -8,7 +8,7 @@
 namespace VNT::Cli {
 
 inline constexpr const char* ProgramName = "vantelle-cli";
-inline constexpr const char* ProgramVersion = "0.1.0";
+extern const char* const ProgramVersion;
 inline constexpr const char* ProgramSummary = "reads, shows, checks and stores the EDIDs of displays";
 
 // All commands, in the order of the help.

@@ -53,12 +53,15 @@ set(VANTELLE_HEADERS /usr/include CACHE PATH "Where the libraries of headers sta
 
 # vantelle_header_library(NAME PATH): the target vantelle_NAME for a library of headers that a package of Debian's put
 # at PATH. It is seen through a folder that holds nothing but a link to it, so that a cross build meets no other header
-# of the host.
+# of the host. Where there is no such package, as on Windows, the compiler finds the library by itself.
 function(vantelle_header_library name path)
+    add_library(vantelle_${name} INTERFACE)
+    if(NOT EXISTS ${path})
+        return()
+    endif()
     set(folder ${CMAKE_BINARY_DIR}/headers/${name})
     cmake_path(GET path FILENAME link)
     file(MAKE_DIRECTORY ${folder})
     file(CREATE_LINK ${path} ${folder}/${link} SYMBOLIC)
-    add_library(vantelle_${name} INTERFACE)
     target_include_directories(vantelle_${name} SYSTEM INTERFACE ${folder})
 endfunction()
