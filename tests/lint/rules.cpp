@@ -45,7 +45,7 @@ const std::vector<Room>& Backends() {
         {"store/windows/", {}},
         {"store/memory/", {"fuzz/", "bench/"}},
         {"store/directory/", {"cli/", "bench/native/"}},
-        {"store/linux/", {"cli/linux_store."}},
+        {"store/linux/", {"cli/linux_store.", "app/linux/"}},
     };
     return backends;
 }
