@@ -151,6 +151,7 @@ protected:
 template <class AnyX, class Kinds>
 class TReadingContainer : public TContainer<AnyX, AnyX> {
 public:
+    using KindsType = Kinds;
     using TContainer<AnyX, AnyX>::TContainer;
 
     // False, with the holder as it was, only if the range is too short for the family's frame.

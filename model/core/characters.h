@@ -25,7 +25,7 @@ void MapCharacters(IO& io, const char* name, int count, auto& text) {
     io.ThroughData(
         count, [&] { return BytesOfCharacters(text, count); }, [&](auto read) { Detail::SetCharacters(text, read); });
     const bool fits = AreBytes(text);
-    io.Check(name, fits && text.Length() == count, fits && text.Length() <= count);
+    io.Value(name, text, fits && text.Length() == count, fits && text.Length() <= count);
 }
 
 }  // namespace VNT

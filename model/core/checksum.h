@@ -12,7 +12,7 @@ int ComputeChecksum(ByteRange range, int bytes);
 template <class IO>
 void MapChecksum(IO& io, auto& checksum) {
     constexpr ValueCoding plain{0, 1, {}};
-    io.Number("checksum", 8, checksum, plain, TLimitPair<ValueLimits>(ValueLimits{0, 255, 0, 0, {Undefined}}));
+    io.Derived("checksum", 8, checksum, plain, TLimitPair<ValueLimits>(ValueLimits{0, 255, 0, 0, {Undefined}}));
 }
 
 }  // namespace VNT

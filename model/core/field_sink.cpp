@@ -38,6 +38,11 @@ AnyLimits NumberLimits::GetAll() const {
     return std::visit([](const auto* pair) { return AnyLimits(pair->all); }, pair_);
 }
 
+NumberNames NumberLimits::GetNames() const {
+    const auto* pair = std::get_if<const TLimitPair<EnumLimits>*>(&pair_);
+    return pair != nullptr ? (*pair)->all.names : NumberNames();
+}
+
 bool FitsPlace(const BitPlace& place, const NumberRef& value) {
     if (value.Form() != NumberForm::Count) return true;
     const std::int64_t number = value.Get();

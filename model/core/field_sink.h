@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <variant>
 #include <vector>
 
@@ -12,6 +14,8 @@
 // compiled once and not once for each kind.
 namespace VNT {
 
+class FieldSink;
+
 enum class NumberForm { Count, Truth, Enumeration, Decimal, Flags };
 
 // How a number's type is read and written: a truth as 0 or 1, a decimal in millionths, flags as their bits.
@@ -19,12 +23,14 @@ struct NumberType {
     NumberForm form;
     std::int64_t (*get)(const void* value);
     void (*put)(void* value, std::int64_t number);
+    NumberNames flags;  // the bits that have a text
 };
 
 class NumberRef {
 public:
     NumberRef(void* value, const NumberType& type) : value_(value), type_(&type) {}
     NumberForm Form() const { return type_->form; }
+    NumberNames Flags() const { return type_->flags; }
     std::int64_t Get() const { return type_->get(value_); }
     void Put(std::int64_t number) const { type_->put(value_, number); }
     // What is left of `number` in the field; its value is as before.
@@ -48,6 +54,7 @@ public:
     bool IsAll(std::int64_t number) const;
     AnyLimits GetProper() const;
     AnyLimits GetAll() const;
+    NumberNames GetNames() const;
 
 private:
     std::variant<const TLimitPair<ValueLimits>*, const TLimitPair<LongLimits>*, const TLimitPair<DecimalLimits>*,
@@ -55,11 +62,54 @@ private:
         pair_;
 };
 
+// What any item can, whatever its class; `holder` is one of a family, which makes its item by its kind's title.
+struct ItemType {
+    void (*tell)(void* item, FieldSink& sink);
+    void (*renew)(void* item);
+    Bytes (*getBytes)(const void* item);  // empty of one that can't be written
+    bool (*read)(void* item, const Bytes& bytes);
+    int (*getKind)(const void* holder);  // its number among the kinds, -1 for one of no kind; null without a family
+    std::vector<const char*> (*getKinds)();
+    void (*makeKind)(void* holder, int kind);
+    std::shared_ptr<void> (*makeNew)();
+};
+
+class ItemRef {
+public:
+    ItemRef(void* item, const ItemType& type) : item_(item), type_(&type) {}
+    void Tell(FieldSink& sink) const { type_->tell(item_, sink); }
+    void Renew() const { type_->renew(item_); }
+    Bytes GetBytes() const { return type_->getBytes(item_); }
+    bool Read(const Bytes& bytes) const { return type_->read(item_, bytes); }
+    bool HasKinds() const { return type_->getKind != nullptr; }
+    int GetKind() const { return type_->getKind(item_); }
+    std::vector<const char*> GetKinds() const { return type_->getKinds(); }
+    void MakeKind(int kind) const { type_->makeKind(item_, kind); }
+    // A new item of its class, which lives as long as the reference to it.
+    ItemRef MakeNew() const {
+        std::shared_ptr<void> item = type_->makeNew();
+        ItemRef made(item.get(), *type_);
+        made.owned_ = std::move(item);
+        return made;
+    }
+
+private:
+    void* item_;
+    std::shared_ptr<void> owned_;
+    const ItemType* type_;
+};
+
 // An item or a list among the fields of another.
 struct PartType {
     int (*getSize)(const void* part);  // bytes; null of what has no size of its own
     // The items of the part, if it is a list, behind `rows`; else those of the lists that it holds.
     void (*addRows)(const void* part, const char* name, std::vector<ItemPart>& rows);
+    const ItemType* item;               // of an item; null for a list
+    int (*getCount)(const void* list);  // null for an item
+    ItemRef (*at)(const void* list, int index);
+    // Adds a new item at the end, as `fill` leaves it; false if it can't be written back.
+    bool (*add)(void* list, const std::function<void(const ItemRef&)>& fill);
+    void (*clear)(void* list);
 };
 
 class PartRef {
@@ -67,6 +117,12 @@ public:
     PartRef(void* part, const PartType& type) : part_(part), type_(&type) {}
     int GetSize() const { return type_->getSize(part_); }
     void AddRows(const char* name, std::vector<ItemPart>& rows) const { type_->addRows(part_, name, rows); }
+    bool IsList() const { return type_->getCount != nullptr; }
+    ItemRef Item() const { return ItemRef(part_, *type_->item); }
+    int GetCount() const { return type_->getCount(part_); }
+    ItemRef At(int index) const { return type_->at(part_, index); }
+    bool Add(const std::function<void(const ItemRef&)>& fill) const { return type_->add(part_, fill); }
+    void Clear() const { type_->clear(part_); }
 
 private:
     void* part_;
@@ -84,6 +140,9 @@ public:
 
     virtual void Kept(const char*, const BitPlace&, const NumberRef&) {}
     virtual void Number(const char*, const BitPlace&, const NumberRef&, const NumberLimits&) {}
+    virtual void Derived(const char* name, const BitPlace& place, const NumberRef& value, const NumberLimits& limits) {
+        Number(name, place, value, limits);
+    }
     virtual void Data(const char*, int, Bytes&, const TLimitPair<CountLimits>&) {}
     virtual void Rest(const char*, Bytes&, const TLimitPair<CountLimits>&) {}
     virtual void Rest(const char*, String&, const TLimitPair<CountLimits>&) {}
@@ -91,6 +150,12 @@ public:
     virtual void List(const char*, const PartRef&, bool, bool) {}
     virtual void Optional(const char*, const PartRef&, bool, bool) {}  // one that is there
     virtual void Check(const char*, bool, bool) {}
+    // A field whose bytes are no line of their own. Most sinks know no more of it than that its test has its name.
+    virtual void Value(const char* name, const NumberRef&, NumberNames, bool proper, bool all) {
+        Check(name, proper, all);
+    }
+    virtual void Value(const char* name, String&, bool proper, bool all) { Check(name, proper, all); }
+    virtual void Value(const char* name, Bytes&, bool proper, bool all) { Check(name, proper, all); }
 };
 
 // Whether a number that is kept as it is fits its place.

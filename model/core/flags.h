@@ -27,6 +27,7 @@ template <class E, int n, std::uint32_t mask = Detail::LowBits(n)>
 class TFlags {
 public:
     using Flag = typename E::Enum;
+    using Vocabulary = E;
     static constexpr int BitCount = n;
     static constexpr std::uint32_t AllBits = mask;
 

@@ -85,6 +85,11 @@ public:
     void Number(const char*, const BitPlace& place, T& value, const Coding& coding, const TLimitPair<L>&) {
         value = coding.Decode(place.Read(range_, order_));
     }
+    // A number that building from the other fields gives.
+    template <class... Line>
+    void Derived(const char* name, Line&&... line) {
+        Number(name, std::forward<Line>(line)...);
+    }
     // A number that is no field of its own: `set` takes the raw number, `get` gives it.
     template <class Get, class Set>
     void Through(const BitPlace& place, const Get&, const Set& set) {
@@ -129,6 +134,9 @@ public:
         map(io);
     }
     void Check(const char*, bool, bool) {}
+    // A field whose bytes go through another line, and what its tests say.
+    template <class T>
+    void Value(const char*, const T&, bool, bool, NumberNames = {}) {}
 
 private:
     ByteRange range_;
@@ -156,6 +164,11 @@ public:
     template <class T, class Coding, class L>
     void Number(const char*, const BitPlace& place, const T& value, const Coding& coding, const TLimitPair<L>&) {
         place.Write(range_, order_, static_cast<std::uint32_t>(coding.Encode(value)));
+    }
+    // A number that building from the other fields gives.
+    template <class... Line>
+    void Derived(const char* name, Line&&... line) {
+        Number(name, std::forward<Line>(line)...);
     }
     template <class Get, class Set>
     void Through(const BitPlace& place, const Get& get, const Set&) {
@@ -193,6 +206,9 @@ public:
         map(io);
     }
     void Check(const char*, bool, bool) {}
+    // A field whose bytes go through another line, and what its tests say.
+    template <class T>
+    void Value(const char*, const T&, bool, bool, NumberNames = {}) {}
 
 private:
     ByteRange range_;
@@ -221,6 +237,11 @@ public:
     template <class T, class Coding, class L>
     void Number(const char*, const BitPlace&, const T& value, const Coding&, const TLimitPair<L>& limits) {
         Add(Detail::Passes(value, limits.proper), Detail::Passes(value, limits.all));
+    }
+    // A number that building from the other fields gives.
+    template <class... Line>
+    void Derived(const char* name, Line&&... line) {
+        Number(name, std::forward<Line>(line)...);
     }
     void Data(const char* name, int, const Bytes& value, const TLimitPair<CountLimits>& limits) {
         Rest(name, value, limits);
@@ -252,6 +273,10 @@ public:
     }
     // A rule of the item's own.
     void Check(const char*, bool proper, bool all) { Add(proper, all); }
+    template <class T>
+    void Value(const char*, const T&, bool proper, bool all, NumberNames = {}) {
+        Add(proper, all);
+    }
 
     Validity validity;
 

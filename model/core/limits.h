@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <iterator>
+#include <span>
 #include <type_traits>
 
 #include "model/core/decimal.h"
@@ -70,10 +72,29 @@ struct CountLimits {
     constexpr bool Contains(int length) const { return length >= min && length <= max; }
 };
 
-// An enumeration: the rows 0 to count - 1, and `extra`.
+// A value of a vocabulary and its text, whatever the enumeration.
+struct NumberName {
+    std::int64_t number;
+    const char* text;
+};
+using NumberNames = std::span<const NumberName>;
+
+namespace Detail {
+template <class E>
+constexpr auto ListNames() {
+    std::array<NumberName, std::size(E::Texts)> names{};
+    for (std::size_t i = 0; i < names.size(); ++i) names[i] = {E::Texts[i].value, E::Texts[i].text};
+    return names;
+}
+template <class E>
+inline constexpr auto NamesOf = ListNames<E>();
+}  // namespace Detail
+
+// An enumeration: the rows 0 to count - 1, and `extra`; its texts, if it is one of those that have some.
 struct EnumLimits {
     int count = 0;
     TFew<int> extra{};
+    NumberNames names{};
     constexpr bool Contains(int value) const { return (value >= 0 && value < count) || extra.Contains(value); }
 };
 
@@ -94,6 +115,11 @@ constexpr TLimitPair<ValueLimits> WithinOrUndefined(int min, int max) {
 constexpr TLimitPair<LongLimits> Within(const LongLimits& both) { return both; }
 constexpr TLimitPair<DecimalLimits> Within(const DecimalLimits& both) { return both; }
 constexpr TLimitPair<EnumLimits> OneOf(int count) { return EnumLimits{count}; }
+// The values of the vocabulary E, of which the bytes carry `count`.
+template <class E>
+constexpr TLimitPair<EnumLimits> OneOf(int count) {
+    return EnumLimits{count, {}, Detail::NamesOf<E>};
+}
 constexpr TLimitPair<CountLimits> Exactly(int length) { return CountLimits{length, length}; }
 
 // How a raw number of the bytes maps to a value and back. Pairs serve for special raws ("raw 0 is Undefined").

@@ -94,9 +94,9 @@ public:
     template <class IO>
     static void Map(IO& io, auto& item) {
         X::template MapPrefix<IO>(io, item);
-        io.Check("Size", item.Size >= PrefixSize + X::Shape.Least() && item.Size <= io.Available(),
+        io.Value("Size", item.Size, item.Size >= PrefixSize + X::Shape.Least() && item.Size <= io.Available(),
                  item.Size <= io.Available());
-        io.Check("PresentLength", X::AllowsLength(item.PresentLength), true);
+        io.Value("PresentLength", item.PresentLength, X::AllowsLength(item.PresentLength), true);
         X::MapFields(io, item);
         io.Rest("Extra", item.Extra, item.GetExtraLimits(GetExtraRoom(io.Available())));
     }

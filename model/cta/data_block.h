@@ -9,38 +9,42 @@
 namespace VNT {
 
 // The kinds by one number: the family of the header in the highest byte, the code that tells them apart there below it.
-struct CtaDataBlockTypeId {
+struct CtaDataBlockType {
     enum Family : int { Tag, ExtendedTag, Vendor, VendorVideo, VendorAudio, OtherFamily, NoFamily };
     static constexpr int FamilyStep = 0x1000000;
     static constexpr int Of(Family family, int code) { return family * FamilyStep + code; }
+};
 
+struct CtaDataBlockTypeId : CtaDataBlockType {
     enum Enum : int {
-        AudioFormatList = 0x1,
-        VideoResolutionList = 0x2,
-        VendorSpecific = 0x3,
-        SpeakerAllocation = 0x4,
-        VideoFormatResolutionList = 0x6,
-        VideoCapability = 0x1000000,
-        VendorSpecificVideo = 0x1000001,
-        Colorimetry = 0x1000005,
-        HdrStaticMetadata = 0x1000006,
-        HdrDynamicMetadataList = 0x1000007,
-        NativeVideoResolution = 0x1000008,
-        VideoFormatPreference = 0x100000D,
-        Ycc420VideoResolutionList = 0x100000E,
-        Ycc420CapabilityMap = 0x100000F,
-        VendorSpecificAudio = 0x1000011,
-        ProductInfo = 0x1000021,
-        ExtensionOverride = 0x1000078,
-        FreeSync = 0x200001A,
-        GSync = 0x200044B,
-        Hdmi = 0x2000C03,
-        Microsoft = 0x2CA125C,
-        Hdmi2 = 0x2C45DD8,
-        Hdr10Plus = 0x390848B,
-        Other = 0x5000000,
-        None = 0x6000000,
+        AudioFormatList = Of(Tag, 0x1),
+        VideoResolutionList = Of(Tag, 0x2),
+        VendorSpecific = Of(Tag, 0x3),
+        SpeakerAllocation = Of(Tag, 0x4),
+        VideoFormatResolutionList = Of(Tag, 0x6),
+        VideoCapability = Of(ExtendedTag, 0x00),
+        VendorSpecificVideo = Of(ExtendedTag, 0x01),
+        Colorimetry = Of(ExtendedTag, 0x05),
+        HdrStaticMetadata = Of(ExtendedTag, 0x06),
+        HdrDynamicMetadataList = Of(ExtendedTag, 0x07),
+        NativeVideoResolution = Of(ExtendedTag, 0x08),
+        VideoFormatPreference = Of(ExtendedTag, 0x0D),
+        Ycc420VideoResolutionList = Of(ExtendedTag, 0x0E),
+        Ycc420CapabilityMap = Of(ExtendedTag, 0x0F),
+        VendorSpecificAudio = Of(ExtendedTag, 0x11),
+        ProductInfo = Of(ExtendedTag, 0x21),
+        ExtensionOverride = Of(ExtendedTag, 0x78),
+        FreeSync = Of(Vendor, 0x00001A),
+        GSync = Of(Vendor, 0x00044B),
+        Hdmi = Of(Vendor, 0x000C03),
+        Microsoft = Of(Vendor, 0xCA125C),
+        Hdmi2 = Of(Vendor, 0xC45DD8),
+        Hdr10Plus = Of(VendorVideo, 0x90848B),
+        Other = Of(OtherFamily, 0),
+        None = Of(NoFamily, 0),
     };
+    // A kind that stands in no list here: a vendor's, by the OUI beside its class.
+    static constexpr Enum OfVendor(int oui) { return static_cast<Enum>(Of(Vendor, oui)); }
 };
 
 // What the first bytes of a data block say (CTA-861-I, 7.4): tag and length, extended tag, OUI with its low byte first.
@@ -115,6 +119,9 @@ inline String GetOuiText(int oui) {
 
 template <class X, CtaDataBlockTypeId::Enum id, class Fields>
 using TCtaDataBlock = TSizedItem<X, AnyCtaDataBlock, CtaDataBlockTypeId::Enum, id, Fields>;
+// That of a vendor, whose OUI is known to nobody else.
+template <class X, int oui, class Fields>
+using TCtaVendorDataBlock = TCtaDataBlock<X, CtaDataBlockTypeId::OfVendor(oui), Fields>;
 
 // The table of kinds: what the holder reads and what the "Add Data Block" form offers.
 struct CtaDataBlockKinds {

@@ -118,7 +118,8 @@ private:
             return Within(exactly, block.PresentLength <= upTo ? ValueLimits{0, most} : exactly);
         };
         io.Kept("Reserved3d", 3, block.Reserved3d);
-        io.Number("ImageSize", 2, block.ImageSize, OneOf(CtaHdmiDataBlockImageSizeEnum::Count));
+        io.Number("ImageSize", 2, block.ImageSize,
+                  OneOf<CtaHdmiDataBlockImageSizeEnum>(CtaHdmiDataBlockImageSizeEnum::Count));
         io.Number("FieldsPresent", 2, block.StereoFormats.FieldsPresent, OneOf(4));
         io.Kept("Supports3d", 1, block.Supports3d);
         io.Number("StereoLength", 5, block.StereoLength, countLimits(block.StereoFormats.Size, 31, 13));

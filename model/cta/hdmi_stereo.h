@@ -198,13 +198,13 @@ public:
 
     template <class IO>
     static void Map(IO& io, auto& item) {
-        io.Check("FieldsPresent", item.FieldsPresent >= 0 && item.FieldsPresent < 4, true);
+        io.Value("FieldsPresent", item.FieldsPresent, item.FieldsPresent >= 0 && item.FieldsPresent < 4, true);
         io.Order(BitOrder::Msb);
         if (item.HasStructures()) io.Kept("Structures", 16, item.Structures);
         if (item.HasMask()) io.Kept("Mask", 16, item.Mask);
         io.List("Formats", item.Formats, TLimitPair(item.GetListLimits(io.Available()), ListLimits{MaxSize}));
         io.Rest("Extra", item.Extra, TLimitPair<CountLimits>(CountLimits{0, MaxSize}));
-        io.Check("Size", item.Size <= io.Available(), true);
+        io.Value("Size", item.Size, item.Size <= io.Available(), true);
     }
 
 private:

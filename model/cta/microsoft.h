@@ -70,7 +70,7 @@ public:
     template <class IO>
     static void MapFields(IO& io, auto& block) {
         io.Number("Version", 8, block.Version, Within({1, 255}, {0, 255}));
-        io.Number("PrimaryUseCase", 5, block.PrimaryUseCase, OneOf(32));
+        io.Number("PrimaryUseCase", 5, block.PrimaryUseCase, OneOf<CtaMicrosoftDataBlockPrimaryUseCaseEnum>(32));
         io.Kept("Flags", 3, block.Flags);
         // A block that ends inside of the ID has as much of it as there is; only a whole one is sound.
         constexpr int ahead = 2;

@@ -53,9 +53,9 @@ public:
 
     template <class IO>
     static void MapFields(IO& io, auto& block) {
-        io.Number("CeOverscan", 2, block.CeOverscan, OneOf(Overscan::Count));
-        io.Number("ItOverscan", 2, block.ItOverscan, OneOf(Overscan::Count));
-        io.Number("PtOverscan", 2, block.PtOverscan, OneOf(PtOverscanEnum::Count));
+        io.Number("CeOverscan", 2, block.CeOverscan, OneOf<Overscan>(Overscan::Count));
+        io.Number("ItOverscan", 2, block.ItOverscan, OneOf<Overscan>(Overscan::Count));
+        io.Number("PtOverscan", 2, block.PtOverscan, OneOf<PtOverscanEnum>(PtOverscanEnum::Count));
         io.Kept("RangeFlags", 2, block.RangeFlags);
     }
 };

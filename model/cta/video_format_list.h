@@ -52,7 +52,7 @@ public:
             });
         const int length = block.List.DescriptorLength;
         const bool isLength = length >= 1 && length <= CtaVideoFormatResolution::FrameSize;
-        io.Check("DescriptorLength", isLength, isLength);
+        io.Value("DescriptorLength", block.List.DescriptorLength, isLength, isLength);
         io.Kept("Flags", 6, block.Flags);
         io.List("List", block.List, TLimitPair(block.GetListLimits(io.Available())));
     }

@@ -30,8 +30,8 @@ inline constexpr TKindList DisplayIdDataBlockKindList{
     KindOf<DisplayId2DisplayInterfaceDataBlock>("Display interface"),
     KindOf<DisplayId2TiledDisplayTopologyDataBlock>("Tiled display topology"),
     KindOf<DisplayId2ContainerIdDataBlock>("Container ID"),
-    KindOf<DisplayId2VendorSpecificDataBlock>("Vendor-specific"),
     KindOf<DisplayId1VendorSpecificDataBlock>("Vendor-specific"),
+    KindOf<DisplayId2VendorSpecificDataBlock>("Vendor-specific"),
     KindOf<DisplayIdCtaDataBlockListDataBlock>("CTA-861 data blocks"),
 };
 

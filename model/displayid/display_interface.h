@@ -54,8 +54,10 @@ public:
 
     template <class IO>
     static void Map(IO& io, auto& item) {
-        io.Number("eotf", 4, item.eotf, OneOf(DisplayId2DisplayInterfaceEotfEnum::Carried));
-        io.Number("colorSpace", 4, item.colorSpace, OneOf(DisplayId2DisplayInterfaceColorSpaceEnum::Carried));
+        io.Number("eotf", 4, item.eotf,
+                  OneOf<DisplayId2DisplayInterfaceEotfEnum>(DisplayId2DisplayInterfaceEotfEnum::Carried));
+        io.Number("colorSpace", 4, item.colorSpace,
+                  OneOf<DisplayId2DisplayInterfaceColorSpaceEnum>(DisplayId2DisplayInterfaceColorSpaceEnum::Carried));
     }
 };
 

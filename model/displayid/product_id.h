@@ -59,10 +59,10 @@ public:
                   Within(LongLimits{1, 4294967295, 0, 0, {Undefined}}));
         io.Through(
             8, [&] { return block.GetRawWeek(); }, [&](std::uint32_t raw) { SetRawWeek(block, raw); });
-        io.Check("modelYear", true, true);
+        io.Value("modelYear", block.modelYear, true, true);
         if (!block.modelYear) {
             const TFew<int> blank{Undefined};
-            io.Check("week", ValueLimits{1, 54, 0, 0, blank}.Contains(block.week),
+            io.Value("week", block.week, ValueLimits{1, 54, 0, 0, blank}.Contains(block.week),
                      ValueLimits{1, ModelYearWeek - 1, 0, 0, blank}.Contains(block.week));
         }
         io.Number("year", 8, block.year, ValueCoding{2000, 1, {{0, Undefined}}},
@@ -70,7 +70,7 @@ public:
         io.Through(
             8, [&] { return block.nameLength; }, [&](std::uint32_t raw) { SetNameLength(block, raw); });
         const bool isWhole = block.nameLength == block.name.Length();
-        io.Check("nameLength", isWhole, isWhole || block.IsNameCutOff());
+        io.Value("nameLength", block.nameLength, isWhole, isWhole || block.IsNameCutOff());
         const int available = io.Available();
         io.Area(block.nameLength, [&block, available](auto& area) {
             area.Rest("name", block.name, TLimitPair(CountLimits{0, block.GetNameRoom(available)}));

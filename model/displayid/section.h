@@ -93,7 +93,7 @@ public:
         const ValueLimits all{FrameBytes, std::min(MaxSize, io.Available())};
         io.Kept("revision", 4, item.revision);
         io.Number("version", 4, item.version, Within({1, 15}, {0, 15}));
-        io.Number("size", 8, item.size, lengthOfFrame, TLimitPair(proper, all));
+        io.Derived("size", 8, item.size, lengthOfFrame, TLimitPair(proper, all));
         io.Kept("productType", 4, item.productType);
         io.Kept("reserved", 4, item.reserved);
         io.Kept("extensionCount", 8, item.extensionCount);

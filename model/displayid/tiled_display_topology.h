@@ -77,10 +77,12 @@ public:
     static void MapFields(IO& io, auto& block) {
         constexpr ValueCoding lessOne{1, 1, {}};
         const auto tiles = Within(1, 64), lines = Within(1, 65536);
-        io.Number("singleTileBehavior", 3, block.singleTileBehavior, OneOf(Fields::SingleTile::Carried));
-        io.Number("multipleTileBehavior", 2, block.multipleTileBehavior, OneOf(Fields::MultipleTile::Carried));
+        io.Number("singleTileBehavior", 3, block.singleTileBehavior,
+                  OneOf<typename Fields::SingleTile>(Fields::SingleTile::Carried));
+        io.Number("multipleTileBehavior", 2, block.multipleTileBehavior,
+                  OneOf<typename Fields::MultipleTile>(Fields::MultipleTile::Carried));
         io.Kept("reservedBits", 2, block.reservedBits);
-        io.Number("enclosures", 1, block.enclosures, OneOf(Fields::Enclosures::Carried));
+        io.Number("enclosures", 1, block.enclosures, OneOf<typename Fields::Enclosures>(Fields::Enclosures::Carried));
         // Two bits each of counts and location stand behind their four lower ones.
         io.Number("hTileCount", {{4, 4, 4}, {6, 6, 2}}, block.hTileCount, lessOne, tiles);
         io.Number("vTileCount", {{4, 0, 4}, {6, 4, 2}}, block.vTileCount, lessOne, tiles);

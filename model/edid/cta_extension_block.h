@@ -71,7 +71,7 @@ public:
         io.Constant(8, EdidExtensionBlockTypeId::Cta);
         io.Number("version", 8, block.version, Within({1, 255}, {0, 255}));
         // What the offset has to be hangs on the lists: it is tested with them.
-        io.Number("detailedOffset", 8, block.detailedOffset, block.GetOffsetLimits());
+        io.Derived("detailedOffset", 8, block.detailedOffset, block.GetOffsetLimits());
         io.Number("nativeDetailedCount", 4, block.nativeDetailedCount, ZeroIsUndefined, WithinOrUndefined(1, 15));
         io.Kept("flags", 4, block.flags);
         io.Area(BodyBytes, [&block](auto& body) {

@@ -13,7 +13,7 @@ template <class IO>
 void MapPadding(IO& io, const char* name, auto& padding, const Bytes& proper) {
     io.ThroughData(
         proper.Size(), [&] { return padding; }, [&](auto read) { Detail::SetBytes(padding, read); });
-    io.Check(name, padding == proper, padding.Size() == proper.Size());
+    io.Value(name, padding, padding == proper, padding.Size() == proper.Size());
 }
 
 }  // namespace VNT

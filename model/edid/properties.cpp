@@ -36,7 +36,8 @@ void EdidProperties::Map(IO& io, auto& item) {
             5, [&] { return i < item.vendorId.Length() ? item.vendorId[i] - LetterBase : 0; },
             [&](auto raw) { item.SetVendorLetter(i, raw); });
     }
-    io.Check("vendorId", AreLetters(item.vendorId, U'A', U'Z'), AreLetters(item.vendorId, LetterBase, 95));
+    io.Value("vendorId", item.vendorId, AreLetters(item.vendorId, U'A', U'Z'),
+             AreLetters(item.vendorId, LetterBase, 95));
     io.Order(BitOrder::Lsb);
     io.Number("productId", 16, item.productId, Within(0, 65535));
     io.Number("serialNumber", 32, item.serialNumber, LongZeroIsUndefined,
@@ -45,22 +46,22 @@ void EdidProperties::Map(IO& io, auto& item) {
         8, [&] { return item.GetRawWeek(); }, [&](auto raw) { item.SetRawWeek(raw); });
     if (!(item.IsVersion14() && item.modelYear)) {
         const auto limits = item.WeekLimits();
-        io.Check("week", limits.proper.Contains(item.week), limits.all.Contains(item.week));
+        io.Value("week", item.week, limits.proper.Contains(item.week), limits.all.Contains(item.week));
     }
     io.Number("year", 8, item.year, YearCoding, TLimitPair(ValueLimits{1991, 2245, 0, 0, {Undefined}}));
     io.Number("version", 8, item.version, Within(ValueLimits{1, 255}, ValueLimits{0, 255}));
     io.Number("revision", 8, item.revision, Within(0, 255));
     const bool is14 = item.IsVersion14();
-    if (is14) io.Check("modelYear", true, true);
+    if (is14) io.Value("modelYear", item.modelYear, true, true);
 
     io.Order(BitOrder::Msb);
     io.Number("digital", 1, item.digital, OneOf(2));
     if (!item.digital) {
-        io.Number("analogSignalLevel", 2, item.analogSignalLevel, OneOf(4));
+        io.Number("analogSignalLevel", 2, item.analogSignalLevel, OneOf<EdidAnalogSignalLevelEnum>(4));
         io.Kept("analogFlags", 5, item.analogFlags);
     } else if (is14) {
-        io.Number("digitalColorDepth", 3, item.digitalColorDepth, OneOf(8));
-        io.Number("digitalInterface", 4, item.digitalInterface, OneOf(16));
+        io.Number("digitalColorDepth", 3, item.digitalColorDepth, OneOf<EdidDigitalColorDepthEnum>(8));
+        io.Number("digitalInterface", 4, item.digitalInterface, OneOf<EdidDigitalInterfaceEnum>(16));
     } else {
         io.Kept("digitalFlags", 7, item.digitalFlags);
     }
@@ -71,17 +72,20 @@ void EdidProperties::Map(IO& io, auto& item) {
     io.Through(
         8, [&] { return item.GetRawScreen(1); }, [&](auto raw) { item.SetRawScreen(firstScreenByte, raw); });
     if (is14)
-        io.Check("screenFieldsPresent", item.screenFieldsPresent >= 0 && item.screenFieldsPresent < 4,
-                 item.screenFieldsPresent >= 0 && item.screenFieldsPresent < 4);
+        io.Value("screenFieldsPresent", item.screenFieldsPresent,
+                 item.screenFieldsPresent >= 0 && item.screenFieldsPresent < 4,
+                 item.screenFieldsPresent >= 0 && item.screenFieldsPresent < 4,
+                 Detail::NamesOf<EdidScreenFieldsPresentEnum>);
     if (!is14 || item.screenFieldsPresent == EdidScreenFieldsPresentEnum::ScreenSize) {
-        const auto check = [&](const char* name, int size, int other) {
+        const auto check = [&](const char* name, auto& size, int other) {
             const auto limits = item.SizeLimits(other);
-            io.Check(name, limits.proper.Contains(size), limits.all.Contains(size));
+            io.Value(name, size, limits.proper.Contains(size), limits.all.Contains(size));
         };
         check("horizontalSize", item.horizontalSize, item.verticalSize);
         check("verticalSize", item.verticalSize, item.horizontalSize);
     } else if (item.screenFieldsPresent != EdidScreenFieldsPresentEnum::None) {
-        io.Check("aspectRatio", RatioLimits.Contains(item.aspectRatio), RatioLimits.Contains(item.aspectRatio));
+        io.Value("aspectRatio", item.aspectRatio, RatioLimits.Contains(item.aspectRatio),
+                 RatioLimits.Contains(item.aspectRatio));
     }
 
     io.Number("gamma", 8, item.gamma, GammaCoding, Within(GammaLimits));
@@ -89,7 +93,7 @@ void EdidProperties::Map(IO& io, auto& item) {
     if (item.digital && is14) {
         io.Kept("digitalColorFormats", 2, item.digitalColorFormats);
     } else {
-        io.Number("colorType", 2, item.colorType, OneOf(4));
+        io.Number("colorType", 2, item.colorType, OneOf<EdidColorTypeEnum>(4));
     }
     io.Kept("flags", 3, item.flags);
     io.Part("colors", EdidColorCoordinates::FrameSize, item.colors, item.colors.IsValid(), item.colors.IsValidAll());

@@ -113,6 +113,7 @@ struct EdidPropertiesFields {
 // Bytes 8 to 34 of the base block.
 class EdidProperties : public EdidPropertiesFields {
 public:
+    using FieldsType = EdidPropertiesFields;
     static constexpr int FrameSize = 27;
 
     EdidProperties() { Normalize(); }

@@ -37,14 +37,14 @@ public:
         io.ThroughData(
             MaxLength, [&] { return item.GetPayload(); }, [&](auto payload) { item.SetPayload(payload); });
         const bool fits = item.text.Length() <= MaxLength;
-        io.Check("text",
+        io.Value("text", item.text,
                  fits && !item.text.IsEmpty() && item.AllCharacters([](char32_t c) { return c >= 32 && c <= 126; }),
                  fits && item.AllCharacters([](char32_t c) {
                      const int byte = CodePage437Byte(c);
                      return byte >= 0 && byte != LineFeed;
                  }));
         const bool isWhole = item.padding.Size() == item.GetPaddingLength();
-        io.Check("padding", isWhole && item.padding.IsAll(PaddingByte), isWhole);
+        io.Value("padding", item.padding, isWhole && item.padding.IsAll(PaddingByte), isWhole);
     }
 
 private:

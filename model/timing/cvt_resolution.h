@@ -64,7 +64,8 @@ public:
         io.Number("height", {{0, 0, 8}, {1, 4, 4}}, item.height, ValueCoding{2, 2, {}},
                   Within({6, MaxHeight, 2, 0, blank}, {2, MaxHeight, 2, 0, blank}));
         io.Kept("reserved1", {{1, 0, 2}}, item.reserved1);
-        io.Number("aspectRatio", {{1, 2, 2}}, item.aspectRatio, OneOf(EdidCvtResolutionAspectRatioEnum::Count));
+        io.Number("aspectRatio", {{1, 2, 2}}, item.aspectRatio,
+                  OneOf<EdidCvtResolutionAspectRatioEnum>(EdidCvtResolutionAspectRatioEnum::Count));
         io.Kept("refreshRates", {{2, 0, 5}}, item.refreshRates);
         io.Number("preferredRefreshRate", {{2, 5, 2}}, item.preferredRefreshRate,
                   OneOf(EdidCvtResolutionRefreshRateEnum::PreferredCount));

@@ -89,10 +89,12 @@ public:
         const DetailedResolutionLimits limits = item.GetLimits();
         const TimingAxisLimits &h = limits.horizontal, &v = limits.vertical;
         io.Number("pixelclock", 24, item.actualpixelclock, clocks, TLimitPair(limits.pixelclock));
-        io.Number("aspectRatio", 4, item.aspectRatio,
-                  TLimitPair(EnumLimits{DisplayIdDetailedResolutionAspectRatioEnum::Carried}));
+        io.Number(
+            "aspectRatio", 4, item.aspectRatio,
+            OneOf<DisplayIdDetailedResolutionAspectRatioEnum>(DisplayIdDetailedResolutionAspectRatioEnum::Carried));
         io.Kept("interlaced", 1, item.interlaced);
-        io.Number("stereo", 2, item.stereo, TLimitPair(EnumLimits{DisplayIdDetailedResolutionStereoEnum::Carried}));
+        io.Number("stereo", 2, item.stereo,
+                  OneOf<DisplayIdDetailedResolutionStereoEnum>(DisplayIdDetailedResolutionStereoEnum::Carried));
         io.Kept("preferred", 1, item.preferred);
         io.Number("hactive", 16, item.hactive, lessOne, TLimitPair(h.active));
         io.Number("hblank", 16, item.hblank, lessOne, TLimitPair(h.blank));

@@ -120,9 +120,9 @@ public:
         io.Number("hborder", {{15, 0, 8}}, item.hborder, BorderLimits(item.hactive, h.active, 1));
         io.Number("vborder", {{16, 0, 8}}, item.vborder, lines, BorderLimits(item.vactive, v.active, grain));
         io.Number("stereo", {{17, 0, 1}, {17, 5, 2}}, item.stereo,
-                  TLimitPair(EnumLimits{EdidDetailedResolutionStereoEnum::Count}));
+                  OneOf<EdidDetailedResolutionStereoEnum>(EdidDetailedResolutionStereoEnum::Count));
         io.Number("syncType", {{17, 3, 2}}, item.syncType,
-                  TLimitPair(EnumLimits{EdidDetailedResolutionSyncTypeEnum::Count}));
+                  OneOf<EdidDetailedResolutionSyncTypeEnum>(EdidDetailedResolutionSyncTypeEnum::Count));
         MapSync(io, item);
         MapBeyondBytes(io, item, sound, carried);
     }
@@ -138,7 +138,7 @@ private:
     // What the two sync bits mean hangs on the sync type; what it doesn't use is 0.
     template <class IO>
     static void MapSync(IO& io, auto& item) {
-        const TLimitPair syncOnLimits(EnumLimits{EdidDetailedResolutionSyncOnEnum::Count});
+        const auto syncOnLimits = OneOf<EdidDetailedResolutionSyncOnEnum>(EdidDetailedResolutionSyncOnEnum::Count);
         switch (item.syncType) {
             case EdidDetailedResolutionSyncTypeEnum::AnalogComposite:
             case EdidDetailedResolutionSyncTypeEnum::BipolarAnalogComposite:

@@ -53,7 +53,8 @@ public:
                   Within({256, MaxWidth, 8, 0, blank}, {248, MaxWidth, 8, 0, blank}));
         io.Number("refreshRate", 6, item.refreshRate, ValueCoding{60, 1, {}},
                   TLimitPair(ValueLimits{60, 123, 0, 0, blank}));
-        io.Number("aspectRatio", 2, item.aspectRatio, OneOf(EdidStandardResolutionAspectRatioEnum::Count));
+        io.Number("aspectRatio", 2, item.aspectRatio,
+                  OneOf<EdidStandardResolutionAspectRatioEnum>(EdidStandardResolutionAspectRatioEnum::Count));
         io.Check("height", item.HasProperHeight(), true);
         io.Check("resolution", !item.IsNoResolution(), true);
     }

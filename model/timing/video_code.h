@@ -164,9 +164,9 @@ public:
         // The codes whose byte would be that of a native one have none.
         const int code = item.code.Id;
         const bool isCode = code >= 0 && code <= 255 && !CanBeNative(code - NativeMark);
-        io.Check("code", isCode, isCode);
+        io.Value("code", item.code.Id, isCode, isCode);
         const bool isMarkable = !item.native || CanBeNative(code);
-        io.Check("native", isMarkable, isMarkable);
+        io.Value("native", item.native, isMarkable, isMarkable);
     }
 
 protected:

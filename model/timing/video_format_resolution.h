@@ -79,7 +79,7 @@ public:
     static void Map(IO& io, auto& item) {
         io.Number("rid", 6, item.rid, Within({1, 63}, {0, 63}));
         io.Kept("flags", CtaVideoFormatResolutionFlags::BitCount, item.flags);
-        io.Check("size", item.GetSize() <= io.Available(), item.size >= 1 && item.size <= FrameSize);
+        io.Value("size", item.size, item.GetSize() <= io.Available(), item.size >= 1 && item.size <= FrameSize);
     }
 
 private:

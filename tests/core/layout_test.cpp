@@ -18,7 +18,9 @@ struct FeatureFlagEnum {
 
 // A part of its own: one byte.
 struct Inner {
+    static constexpr int FrameSize = 1;
     int value = 0;
+    bool IsValidAll() const { return value < 200; }
     bool Read(ByteRange range) {
         value = static_cast<int>(range.ReadLsb(8));
         return true;

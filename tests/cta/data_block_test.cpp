@@ -21,6 +21,16 @@ CtaDataBlockList ReadList(const char* hex) {
     return list;
 }
 
+TEST(CtaDataBlock, ATypeIsMadeOfFamilyAndCode) {
+    using Id = CtaDataBlockTypeId;
+    EXPECT_EQ(Id::VideoFormatResolutionList, 0x6);
+    EXPECT_EQ(Id::ExtensionOverride, 0x1000078);
+    EXPECT_EQ(Id::Microsoft, 0x2CA125C);
+    EXPECT_EQ(Id::Hdr10Plus, 0x390848B);
+    EXPECT_EQ(Id::Other, 0x5000000);
+    EXPECT_EQ(Id::OfVendor(0x00044B), Id::GSync);
+}
+
 TEST(CtaDataBlock, TagSevenOfLengthZeroHasNoExtendedTag) {
     const auto block = CheckBlock<CtaOtherDataBlock>("E0", "Other (7)");
     EXPECT_EQ(block.Size, 1);
