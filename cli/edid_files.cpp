@@ -33,6 +33,12 @@ FileBytes ReadAll(std::istream& in, const std::string& name) {
     return file;
 }
 
+bool BeginsAsJson(const Bytes& bytes) {
+    int at = 0;
+    while (at < bytes.Size() && IsBlank(bytes.At(at))) ++at;
+    return at < bytes.Size() && bytes.At(at) == '{';
+}
+
 std::optional<FileFormat> FormatNamed(std::string name) {
     std::transform(name.begin(), name.end(), name.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
@@ -66,6 +72,12 @@ FileBytes ReadFileBytes(const std::string& file, const Console& console) {
 ImportedFile ReadImportedFile(const std::string& file, const Console& console) {
     const FileBytes read = ReadFileBytes(file, console);
     ImportedFile imported;
+    if (BeginsAsJson(read.bytes)) {
+        Json::Building building;
+        const Bytes bytes = BuildJson(read.bytes, file, building);
+        if (!imported.edid.Read(bytes)) throw Failure(file, "is no EDID");
+        return ImportBytes(imported.edid, bytes);
+    }
     FileContent content;
     if (!ReadAnyFormat(read.bytes, imported.edid) || !GetContent(read.bytes, content)) {
         throw Failure(file, "is no EDID in BIN, DAT or TXT format");
@@ -75,6 +87,16 @@ ImportedFile ReadImportedFile(const std::string& file, const Console& console) {
     imported.notUnderstood = content.isText ? content.notUnderstood + unread : 0;
     if (!content.isText) imported.behind += unread;
     return imported;
+}
+
+Bytes BuildJson(const Bytes& text, const std::string& file, Json::Building& building) {
+    std::string problem;
+    const auto& bytes = text.Vector();
+    const auto node = Json::Parse(std::string(bytes.begin(), bytes.end()), problem);
+    if (!node) throw Failure(file, problem);
+    const auto built = Json::BuildEdid(*node, building);
+    if (!built) throw Failure(file, building.error);
+    return *built;
 }
 
 ImportedFile ImportBytes(const Edid& edid, const Bytes& bytes) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/command.h"
+#include "json/edid_json.h"
 #include "store/edid_files.h"
 
 namespace VNT::Cli {
@@ -37,6 +38,9 @@ ImportedFile ImportBytes(const Edid& edid, const Bytes& bytes);
 std::string CountText(std::int64_t count, const std::string& word);
 // "2 blocks missing" and the like, of what the file says and the EDID lacks.
 std::vector<std::string> LossTexts(const ImportedFile& file);
+
+// The bytes of an EDID that JSON describes. Fails with the path of what is wrong with it.
+Bytes BuildJson(const Bytes& text, const std::string& file, Json::Building& building);
 
 // The format of `--format`, else of the file's ending, else BIN.
 FileFormat ChooseFormat(const Arguments& arguments, const std::string& file);

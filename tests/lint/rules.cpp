@@ -25,10 +25,11 @@ const std::vector<Room>& Rooms() {
         {"model/cta/", {"model/core/", "model/timing/"}},
         {"model/displayid/", {"model/core/", "model/timing/", "model/cta/"}},
         {"model/", {"model/"}},
+        {"json/", {"model/"}},
         {"store/", {"model/"}},
         {"ui/", {}},
         {"editor/", {"model/", "store/", "ui/"}},
-        {"cli/", {"model/", "store/"}},
+        {"cli/", {"model/", "json/", "store/"}},
         {"app/", {"model/", "store/", "ui/", "editor/"}},
         {"samples/drivers/", {"store/"}},  // stand-ins speak what the store's doors to drivers speak
         {"samples/", {}},                  // bytes by hand, so that no fault of the model hides in them

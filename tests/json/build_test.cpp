@@ -1,0 +1,82 @@
+#include "json/difference.h"
+#include "json/edid_json.h"
+#include "model/edid/edid.h"
+#include "tests/support/items.h"
+
+namespace VNT::Testing {
+namespace {
+
+Json::Node Parsed(const char* text) {
+    std::string problem;
+    const auto node = Json::Parse(text, problem);
+    EXPECT_EQ(problem, "");
+    return node.value_or(Json::Node());
+}
+
+std::string ErrorOf(const char* text) {
+    Json::Building building;
+    EXPECT_FALSE(Json::BuildEdid(Parsed(text), building));
+    return building.error;
+}
+
+Edid Built(const char* text) {
+    Json::Building building;
+    const auto bytes = Json::BuildEdid(Parsed(text), building);
+    EXPECT_EQ(building.error, "");
+    Edid edid;
+    EXPECT_TRUE(edid.Read(bytes.value_or(Bytes())));
+    return edid;
+}
+
+TEST(JsonBuild, AVendorAndAModeAreAWholeEdid) {
+    const Edid edid = Built(R"({"vendorId": "ABC", "descriptors": [
+        {"mode": "CVT-RB standard", "hactive": 2560, "vactive": 1440, "vrate": 60}]})");
+    EXPECT_TRUE(edid.IsValid());
+    EXPECT_EQ(edid.properties.vendorId, "ABC");
+    ASSERT_EQ(edid.descriptors.GetCount(), 1);
+    EXPECT_EQ(TextOf(edid.descriptors.At(0)).substr(0, 18), "2560x1440 @ 60.000");
+}
+
+TEST(JsonBuild, AnEmptyObjectIsANewEdid) { EXPECT_TRUE(Built("{}").IsValid()); }
+
+TEST(JsonBuild, AnUnknownNameIsToldWithTheNearest) {
+    EXPECT_EQ(ErrorOf(R"({"vendorID": "ABC"})"), "vendorID: no such field here; the nearest is \"vendorId\"");
+    EXPECT_EQ(ErrorOf(R"({"descriptors": [{"type": "Nam"}]})"),
+              "descriptors[0]: \"Nam\" is no kind; the nearest is \"Name\"");
+}
+
+TEST(JsonBuild, AValueThatNoFieldCarriesIsToldWithItsRange) {
+    EXPECT_EQ(ErrorOf(R"({"productId": 70000})"), "productId: can be 0 to 65535");
+    EXPECT_EQ(ErrorOf(R"({"productId": 1.5})"), "productId: 1.5 is not a whole number");
+    EXPECT_EQ(ErrorOf(R"({"vendorId": 5})"), "vendorId: a text is needed");
+    EXPECT_EQ(ErrorOf(R"([])"), "the whole: an object is needed");
+}
+
+TEST(JsonBuild, AValueThatNoSoundEdidHoldsIsAWarning) {
+    Json::Building building;
+    EXPECT_TRUE(Json::BuildEdid(Parsed(R"({"version": 0})"), building));
+    ASSERT_EQ(building.warnings.size(), 1u);
+    EXPECT_EQ(building.warnings[0], "version: should be 1 to 255");
+}
+
+TEST(JsonParse, WhatIsNoJsonOrTooDeepIsRefused) {
+    for (const std::string& text :
+         {std::string("{"), std::string(""), std::string("{} {}"), std::string(100, '['),
+          std::string(R"({"a": 1, "a": 2})"), std::string("1e300"), std::string("[12345678901234567890]")}) {
+        std::string problem;
+        EXPECT_FALSE(Json::Parse(text, problem)) << text;
+        EXPECT_NE(problem, "") << text;
+    }
+}
+
+TEST(JsonCompare, AnInsertedItemIsOneChange) {
+    const auto before = Parsed(R"({"list": [{"type": "A", "x": 1}, {"type": "B", "x": 2}], "n": 1})");
+    const auto after = Parsed(R"({"list": [{"type": "A", "x": 1}, {"type": "C"}, {"type": "B", "x": 3}], "n": 1})");
+    std::string text;
+    for (const Json::Change& change : Json::Compare(before, after)) text += Json::Describe(change) + "\n";
+    EXPECT_EQ(text, "list[2].x: 2 -> 3\n+ list[1]\n");
+    EXPECT_TRUE(Json::Compare(before, before).empty());
+}
+
+}  // namespace
+}  // namespace VNT::Testing
