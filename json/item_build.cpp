@@ -161,7 +161,7 @@ private:
                 Fail(name, PrintShort(item) + " is none of its flags" + SayNearest(text, TextsOf(names)));
                 return false;
             }
-            bits |= flag;
+            if (bits / flag % 2 == 0) bits += flag;
         }
         return true;
     }

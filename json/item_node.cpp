@@ -17,9 +17,9 @@ struct Field {
 Node NodeOfFlags(std::int64_t bits, NumberNames names) {
     Node list = Node::EmptyList();
     for (const NumberName& name : names) {
-        if ((bits & name.number) == 0) continue;
+        if (bits / name.number % 2 == 0) continue;
         list.Add(Node::Of(std::string(name.text)));
-        bits &= ~name.number;
+        bits -= name.number;
     }
     for (int bit = 0; bits != 0; ++bit, bits /= 2) {
         if (bits % 2 != 0) list.Add(Node::OfNumber(bit));

@@ -162,8 +162,8 @@ std::shared_ptr<void> MakeNewItem() {
 
 template <class X>
 constexpr ItemType MakeItemType() {
-    ItemType type{&TellItem<X>, &RenewItem<X>,    &GetItemBytes<X>, &ReadItem<X>,
-                  nullptr,      nullptr, nullptr, &MakeNewItem<X>};
+    ItemType type{&TellItem<X>, &RenewItem<X>, &GetItemBytes<X>, &ReadItem<X>,
+                  nullptr,      nullptr,       nullptr,          &MakeNewItem<X>};
     if constexpr (requires { typename X::KindsType; }) {
         type.getKind = &GetItemKind<X>;
         type.getKinds = &GetItemKinds<X>;
