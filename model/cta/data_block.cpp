@@ -38,6 +38,9 @@ void CtaDataBlockList::SetOverrideCount(int count) {
     CtaExtensionOverrideDataBlock block;
     if (IsEmpty() || !block.Assign(At(0))) return;
     block.BlockCount = count;
+    // One without the byte for it gets that, as any block that is edited.
+    const bool hasCount = block.PresentLength > 0;
+    if (!hasCount) block.SetFields(CtaExtensionOverrideDataBlockFields(block));
     Set(0, CtaDataBlock(block.Clone()));
 }
 

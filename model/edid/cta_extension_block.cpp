@@ -30,7 +30,13 @@ void EdidCtaExtensionBlock::FillTexts(TextTable& table) const {
 void EdidCtaExtensionBlock::SetOverrideCount(int count) {
     // A block that states the count already is as it was read.
     if (GetOverrideCount() == Undefined || GetOverrideCount() == count) return;
-    dataBlocks.SetOverrideCount(count);
+    const int size = dataBlocks.GetSize();
+    CtaDataBlockList counted = dataBlocks;
+    counted.SetOverrideCount(count);
+    if (counted.GetSize() - size > BodyBytes - size - descriptors.GetSize()) return;
+    dataBlocks = counted;
+    // One that had no byte for the count has it now, and all behind it moves.
+    if (dataBlocks.GetSize() != size) return Normalize();
     UpdateChecksum();
 }
 

@@ -36,7 +36,7 @@ void EdidExtensionBlockList::ReadMore(ByteRange range) {
 bool EdidExtensionBlockList::UpdateOverrideCount() {
     if (GetOverrideCount() == Undefined) return false;
     Slot(0).SetOverrideCount(GetCount());
-    return true;
+    return GetOverrideCount() == GetCount();
 }
 
 void EdidExtensionBlockList::FillUp(int count) {

@@ -133,7 +133,7 @@ public:
     void ReadMore(ByteRange range);
     // The override count that the first block states, Undefined if it states none.
     int GetOverrideCount() const { return IsEmpty() ? Undefined : At(0).GetOverrideCount(); }
-    // Puts the count of blocks into the first block's override; false if it has none.
+    // Puts the count of blocks into the first block's override; false if it has none, or no room for the count.
     bool UpdateOverrideCount();
     // Appends default blocks until the list holds `count`.
     void FillUp(int count);

@@ -30,8 +30,6 @@ constexpr Rate Rates[] = {
     {360, Flag::Base60, Flag::Factor12}, {400, Flag::Base50, Flag::Factor16}, {480, Flag::Base60, Flag::Factor16},
 };
 
-constexpr bool FitsFirstByte(Flags flags) { return flags.GetBits() < SecondByte; }
-
 // With what a descriptor of one byte leaves unsaid.
 constexpr Flags WithDefaults(Flags flags) {
     return Flags(flags.GetBits() + CtaVideoFormatResolutionFields::DefaultFlags.GetBits());
@@ -44,7 +42,6 @@ constexpr std::uint32_t BehindFirstByte(Flags flags) { return flags.GetBits() / 
 
 CtaVideoFormatResolution::CtaVideoFormatResolution(const CtaVideoFormatResolutionFields& fields) {
     static_cast<CtaVideoFormatResolutionFields&>(*this) = fields;
-    if (FitsFirstByte(flags)) flags = WithDefaults(flags);
     size = GetSize();
 }
 
@@ -63,7 +60,8 @@ bool CtaVideoFormatResolution::Write(ByteRange range) const {
 }
 
 int CtaVideoFormatResolution::GetSize() const {
-    if (FitsFirstByte(flags) || BehindFirstByte(flags) == BehindFirstByte(DefaultFlags)) return 1;
+    // One byte alone means the default rates beside its own.
+    if (BehindFirstByte(flags) == BehindFirstByte(DefaultFlags)) return 1;
     if (flags.GetBits() >= FourthByte) return 4;
     return flags.GetBits() >= ThirdByte ? 3 : 2;
 }

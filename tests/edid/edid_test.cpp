@@ -150,6 +150,18 @@ TEST(Edid, AnOverrideBlockStatesTheCountAndByte126Is1) {
     EXPECT_EQ(ReadEdid(bytes).GetBytes(), bytes);
 }
 
+TEST(Edid, AnOverrideWithoutItsCountLosesNoBlock) {
+    Bytes uncounted(128, 0);
+    int at = 0;
+    for (const int byte : {0x02, 0x03, 0x06, 0x00, 0xE1, 0x78}) uncounted.At(at++) = static_cast<std::uint8_t>(byte);
+    Edid edid = ReadEdid(Join({BaseBlock(3), uncounted, UnknownBlock(0x77), UnknownBlock(0x78)}));
+    for (int conversion = 0; conversion < 2; ++conversion) {
+        edid = ReadEdid(Edid(EdidFields(edid)).GetBytes());
+        EXPECT_EQ(edid.extensionBlocks.GetCount(), 3);
+        EXPECT_EQ(edid.extensionOverrideCount, 3);
+    }
+}
+
 TEST(Edid, AnOverrideIsReadOnlyWhereDataBlocksStand) {
     Bytes block = OverrideBlock(9);
     block.At(2) = 4;  // detailed timings start at once: no data blocks

@@ -3,6 +3,7 @@
 #include "model/cta/colorimetry.h"
 #include "model/cta/extension_override.h"
 #include "model/cta/gsync.h"
+#include "model/cta/video_lists.h"
 #include "model/displayid/vendor_specific.h"
 #include "model/edid/cta_extension_block.h"
 #include "model/edid/displayid_extension_block.h"
@@ -155,6 +156,27 @@ TEST(EdidCtaExtensionBlock, TheOverrideCountChangesNothingElseOfTheBlock) {
     EXPECT_EQ(block.dataBlockPadding, FromHex("65 4B 04"));
     EXPECT_EQ(block.GetOverrideCount(), 5);
     EXPECT_EQ(block.checksum, block.GetComputedChecksum());
+}
+
+TEST(EdidCtaExtensionBlock, AnOverrideWithoutItsCountGetsTheByteWithTheCount) {
+    auto block = ReadAs<EdidCtaExtensionBlock>(Block(FromHex("02 03 06 00 E1 78")));
+    block.SetOverrideCount(3);
+    EXPECT_EQ(block.GetOverrideCount(), 3);
+    EXPECT_EQ(BytesOf(block), Block(FromHex("02 03 07 00 E2 78 03")));
+}
+
+TEST(EdidCtaExtensionBlock, AnOverrideWithoutItsCountStaysSoWhereThereIsNoRoom) {
+    EdidCtaExtensionBlockFields fields;
+    CtaDataBlock uncounted;
+    EXPECT_TRUE(uncounted.Read(FromHex("E1 78")));
+    fields.dataBlocks.Add(uncounted);
+    for (int i = 0; i < 30; ++i) fields.dataBlocks.Add(Hold(CtaColorimetryDataBlock()));
+    fields.dataBlocks.Add(Hold(CtaVideoResolutionListDataBlock()));
+    EdidCtaExtensionBlock block(fields);
+    EXPECT_TRUE(block.tail.IsEmpty());
+    const EdidCtaExtensionBlock before = block;
+    block.SetOverrideCount(3);
+    EXPECT_EQ(block, before);
 }
 
 TEST(EdidVtbExtensionBlock, HoldsThreeLists) {

@@ -217,18 +217,32 @@ TEST(CtaVideoFormatResolution, NeedsAsManyBytesAsItsHighestFlag) {
         fields.flags = CtaVideoFormatResolutionFlags(flags);
         return CtaVideoFormatResolution(fields).size;
     };
-    for (const std::uint32_t flags : {0u, 1u, 3u}) EXPECT_EQ(sizeOf(flags), 1) << flags;
-    EXPECT_EQ(sizeOf(CtaVideoFormatResolutionFields::DefaultFlags.GetBits()), 1);
-    for (const std::uint32_t flags : {4u, 0x3FFu}) EXPECT_EQ(sizeOf(flags), 2) << flags;
+    // One byte alone says the default rates beside its own.
+    const std::uint32_t byDefault = CtaVideoFormatResolutionFields::DefaultFlags.GetBits();
+    for (const std::uint32_t flags : {0u, 1u, 3u}) EXPECT_EQ(sizeOf(byDefault + flags), 1) << flags;
+    for (const std::uint32_t flags : {0u, 1u, 3u, 4u, 0x3FFu}) EXPECT_EQ(sizeOf(flags), 2) << flags;
     for (const std::uint32_t flags : {0x400u, 0x3FFFFu}) EXPECT_EQ(sizeOf(flags), 3) << flags;
     for (const std::uint32_t flags : {0x40000u, 0x3FFFFFFu}) EXPECT_EQ(sizeOf(flags), 4) << flags;
 }
 
 TEST(CtaVideoFormatResolution, WhatNoByteSaysIsTheDefault) {
-    CtaVideoFormatResolutionFields fields;
-    fields.flags = {};
-    EXPECT_EQ(CtaVideoFormatResolution(fields).flags, CtaVideoFormatResolutionFields::DefaultFlags);
     EXPECT_EQ(FormatOf("01").flags, CtaVideoFormatResolutionFields::DefaultFlags);
+}
+
+TEST(CtaVideoFormatResolution, ARateOfTheFirstByteAloneTakesTheSecondByteToo) {
+    CtaVideoFormatResolutionFields fields;
+    fields.rid = 16;
+    for (const CtaVideoFormatResolutionFlags flags :
+         {CtaVideoFormatResolutionFlags{CtaVideoFormatResolutionFlagEnum::Rate24}, CtaVideoFormatResolutionFlags()}) {
+        fields.flags = flags;
+        const CtaVideoFormatResolution resolution(fields);
+        Bytes bytes(resolution.size, 0);
+        EXPECT_TRUE(resolution.Write(bytes));
+        CtaVideoFormatResolution again;
+        EXPECT_TRUE(again.Read(bytes));
+        EXPECT_EQ(again.flags, flags);
+        EXPECT_EQ(again.GetSize(), 2);
+    }
 }
 
 TEST(CtaVideoFormatResolution, IsValidWhereItsFlagsHaveRoom) {
