@@ -162,6 +162,11 @@ void Window::Center() {
     SetPosition(left, top);
 }
 
+void Window::StayInWorkArea() {
+    const auto area = Native::GetWorkArea(handle);
+    if (area && y + height > area->Bottom) SetPosition(x, std::max(area->Top, area->Bottom - height));
+}
+
 void Window::AddMessageHandler(int message, MessageHandler handler) {
     MessageHandlers.Set(message, std::move(handler));
 }

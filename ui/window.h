@@ -43,6 +43,8 @@ public:
     // On the parent, or in the work area when there is none; all of it within the work area of the parent's monitor, or
     // its left and upper edge when it is larger.
     void Center();
+    // Moves a window that stands in the work area up so far that its lower edge does, too.
+    void StayInWorkArea();
 
     void AddMessageHandler(int message, MessageHandler handler);
     void AddResultHandler(int message, ResultHandler handler);
