@@ -56,7 +56,9 @@ bool ImportDat(const fs::path& path, Edid& edid) { return ReadDat(ReadFile(path)
 bool ImportTxt(const fs::path& path, Edid& edid) { return ReadTxt(ReadFile(path), edid); }
 bool ImportAny(const fs::path& path, Edid& edid) { return ReadAnyFormat(ReadFile(path), edid); }
 
-Bytes GetFileBytes(const Edid& edid, FileFormat format) {
+Bytes GetFileBytes(const Edid& edid, FileFormat format) { return GetFileBytes(edid.GetBytes(), format); }
+
+Bytes GetFileBytes(const Bytes& edid, FileFormat format) {
     switch (format) {
         case FileFormat::Txt:
             return WriteTxt(edid);
@@ -65,10 +67,12 @@ Bytes GetFileBytes(const Edid& edid, FileFormat format) {
         case FileFormat::Bin:
             break;
     }
-    return WriteBin(edid);
+    return edid;
 }
 
-bool Export(const fs::path& path, const Edid& edid, FileFormat format) {
+bool Export(const fs::path& path, const Edid& edid, FileFormat format) { return Export(path, edid.GetBytes(), format); }
+
+bool Export(const fs::path& path, const Bytes& edid, FileFormat format) {
     const Bytes bytes = GetFileBytes(edid, format);
     return !bytes.IsEmpty() && WriteFile(path, format == FileFormat::Bin ? bytes : AsSystemText(bytes));
 }

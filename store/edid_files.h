@@ -19,9 +19,11 @@ enum class FileFormat { Bin, Dat, Txt };
 
 // What a file in that format holds, lines ending in "\n"; empty if the EDID can't be written.
 Bytes GetFileBytes(const Edid& edid, FileFormat format);
+Bytes GetFileBytes(const Bytes& edid, FileFormat format);
 
 // Each is false if the EDID or the file can't be written, see WriteFile. The lines of a text end as the system's do.
 bool Export(const std::filesystem::path& path, const Edid& edid, FileFormat format);
+bool Export(const std::filesystem::path& path, const Bytes& edid, FileFormat format);  // bytes as they are
 bool ExportBin(const std::filesystem::path& path, const Edid& edid);
 bool ExportDat(const std::filesystem::path& path, const Edid& edid);
 bool ExportTxt(const std::filesystem::path& path, const Edid& edid);

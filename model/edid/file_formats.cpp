@@ -158,8 +158,10 @@ bool ReadAnyFormat(const Bytes& file, Edid& edid) {
 
 Bytes WriteBin(const Edid& edid) { return edid.GetBytes(); }
 
-Bytes WriteDat(const Edid& edid) {
-    const Bytes bytes = edid.GetBytes();
+Bytes WriteDat(const Edid& edid) { return WriteDat(edid.GetBytes()); }
+Bytes WriteTxt(const Edid& edid) { return WriteTxt(edid.GetBytes()); }
+
+Bytes WriteDat(const Bytes& bytes) {
     if (bytes.IsEmpty()) return {};
     const int width = bytes.Size() > WideOffsetsFrom ? 4 : 2;
     const String blanks(std::u32string(static_cast<std::size_t>(width), U' '));
@@ -172,10 +174,9 @@ Bytes WriteDat(const Edid& edid) {
     return FromText(text);
 }
 
-Bytes WriteTxt(const Edid& edid) {
+Bytes WriteTxt(const Bytes& bytes) {
     HexFormat format;
     format.bytesPerLine = BytesPerRow;
-    const Bytes bytes = edid.GetBytes();
     return bytes.IsEmpty() ? Bytes() : FromText(HexText(bytes, format) + U"\n");
 }
 

@@ -32,5 +32,8 @@ bool GetContent(const Bytes& file, FileContent& content);
 Bytes WriteBin(const Edid& edid);
 Bytes WriteDat(const Edid& edid);
 Bytes WriteTxt(const Edid& edid);
+// Of bytes as they are, whether they are an EDID or not.
+Bytes WriteDat(const Bytes& bytes);
+Bytes WriteTxt(const Bytes& bytes);
 
 }  // namespace VNT
