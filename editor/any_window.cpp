@@ -21,7 +21,9 @@ void AnyWindow::BindOk(Button& button, Callback commit) {
         UI::EndRun(UI::IdOk);
     };
     button.AddNotificationHandler(Button::Clicked, confirm);
-    AddCommandHandler(UI::IdOk, confirm);
+    AddCommandHandler(UI::IdOk, [this, confirm] {
+        if (!IsInRefuge()) confirm();
+    });
 }
 
 void AnyWindow::BindCancel(Button& button) {
@@ -34,29 +36,37 @@ void AnyWindow::BindCancel(Button& button) {
     });
 }
 
-void AnyWindow::BindTextBox(TextBox& box, std::function<bool(const String&)> parse,
-                            std::function<void(bool parsed)> onChange) {
-    box.AddNotificationHandler(TextBox::Changed,
-                               [this, &box, parse = std::move(parse), onChange = std::move(onChange)] {
-                                   onChange(parse(String(box.GetText())));
-                                   Update();
-                               });
+void AnyWindow::TakeInput(Forms::Cell& cell, const Input& input) {
+    if (lastInput != input.Source) {
+        lastInput = input.Source;
+        before = input.Get();
+        Remember();
+    }
+    if (lastCell) lastCell->IsBlamed = false;
+    lastCell = &cell;
+    input.Store();
+    if (cell.OnChange) cell.OnChange();
+    const auto& getNow = input.GetTyped ? input.GetTyped : input.Get;
+    if (!cell.IsBadText && getNow() == before) Recall();
+    Update();
+}
+
+void AnyWindow::BindTextBox(Forms::TControlCell<TextBox>& cell, std::function<String()> get,
+                            std::function<void(const String&)> parse) {
+    TextBox& box = cell.Control;
+    const Input input{&cell, std::move(get), [&box, parse = std::move(parse)] { parse(String(box.GetText())); },
+                      [&box] { return String(box.GetText()); }};
+    box.AddNotificationHandler(TextBox::Changed, [this, &cell, input] { TakeInput(cell, input); });
     box.AddNotificationHandler(TextBox::FocusLost, [this] { Update(); });
 }
 
 void AnyWindow::BindChoice(ComboBox& box, std::function<void(int row)> choose, Callback onChange) {
-    const auto store = [&box, choose = std::move(choose)] {
-        if (box.GetSelection() != ComboBox::NoSelection) choose(box.GetSelection());
-    };
-    box.AddNotificationHandler(ComboBox::SelectionChanged, GetHandler(store, std::move(onChange)));
-}
-
-AnyWindow::Callback AnyWindow::GetHandler(Callback store, Callback onChange) {
-    return [this, store = std::move(store), onChange = std::move(onChange)] {
-        store();
-        if (onChange) onChange();
-        Update();
-    };
+    box.AddNotificationHandler(ComboBox::SelectionChanged,
+                               [this, &box, choose = std::move(choose), onChange = std::move(onChange)] {
+                                   if (box.GetSelection() != ComboBox::NoSelection) choose(box.GetSelection());
+                                   if (onChange) onChange();
+                                   Update();
+                               });
 }
 
 void AnyWindow::SetText(TextBox& box, const String& text, const Forms::FieldState& state, bool isBadText) {
@@ -106,6 +116,8 @@ int AnyWindow::RunForm() {
     AddOkAndCancel();
     NameCells();
     isLaidOut = false;
+    lastCell = nullptr;
+    lastInput = nullptr;
     Update();
     Center();
     return Run();
@@ -113,9 +125,16 @@ int AnyWindow::RunForm() {
 
 void AnyWindow::Update() {
     bool changed = !isLaidOut;
+    if (lastCell) lastCell->IsBlamed = false;
     for (const auto& group : groups) changed = UpdateGroup(*group) || changed;
+    // What can't be written although no field says so is told at what was put in last.
+    const bool isBlocked = !IsClosed() && IsBlocked();
+    if (lastCell && isBlocked) {
+        lastCell->IsBlamed = true;
+        for (const auto& group : groups) changed = UpdateGroup(*group) || changed;
+    }
     if (!ok) return;
-    const bool canConfirm = CanConfirm() && !HasBadText();
+    const bool canConfirm = CanConfirm() && !isBlocked && !IsClosed();
     if (ok->IsEnabled() != canConfirm) ok->SetEnabled(canConfirm);
     ok->SetDefault(canConfirm);
     Explain();
@@ -124,6 +143,7 @@ void AnyWindow::Update() {
     Forms::BottomButtons buttons{{}, {ok.get(), cancel.get()}};
     for (const auto& button : leftButtons) buttons.Left.push_back(button.get());
     Forms::LayOut(*this, groups, buttons);
+    if (GetRunning() == this) StayInWorkArea();
 }
 
 bool AnyWindow::UpdateGroup(Forms::Group& group) {
@@ -145,7 +165,10 @@ void AnyWindow::SetState(Forms::Cell& cell) const {
     cell.State.IsAvailable = cell.State.IsAvailable && Forms::Holds(cell.EnabledIf);
     // What follows from other fields is red too where it is out of its limits. A text that is nothing counts only where
     // it can be mended.
-    if (cell.IsBadText && cell.State.IsAvailable) cell.State.IsValid = false;
+    if ((cell.IsBadText && cell.State.IsAvailable) || cell.IsBlamed) {
+        cell.State.IsValid = false;
+        cell.State.ClosesOk = true;
+    }
 }
 
 bool AnyWindow::UpdateRow(Forms::Row& row, bool isVisible, bool& isValid, bool& isAvailable) {
@@ -275,11 +298,31 @@ void AnyWindow::Explain() {
     ok->SetHint(ok->IsEnabled() ? L"" : first);
 }
 
-bool AnyWindow::HasBadText() const {
-    const auto isBad = [](const auto& cell) { return cell->IsBadText && cell->IsVisible && cell->State.IsAvailable; };
+bool AnyWindow::IsInRefuge() const {
+    const auto isRefuge = [](const auto& cell) {
+        const auto* list = dynamic_cast<const Forms::ListCell*>(cell.get());
+        return list != nullptr && list->Controls.IsRefuge();
+    };
     for (const auto& group : groups) {
         for (const auto& row : group->Rows) {
-            if (std::any_of(row->Cells.begin(), row->Cells.end(), isBad)) return true;
+            if (std::any_of(row->Cells.begin(), row->Cells.end(), isRefuge)) return true;
+        }
+    }
+    return false;
+}
+
+bool AnyWindow::HasFault(const Forms::Group& group) {
+    const auto closes = [](const auto& cell) { return cell->State.ClosesOk; };
+    return std::any_of(group.Rows.begin(), group.Rows.end(), [&closes](const auto& row) {
+        return std::any_of(row->Cells.begin(), row->Cells.end(), closes);
+    });
+}
+
+bool AnyWindow::IsClosed() const {
+    const auto closes = [](const auto& cell) { return cell->State.ClosesOk && cell->IsVisible; };
+    for (const auto& group : groups) {
+        for (const auto& row : group->Rows) {
+            if (std::any_of(row->Cells.begin(), row->Cells.end(), closes)) return true;
         }
     }
     return false;

@@ -1,22 +1,26 @@
 // The base of every form. To add the form of an item:
 //
-//     // editor/cta_gsync_window.h: all that the form says about itself
+//     // editor/cta_sync_windows.h
 //     class CtaGSyncDataBlockWindow : public TItemWindow<VNT::CtaGSyncDataBlock> {
 //     public:
-//         explicit CtaGSyncDataBlockWindow(UI::Window* parent)
-//             : TItemWindow(parent, L"CtaGSyncDataBlockWindow", L"G-SYNC") {
-//             Group(L"Version").Number(Field<&Fields::Version>, L"000");
-//             Group(L"Min refresh rate").Number(Field<&Fields::MinRefreshRate>, L"000", L"Hz");
-//         }
+//         explicit CtaGSyncDataBlockWindow(UI::Window* parent);
 //     };
+//
+//     // editor/cta_sync_windows.cpp: all that the form says about itself
+//     CtaGSyncDataBlockWindow::CtaGSyncDataBlockWindow(UI::Window* parent)
+//         : TItemWindow(parent, L"CtaGSyncDataBlockWindow", L"G-SYNC") {
+//         Group(L"Version").Number(Field<&Fields::Version>, L"000");
+//         Group(L"Min refresh rate").Number(Field<&Fields::MinRefreshRate>, L"000", L"Hz");
+//     }
 //
 //     // its row in its family's table of forms, which is the chooser's too
 //     FormOf<CtaGSyncDataBlockWindow, CtaDataBlock>(),
 //
-// Such a form edits the item's `FieldsType` in `fields`. After every input it builds `item` from them, takes the
-// normalised fields back, and refreshes all rows: what is red, what can be used and whether OK can be come from the
-// item's status by the name of each field. A row names its field once, never positions a control and names no colour.
-// `group.h` lists the kinds of rows. What is particular hangs on the row that it belongs to:
+// Such a form edits the item's `FieldsType` in `fields`. After every input it builds `item` from them, the one that
+// would be written, takes the normalised fields back but for those that do not apply now, and refreshes all rows: what
+// is red, what can be used and whether OK can be come from the item's status by the name of each field. A row names its
+// field once, never positions a control and names no colour. `group.h` lists the kinds of rows. What is particular
+// hangs on the row that it belongs to:
 //
 //     .OnChange(f)   runs between an input and the refresh: linked fields (`fields.useRaw = true`)
 //     .EnabledIf(c)  beside what the status says
@@ -30,6 +34,7 @@
 #include <string_view>
 #include <vector>
 
+#include "editor/field.h"
 #include "editor/form_rows.h"
 #include "model/core/layout.h"
 #include "ui/message.h"
@@ -47,18 +52,28 @@ public:
     void BindOk(UI::Controls::Button& ok, Callback commit);
     void BindCancel(UI::Controls::Button& cancel);
 
-    // What input does: it is stored in the field, then `onChange` and `Update` run.
-    // For a text box `parse` stores the text, and `onChange` gets told whether it was one of the field's kind.
-    void BindTextBox(UI::Controls::TextBox& box, std::function<bool(const VNT::String&)> parse,
-                     std::function<void(bool parsed)> onChange);
+    // What input does: `Store` puts it into the field, then the cell's `OnChange` and `Update` run. What is put back as
+    // `Get` told it before, with nothing else touched in between, takes the whole record back to where it was.
+    struct Input {
+        const void* Source;  // the same for what belongs together
+        std::function<VNT::String()> Get;
+        Callback Store;
+        std::function<VNT::String()> GetTyped{};  // what stands there now, if that is not what `Get` tells
+    };
+    void TakeInput(Forms::Cell& cell, const Input& input);
+    // Of a text box `parse` stores the text, and says whether it was one of the field's kind.
+    void BindTextBox(Forms::TControlCell<UI::Controls::TextBox>& cell, std::function<VNT::String()> get,
+                     std::function<void(const VNT::String&)> parse);
     void BindChoice(UI::Controls::ComboBox& box, std::function<void(int row)> choose, Callback onChange);
     // The field takes the index of the chosen row plus `offset`.
     void BindComboBox(UI::Controls::ComboBox& box, int offset, int& field, Callback onChange = {}) {
         BindChoice(
             box, [offset, &field](int row) { field = row + offset; }, std::move(onChange));
     }
-    // The handler of a button that changes a field: `store` does it.
-    Callback GetHandler(Callback store, Callback onChange);
+    // Something else than an input changes the record: what was put in before is not put back any more.
+    void ForgetInput() { lastInput = nullptr; }
+    // A field that a row shows.
+    virtual void Register(const Forms::AnyField&) {}
 
     // What a refresh does. The text of a box that has the focus stays as typed, and so does a bad one.
     static void SetText(UI::Controls::TextBox& box, const VNT::String& text, const Forms::FieldState& state,
@@ -89,6 +104,14 @@ protected:
     virtual bool CanConfirm() const { return true; }
     // What OK does before the form ends.
     virtual void Commit() {}
+    // Keeps the record as it is now, and puts it back so.
+    virtual void Remember() {}
+    virtual void Recall() {}
+    // Whether what was put in last made the record something that can't be written, whatever its fields say.
+    virtual bool IsBlocked() { return false; }
+
+    // Whether a field of the group closes OK, seen or not.
+    static bool HasFault(const Forms::Group& group);
 
     // Shows what the form's copy holds and runs until the form is confirmed (1) or cancelled (2).
     int RunForm();
@@ -108,11 +131,16 @@ private:
     bool UpdateRow(Forms::Row& row, bool isVisible, bool& isValid, bool& isAvailable);
     static bool UpdateCell(Forms::Cell& cell, bool isVisible);
     void SetState(Forms::Cell& cell) const;
-    bool HasBadText() const;
+    bool IsClosed() const;
+    // Whether the focus is where a button that closed has left it.
+    bool IsInRefuge() const;
 
     std::vector<std::unique_ptr<Forms::Group>> groups;
     std::vector<std::unique_ptr<UI::Controls::Button>> leftButtons;
     std::unique_ptr<UI::Controls::Button> ok;
     std::unique_ptr<UI::Controls::Button> cancel;
     bool isLaidOut = false;
+    Forms::Cell* lastCell = nullptr;  // that took an input
+    const void* lastInput = nullptr;  // its source, while what was before it is remembered
+    VNT::String before;
 };

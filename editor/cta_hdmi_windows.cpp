@@ -67,7 +67,13 @@ void CtaHdmiDataBlockWindow::AddLatencies(const std::wstring& text, int flag, La
     auto group = Group(L"");
     group.Flag(Forms::TBoundField{fields.Flags2, audioName}, flag, text).OnChange([this, flag, &videoRow, &audioRow] {
         const bool isOn = fields.Flags2.Test(static_cast<CtaHdmiDataBlockFlag2Enum::Enum>(flag));
-        videoRow.latency = audioRow.latency = isOn ? 0 : Undefined;
+        for (LatencyRow* row : {&videoRow, &audioRow}) {
+            if (!isOn) row->last = row->latency;
+            row->latency = isOn ? row->last : Undefined;
+        }
+        // The flag follows from them.
+        if (isOn && videoRow.latency == Undefined && audioRow.latency == Undefined)
+            videoRow.latency = audioRow.latency = 0;
     });
     AddLatency(group, videoRow, L"Video:", L"No video", videoName);
     AddLatency(group, audioRow, L"Audio:", L"No audio", audioName);
@@ -79,7 +85,8 @@ void CtaHdmiDataBlockWindow::AddLatency(TGroup<Fields>& group, LatencyRow& row, 
         return !row.isNoSignal;
     });
     group.Check(Forms::TBoundField<bool>{row.isNoSignal, name}, noSignal).OnChange([&row] {
-        row.latency = row.isNoSignal ? Fields::NoSignal : 0;
+        if (row.isNoSignal) row.last = row.latency;
+        row.latency = row.isNoSignal ? Fields::NoSignal : row.last == Fields::NoSignal ? 0 : row.last;
     });
 }
 

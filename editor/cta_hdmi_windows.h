@@ -30,6 +30,7 @@ private:
     struct LatencyRow {
         int& latency;
         bool isNoSignal = false;
+        int last = 0;  // what was there before a check box took it away
     };
     void AddLatencies(const std::wstring& text, int flag, LatencyRow& video, LatencyRow& audio);
     void AddLatency(TGroup<Fields>& group, LatencyRow& row, const std::wstring& label, const std::wstring& noSignal,

@@ -1,6 +1,5 @@
 #include "editor/cta_hdr_windows.h"
 
-#include "editor/raw_rows.h"
 #include "model/edid/captions.h"
 
 using namespace VNT;
@@ -11,12 +10,20 @@ CtaHdrStaticMetadataDataBlockWindow::CtaHdrStaticMetadataDataBlockWindow(UI::Win
     Group(L"Colorimetry").Checks(Field<&Fields::Flags>, Flag::TransferTexts);
     Group(L"Metadata").Checks(Field<&Fields::Flags>, Flag::MetadataTexts);
     auto group = Group(L"Luminance").Aligned();
-    const auto addRow = [&](const wchar_t* label, auto number, auto raw) {
-        AddRawRow(group, Forms::LuminanceRow, fields.RawMode, label, number, raw);
-    };
-    addRow(L"Max luminance:", Field<&Fields::MaxLuminance>, Field<&Fields::MaxLuminanceRaw>);
-    addRow(L"Max frame-avg:", Field<&Fields::MaxFrameAverage>, Field<&Fields::MaxFrameAverageRaw>);
-    addRow(L"Min luminance:", Field<&Fields::MinLuminance>, Field<&Fields::MinLuminanceRaw>);
+    rows.AddMax(group, fields.RawMode, L"Max luminance:", Field<&Fields::MaxLuminance>,
+                Field<&Fields::MaxLuminanceRaw>);
+    AddRawRow(group, Forms::LuminanceRow, fields.RawMode, L"Max frame-avg:", Field<&Fields::MaxFrameAverage>,
+              Field<&Fields::MaxFrameAverageRaw>);
+    rows.AddMin(group, fields.RawMode, L"Min luminance:", Field<&Fields::MinLuminance>,
+                Field<&Fields::MinLuminanceRaw>);
+}
+
+Forms::FieldState CtaHdrStaticMetadataDataBlockWindow::GetFieldState(std::string_view field) const {
+    const Forms::FieldState state = TItemWindow::GetFieldState(field);
+    if (field == "MaxLuminance") return StateOfSaid(state, fields.MaxLuminance, fields.MaxLuminanceRaw);
+    if (field == "MaxFrameAverage") return StateOfSaid(state, fields.MaxFrameAverage, fields.MaxFrameAverageRaw);
+    if (field == "MinLuminance") return StateOfSaid(state, fields.MinLuminance, fields.MinLuminanceRaw);
+    return state;
 }
 
 CtaHdrDynamicMetadataListDataBlockWindow::CtaHdrDynamicMetadataListDataBlockWindow(UI::Window* parent)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editor/add_window.h"
+#include "editor/raw_rows.h"
 #include "model/cta/hdr10_plus.h"
 #include "model/cta/hdr_dynamic_metadata_list.h"
 #include "model/cta/hdr_static_metadata.h"
@@ -9,6 +10,12 @@
 class CtaHdrStaticMetadataDataBlockWindow : public TItemWindow<VNT::CtaHdrStaticMetadataDataBlock> {
 public:
     explicit CtaHdrStaticMetadataDataBlockWindow(UI::Window* parent);
+
+protected:
+    Forms::FieldState GetFieldState(std::string_view field) const override;
+
+private:
+    LuminanceRows rows{fields.MaxLuminance, fields.MinLuminance, fields.MinLuminanceRaw};
 };
 
 class CtaHdrDynamicMetadataListDataBlockWindow : public TItemWindow<VNT::CtaHdrDynamicMetadataListDataBlock> {

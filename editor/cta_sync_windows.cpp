@@ -1,7 +1,5 @@
 #include "editor/cta_sync_windows.h"
 
-#include "editor/raw_rows.h"
-
 using namespace VNT;
 
 CtaFreeSyncDataBlockWindow::CtaFreeSyncDataBlockWindow(UI::Window* parent)
@@ -12,17 +10,27 @@ CtaFreeSyncDataBlockWindow::CtaFreeSyncDataBlockWindow(UI::Window* parent)
         .Number(Field<&Fields::MinRefreshRate>, L"000", L"–")
         .Number(Field<&Fields::MaxRefreshRate>, L"000", L"Hz");
     Group(L"VCP code").Number(Field<&Fields::VcpCode>, L"000");
-    const auto addProfile = [this](const wchar_t* caption, auto max, auto maxRaw, auto min, auto minRaw) {
+    const auto addProfile = [this](const wchar_t* caption, LuminanceRows& rows, auto max, auto maxRaw, auto min,
+                                   auto minRaw) {
         auto group = Group(caption).Aligned();
-        AddRawRow(group, Forms::LuminanceRow, fields.RawMode, L"Max luminance:", max, maxRaw);
-        AddRawRow(group, Forms::LuminanceRow, fields.RawMode, L"Min luminance:", min, minRaw);
+        rows.AddMax(group, fields.RawMode, L"Max luminance:", max, maxRaw);
+        rows.AddMin(group, fields.RawMode, L"Min luminance:", min, minRaw);
     };
-    addProfile(L"HDR profile #1", Field<&Fields::Profile1MaxLuminance>, Field<&Fields::Profile1MaxRaw>,
+    addProfile(L"HDR profile #1", rows1, Field<&Fields::Profile1MaxLuminance>, Field<&Fields::Profile1MaxRaw>,
                Field<&Fields::Profile1MinLuminance>, Field<&Fields::Profile1MinRaw>);
-    addProfile(L"HDR profile #2", Field<&Fields::Profile2MaxLuminance>, Field<&Fields::Profile2MaxRaw>,
+    addProfile(L"HDR profile #2", rows2, Field<&Fields::Profile2MaxLuminance>, Field<&Fields::Profile2MaxRaw>,
                Field<&Fields::Profile2MinLuminance>, Field<&Fields::Profile2MinRaw>);
     Group(L"V3 max refresh rate").Number(Field<&Fields::V3MaxRefreshRate>, L"0000", L"Hz");
     Group(L"V3 max pixel clock").Number(Field<&Fields::V3MaxPixelClock>, L"00000.000", L"MHz");
+}
+
+Forms::FieldState CtaFreeSyncDataBlockWindow::GetFieldState(std::string_view field) const {
+    const Forms::FieldState state = TItemWindow::GetFieldState(field);
+    if (field == "Profile1MaxLuminance") return StateOfSaid(state, fields.Profile1MaxLuminance, fields.Profile1MaxRaw);
+    if (field == "Profile1MinLuminance") return StateOfSaid(state, fields.Profile1MinLuminance, fields.Profile1MinRaw);
+    if (field == "Profile2MaxLuminance") return StateOfSaid(state, fields.Profile2MaxLuminance, fields.Profile2MaxRaw);
+    if (field == "Profile2MinLuminance") return StateOfSaid(state, fields.Profile2MinLuminance, fields.Profile2MinRaw);
+    return state;
 }
 
 CtaGSyncDataBlockWindow::CtaGSyncDataBlockWindow(UI::Window* parent)

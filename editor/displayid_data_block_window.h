@@ -38,7 +38,15 @@ protected:
         this->Group(L"").List(
             Field<&Fields::resolutions>, VNT::DetailedResolutionCaptions,
             [this] { return this->item.GetListLimits(this->GetBytes()); }, &Forms::EditItem<FormWindow>);
+        // Bytes that are no timing of the list: they are seen, and can be taken away.
+        auto rest = this->Group(L"Hex data");
+        rest.VisibleIf([this] { return hasRest = hasRest || !this->fields.Extra.IsEmpty(); });
+        rest.SizedHex(Field<&Fields::Extra>,
+                      [this] { return X::GetExtraRoom(this->GetBytes()) - this->fields.resolutions.GetSize(); });
     }
+
+private:
+    bool hasRest = false;
 };
 
 template <class X>

@@ -58,10 +58,12 @@ EdidDisplayIdSectionExtensionBlockWindow::EdidDisplayIdSectionExtensionBlockWind
 
 namespace {
 
-int EditSection(UI::Window* parent, EdidExtensionBlock& holder, DisplayIdSectionFields section) {
+// A holder of a section that was not edited stays as it is.
+int EditSection(UI::Window* parent, EdidExtensionBlock& holder, const DisplayIdSectionFields& before) {
     constexpr int room = DisplayIdSection::ExtensionBytes;
+    DisplayIdSectionFields section = before;
     const int result = EdidDisplayIdSectionExtensionBlockWindow(parent).Run(section, room);
-    if (result != UI::IdOk) return result;
+    if (result != UI::IdOk || (!holder.IsEmpty() && section == before)) return result;
     EdidDisplayIdSectionExtensionBlockFields fields;
     fields.section = DisplayIdSection(section, room);
     holder.Assign(EdidDisplayIdSectionExtensionBlock(fields));

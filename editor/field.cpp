@@ -1,6 +1,7 @@
 #include "editor/field.h"
 
 #include <cstring>
+#include <functional>
 
 #include "editor/field_text.h"
 
@@ -32,6 +33,36 @@ bool Store(void* value, std::int64_t number) {
 }
 
 }  // namespace
+
+AnyField AnyField::In(void* other, const void* record) const {
+    AnyField field = *this;
+    field.value =
+        static_cast<std::byte*>(other) + (static_cast<std::byte*>(value) - static_cast<const std::byte*>(record));
+    return field;
+}
+
+bool AnyField::Differs(const AnyField& other) const {
+    switch (type->Kind) {
+        case FieldKind::Flags:
+            if (type->Size != sizeof(std::uint32_t)) return true;
+            [[fallthrough]];
+        case FieldKind::Number:
+        case FieldKind::Decimal:
+            return std::memcmp(value, other.value, static_cast<std::size_t>(type->Size)) != 0;
+        case FieldKind::Text:
+            return !(GetText() == other.GetText());
+        case FieldKind::Data:
+            return !(GetData() == other.GetData());
+        default:
+            return true;
+    }
+}
+
+bool AnyField::IsIn(const void* record, std::size_t size) const {
+    const auto* const first = static_cast<const std::byte*>(record);
+    return !std::less<>()(static_cast<const std::byte*>(value), first) &&
+           std::less<>()(static_cast<const std::byte*>(value), first + size);
+}
 
 std::int64_t AnyField::GetNumber() const {
     switch (type->Size) {

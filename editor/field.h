@@ -2,6 +2,7 @@
 // name. The rows of a form take it as `AnyField`, whatever its type is.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <type_traits>
@@ -146,6 +147,13 @@ public:
     AnyField(TBoundField<T> field) : Name(field.Name), value(&field.Value), type(&Detail::TypeOf<T>) {}
 
     FieldKind GetKind() const { return type->Kind; }
+    void* GetAddress() const { return value; }
+    // Of other records of the class of the one at `record`, in which the field stands: it stands at the same place
+    // there.
+    AnyField In(void* other, const void* record) const;
+    void CopyFrom(const AnyField& other) const { type->Copy(value, other.value); }
+    bool Differs(const AnyField& other) const;  // flags may be said to differ when they don't
+    bool IsIn(const void* record, std::size_t size) const;
     // Of a number; the sentinels of what is empty or no number stand in each type as they do in an int. What the field
     // can't hold is not stored: false.
     std::int64_t GetNumber() const;

@@ -49,6 +49,18 @@ String PrintNumber(std::int64_t value, DottedNibbles) {
     return text;
 }
 
+// A text box ends at a null character, and takes no other control character: it shows their pictures.
+constexpr char32_t Pictures = U'\u2400';
+constexpr char32_t ControlCount = 0x20;
+
+String Move(const String& text, char32_t from, char32_t to) {
+    std::u32string moved(text.View());
+    for (char32_t& c : moved) {
+        if (c >= from && c < from + ControlCount) c = c - from + to;
+    }
+    return String(moved);
+}
+
 template <class Format>
 concept IsOfNumber = requires(const Format& format) {
     ParseNumber(String(), format);
@@ -61,7 +73,7 @@ String PrintField(const AnyField& field, const FieldFormat& format) {
         case FieldKind::Decimal:
             return DecimalToText(field.GetDecimal(), std::get<DecimalFormat>(format));
         case FieldKind::Text:
-            return field.GetText();
+            return Move(field.GetText(), U'\0', Pictures);
         case FieldKind::Data:
             return HexText(field.GetData());
         default:
@@ -115,7 +127,7 @@ bool ParseField(const String& text, const AnyField& field, const FieldFormat& fo
             field.GetDecimal() = BadDecimal;
             return false;
         case FieldKind::Text:
-            field.GetText() = text;
+            field.GetText() = Move(text, Pictures, U'\0');
             return true;
         case FieldKind::Data:
             return HexFromText(text, field.GetData());

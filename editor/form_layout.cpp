@@ -7,9 +7,10 @@ namespace Forms {
 
 namespace {
 
-constexpr int MostPerColumn = 24;  // of a grid
-constexpr int WideForm = 3;        // form widths of a form with a list
-constexpr int MostSpacings = 80;   // of a form's height, as a screen of 1080 lines shows it at 150 %
+constexpr int MostPerColumn = 24;    // of a grid
+constexpr int WideForm = 3;          // form widths of a form with a list
+constexpr int MostSpacings = 80;     // of a form's height, as a screen of 1080 lines shows it at 150 %
+constexpr int WidestSpacings = 158;  // of its width, as one of 1920 pixels does
 
 using Cells = std::vector<std::unique_ptr<Cell>>;
 
@@ -213,6 +214,20 @@ std::vector<int> Divide(const std::vector<int>& heights, int most) {
     return columns;
 }
 
+// Each column as wide as one of its own would be, or, where that is more than a screen shows, as it needs to be.
+std::vector<int> GetColumnWidths(const std::vector<GroupLayout>& layouts, const std::vector<int>& columns, int width,
+                                 const UI::LayoutMetrics& metrics) {
+    std::vector<int> widths(static_cast<std::size_t>(columns.back()) + 1, width);
+    const int gaps = (columns.back() + 2) * metrics.Spacing;
+    if (std::accumulate(widths.begin(), widths.end(), gaps) <= WidestSpacings * metrics.Spacing) return widths;
+    std::fill(widths.begin(), widths.end(), metrics.FormWidth);
+    for (std::size_t i = 0; i < layouts.size(); ++i) {
+        int& column = widths[static_cast<std::size_t>(columns[i])];
+        column = std::max(column, layouts[i].GetLeastWidth());
+    }
+    return widths;
+}
+
 // The left ones from the left edge on, the right ones up to the right edge; returns their lower edge.
 int PlaceButtons(const BottomButtons& buttons, int left, int y, int right, const UI::LayoutMetrics& metrics) {
     int x = left;
@@ -257,12 +272,14 @@ void LayOut(UI::Window& window, const std::vector<std::unique_ptr<Group>>& group
     if (y - padding.Top > most && !layouts.empty()) {
         // Where they are too many for the screen they go on in a further column, as the rows of a chooser do.
         const std::vector<int> columns = Divide(heights, most);
-        std::vector<int> bottoms(layouts.size(), padding.Top);
+        const std::vector<int> widths = GetColumnWidths(layouts, columns, width, metrics);
+        std::vector<int> bottoms(widths.size(), padding.Top);
         for (std::size_t i = 0; i < layouts.size(); ++i) {
-            int& bottom = bottoms[static_cast<std::size_t>(columns[i])];
-            const int x = padding.Left + columns[i] * (width + metrics.Spacing);
-            bottom = layouts[i].Place(x, bottom, width) + metrics.Spacing;
-            right = std::max(right, x + width);
+            const auto column = static_cast<std::size_t>(columns[i]);
+            const auto before = widths.begin() + columns[i];
+            const int x = std::accumulate(widths.begin(), before, padding.Left + columns[i] * metrics.Spacing);
+            bottoms[column] = layouts[i].Place(x, bottoms[column], widths[column]) + metrics.Spacing;
+            right = x + widths[column];
         }
         y = *std::max_element(bottoms.begin(), bottoms.end());
     }

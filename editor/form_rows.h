@@ -26,6 +26,7 @@ inline bool Holds(const Condition& condition) { return !condition || condition()
 struct FieldState {
     bool IsValid = true;
     bool IsAvailable = true;
+    bool ClosesOk = false;  // the form can't be confirmed as long as the field is so
 };
 
 class Cell {
@@ -48,6 +49,7 @@ public:
     bool IsPart = false;         // a label: usable where a field of its row is
     bool ShowsValidity = false;  // turns red itself; for the others their group does
     bool IsBadText = false;      // holds a text that is nothing, and that no sentinel in the field tells of
+    bool IsBlamed = false;       // what was put in last, and can't be written
     bool IsVisible = true;
     bool IsWide = false;  // a form of single boxes is too narrow for it
     int Span = 1;         // the columns that it takes in a group of columns

@@ -21,11 +21,7 @@ int CountDecimals(const std::wstring& pattern) {
     return point == std::wstring::npos ? 0 : static_cast<int>(pattern.size() - point - 1);
 }
 
-Callback GetOnChange(Cell& cell) {
-    return [&cell] {
-        if (cell.OnChange) cell.OnChange();
-    };
-}
+String Print(std::int64_t number) { return NumberText(number, 10, 0, false); }
 
 template <class Test>
 int FindRow(const Choices& choices, const Test& test) {
@@ -83,6 +79,14 @@ TControlCell<Control>& GroupWriter::AddCell(const std::wstring& sizing, Argument
     return AddTo<Control>(row->Cells, sizing, std::forward<Arguments>(arguments)...);
 }
 
+// What the user does to a control of `cell`, as `AnyWindow::TakeInput` takes it.
+template <class Control>
+void GroupWriter::AddInput(TControlCell<Control>& cell, int notification, const void* source,
+                           std::function<String()> get, Callback store) {
+    const AnyWindow::Input input{source, std::move(get), std::move(store)};
+    cell.Control.AddNotificationHandler(notification, [form = &window, &cell, input] { form->TakeInput(cell, input); });
+}
+
 void GroupWriter::BeginRow(const std::wstring& label) {
     BeginRow(RowKind::Line);
     if (!label.empty()) AddTo<UI::Controls::Label>(row->Labels, label, label);
@@ -109,12 +113,13 @@ GroupWriter::TextCell& GroupWriter::AddBox(const AnyField& field, const FieldFor
 void GroupWriter::ShowText(TextCell& cell, const AnyField& field, const FieldFormat& format) {
     cell.Field = field.Name;
     cell.ShowsValidity = true;
+    window.Register(field);
     window.BindTextBox(
-        cell.Control, [field, format](const String& text) { return ParseField(text, field, format); },
-        [&cell, hasSentinel = field.GetKind() != FieldKind::Data](bool parsed) {
+        cell, [field, format] { return PrintField(field, format); },
+        [&cell, field, format](const String& text) {
+            const bool isParsed = ParseField(text, field, format);
             // A field with a sentinel says so itself.
-            if (!hasSentinel) cell.IsBadText = !parsed;
-            if (cell.OnChange) cell.OnChange();
+            cell.IsBadText = !isParsed && field.GetKind() == FieldKind::Data;
         });
     cell.Explain = [&cell, field, format](const AnyLimits* limits, const std::wstring& unit) {
         if (cell.IsBadText || IsBad(field)) return DescribeBadText(format);
@@ -125,8 +130,9 @@ void GroupWriter::ShowText(TextCell& cell, const AnyField& field, const FieldFor
     };
 }
 
-void GroupWriter::Box(const AnyField& field, const FieldFormat& format, const std::wstring& pattern) {
-    AddBox(field, format, pattern);
+void GroupWriter::Box(const AnyField& field, const FieldFormat& format, const std::wstring& pattern, bool stretches) {
+    TextCell& cell = AddBox(field, format, pattern);
+    cell.Stretches = cell.Stretches || stretches;
 }
 
 void GroupWriter::Number(const AnyField& field, const std::wstring& pattern, const std::wstring& unit) {
@@ -187,10 +193,13 @@ void GroupWriter::Combo(const AnyField& field, Choices choices) {
     // The row that stands for every value without one.
     const int others = FindRow(choices, [](const Choice& choice) { return choice.Text == L"Other"; });
     const auto shared = std::make_shared<const Choices>(std::move(choices));
-    window.BindChoice(
-        cell.Control,
-        [field, shared](int chosen) { field.SetNumber((*shared)[static_cast<std::size_t>(chosen)].Value); },
-        GetOnChange(cell));
+    AddInput(
+        cell, ComboBox::SelectionChanged, &cell, [field] { return Print(field.GetNumber()); },
+        [&box = cell.Control, field, shared] {
+            const int chosen = box.GetSelection();
+            if (chosen != ComboBox::NoSelection) field.SetNumber((*shared)[static_cast<std::size_t>(chosen)].Value);
+        });
+    window.Register(field);
     cell.Show = [&box = cell.Control, field, shared, others](const FieldState&) {
         const int found = FindValue(*shared, field.GetNumber());
         box.SetSelection(found != ComboBox::NoSelection ? found : others);
@@ -203,28 +212,37 @@ void GroupWriter::ComboOther(const AnyField& field, Choices choices, const std::
     AddChoice(cell, L"Other");
     auto& number = AddBox(field, DecimalDigits(), pattern);
     const auto shared = std::make_shared<const Choices>(std::move(choices));
-    // "Other" stays chosen while a number is typed that a row happens to have, and after that.
-    const auto isOther = std::make_shared<bool>(false);
-    window.BindChoice(
-        cell.Control,
-        [isOther, other, field, shared](int chosen) {
-            *isOther = chosen == other;
-            field.SetNumber(*isOther ? std::int64_t{Undefined} : (*shared)[static_cast<std::size_t>(chosen)].Value);
-        },
-        GetOnChange(cell));
-    cell.Show = [&box = cell.Control, &typed = number.Control, isOther, other, field, shared,
+    // "Other" stays chosen while a number is typed that a row happens to have, and after that. The number that it had
+    // last comes back with it.
+    struct Others {
+        bool isChosen = false;
+        std::int64_t number = Undefined;
+    };
+    const auto others = std::make_shared<Others>();
+    AddInput(
+        cell, ComboBox::SelectionChanged, &cell,
+        [others, field] { return Print(field.GetNumber()) + (others->isChosen ? U" of others" : U""); },
+        [&box = cell.Control, others, other, field, shared] {
+            const int chosen = box.GetSelection();
+            if (chosen == ComboBox::NoSelection) return;
+            others->isChosen = chosen == other;
+            field.SetNumber(others->isChosen ? others->number : (*shared)[static_cast<std::size_t>(chosen)].Value);
+        });
+    window.Register(field);
+    cell.Show = [&box = cell.Control, &typed = number.Control, others, other, field, shared,
                  shown = field.GetNumber()](const FieldState&) mutable {
         const std::int64_t value = field.GetNumber();
         const int found = FindValue(*shared, value);
         if (found < 0) {
-            *isOther = true;
+            others->isChosen = true;
+            if (value != BadNumber) others->number = value;
         } else if (value != shown && !typed.HasFocus()) {
-            *isOther = false;
+            others->isChosen = false;
         }
         shown = value;
-        box.SetSelection(*isOther ? other : found);
+        box.SetSelection(others->isChosen ? other : found);
     };
-    number.VisibleIf = [isOther] { return *isOther; };
+    number.VisibleIf = [others] { return others->isChosen; };
     last.push_back(&cell);
 }
 
@@ -245,8 +263,10 @@ TControlCell<CheckBox>& GroupWriter::AddCheckCell(std::string_view name, const s
 void GroupWriter::Check(const AnyField& field, const std::wstring& text) {
     Begin();
     auto& cell = AddCheckCell(field.Name, text);
-    const auto toggle = [field] { field.SetNumber(field.GetNumber() == 0 ? 1 : 0); };
-    cell.Control.AddNotificationHandler(Clicked, window.GetHandler(toggle, GetOnChange(cell)));
+    AddInput(
+        cell, Clicked, &cell, [field] { return Print(field.GetNumber()); },
+        [field] { field.SetNumber(field.GetNumber() == 0 ? 1 : 0); });
+    window.Register(field);
     cell.Show = [&box = cell.Control, field](const FieldState&) { box.SetChecked(field.GetNumber() != 0); };
 }
 
@@ -257,8 +277,10 @@ void GroupWriter::Flag(const AnyField& field, int bit, const std::wstring& text)
 
 void GroupWriter::AddFlag(const AnyField& field, int bit, const std::wstring& text) {
     auto& cell = AddCheckCell(field.Name, text);
-    const auto toggle = [field, bit] { field.SetBit(bit, !field.TestBit(bit)); };
-    cell.Control.AddNotificationHandler(Clicked, window.GetHandler(toggle, GetOnChange(cell)));
+    AddInput(
+        cell, Clicked, &cell, [field, bit] { return Print(field.TestBit(bit) ? 1 : 0); },
+        [field, bit] { field.SetBit(bit, !field.TestBit(bit)); });
+    window.Register(field);
     cell.Show = [&box = cell.Control, field, bit](const FieldState&) { box.SetChecked(field.TestBit(bit)); };
 }
 
@@ -274,8 +296,10 @@ TControlCell<RadioButton>& GroupWriter::AddRadio(Cells& cells, const AnyField& f
                                                  const std::wstring& text) {
     auto& cell = AddTo<RadioButton>(cells, text, text, radioGroup);
     cell.Field = field.Name;
-    const auto choose = [field, value] { field.SetNumber(value); };
-    cell.Control.AddNotificationHandler(Clicked, window.GetHandler(choose, GetOnChange(cell)));
+    AddInput(
+        cell, Clicked, field.GetAddress(), [field] { return Print(field.GetNumber()); },
+        [field, value] { field.SetNumber(value); });
+    window.Register(field);
     cell.Show = [&radio = cell.Control, field, value](const FieldState&) {
         const bool isChosen = field.GetNumber() == value;
         radio.SetChecked(isChosen);
@@ -290,9 +314,14 @@ void GroupWriter::Radio(const AnyField& field, std::int64_t value, const std::ws
     AddRadio(row->Cells, field, value, text);
 }
 
-void GroupWriter::Button(const std::wstring& text, Callback action) {
+UI::Controls::Button& GroupWriter::Button(const std::wstring& text, Callback action) {
     Begin();
-    AddCell<UI::Controls::Button>(text, text).Control.AddNotificationHandler(Clicked, std::move(action));
+    auto& button = AddCell<UI::Controls::Button>(text, text).Control;
+    button.AddNotificationHandler(Clicked, [form = &window, action = std::move(action)] {
+        form->ForgetInput();
+        action();
+    });
+    return button;
 }
 
 void GroupWriter::Label(const std::wstring& text) {

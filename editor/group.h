@@ -42,7 +42,7 @@ public:
 
     void BeginRow(const std::wstring& label);
     void RadioRow(const AnyField& field, std::int64_t value, const std::wstring& text);
-    void Box(const AnyField& field, const FieldFormat& format, const std::wstring& pattern);
+    void Box(const AnyField& field, const FieldFormat& format, const std::wstring& pattern, bool stretches = false);
     void Number(const AnyField& field, const std::wstring& pattern, const std::wstring& unit);
     void Number(const AnyField& field, const std::wstring& pattern, const VNT::DecimalFormat& format,
                 const std::wstring& unit);
@@ -55,7 +55,7 @@ public:
     void Flag(const AnyField& field, int bit, const std::wstring& text);
     void Flags(const AnyField& field, const Choices& flags, const std::wstring& unit);
     void Radio(const AnyField& field, std::int64_t value, const std::wstring& text);
-    void Button(const std::wstring& text, Callback action);
+    UI::Controls::Button& Button(const std::wstring& text, Callback action);
     void Label(const std::wstring& text);
     void Heading(const std::wstring& text);
     void LabelOf(std::string_view field, const std::wstring& text);
@@ -80,6 +80,9 @@ private:
     TControlCell<Control>& AddTo(Cells& cells, const std::wstring& sizing, Arguments&&... arguments);
     template <class Control, class... Arguments>
     TControlCell<Control>& AddCell(const std::wstring& sizing, Arguments&&... arguments);
+    template <class Control>
+    void AddInput(TControlCell<Control>& cell, int notification, const void* source, std::function<VNT::String()> get,
+                  Callback store);
     TextCell& AddBox(const AnyField& field, const FieldFormat& format, const std::wstring& pattern);
     void ShowText(TextCell& cell, const AnyField& field, const FieldFormat& format);
     void SetSizeCaption(Cell& cell, std::function<int()> size, std::function<int()> most);
@@ -145,10 +148,10 @@ public:
         rows.Box(Forms::Bind(fields, field), Forms::PlainText(), pattern);
         return *this;
     }
-    // As many bytes as the field always has, on one line.
+    // As many bytes as the field always has, on one line, which takes the width of the group.
     template <class F>
     TGroup& HexBytes(F field, const std::wstring& pattern) {
-        rows.Box(Forms::Bind(fields, field), Forms::HexDump(), pattern);
+        rows.Box(Forms::Bind(fields, field), Forms::HexDump(), pattern, true);
         return *this;
     }
     // A text or bytes that fill the group, whose caption tells how many of `most()` characters or bytes are left.
@@ -208,8 +211,11 @@ public:
     }
 
     TGroup& Button(const std::wstring& text, Callback action) {
-        rows.Button(text, std::move(action));
+        AddButton(text, std::move(action));
         return *this;
+    }
+    UI::Controls::Button& AddButton(const std::wstring& text, Callback action) {
+        return rows.Button(text, std::move(action));
     }
     TGroup& Label(const std::wstring& text) {
         rows.Label(text);
@@ -241,8 +247,11 @@ public:
         using Editor = Forms::TListEditor<List, decltype(limits())>;
         auto cell = std::make_unique<Forms::ListCell>(rows.GetWindow(), shown);
         cell->Field = bound.Name;
-        auto owned = std::make_unique<Editor>(cell->Controls, bound.Value, captions, limits, edit,
-                                              [window = &rows.GetWindow()] { window->Update(); });
+        auto owned =
+            std::make_unique<Editor>(cell->Controls, bound.Value, captions, limits, edit, [window = &rows.GetWindow()] {
+                window->ForgetInput();
+                window->Update();
+            });
         Editor& editor = *owned;
         cell->Editor = std::move(owned);
         rows.List(std::move(cell), captions);

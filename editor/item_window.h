@@ -18,11 +18,15 @@ protected:
     Record fields;
 };
 
-// What the forms of all items do alike.
+// What the forms of all items do alike. The record keeps what the user gave it until OK: a field that does not apply
+// for the moment holds what it held and comes back with it. The item is what would be written: it tells what applies,
+// what is open for input and what is wrong. OK is closed by what can be seen: by a field that the form shows, and by
+// the control that was used last if the item can't be written for it.
 class ItemWindow : public AnyWindow {
 public:
     void Update() override;
     bool HasRoom(std::string_view field) const override;
+    void Register(const Forms::AnyField& field) override;
 
 protected:
     using AnyWindow::AnyWindow;
@@ -30,22 +34,47 @@ protected:
     // What tells whether a field is open for input: the item's status, the item apart from it, or, where the item has a
     // size of its own, the bytes that it may take.
     enum class Opener { Status, Item, Size };
+    // The records that a form keeps.
+    enum Kept { Opened, BeforeInput };
 
     // Builds the item of the fields, takes the normalised fields back, and asks the item what it says of them.
     virtual void Build() = 0;
     virtual Opener GetOpener() const = 0;
+    virtual void KeepAs(Kept kept) = 0;
+    // Whether the record is another than when the form was opened.
+    virtual bool IsChanged() = 0;
+    bool IsBlocked() override;
+    // Whether the form may be confirmed with a field beyond what a sound EDID holds, if the bytes can carry it.
+    virtual bool AllowsUnsound() const { return false; }
     Forms::FieldState GetFieldState(std::string_view field) const override;
     // `newAvailable` is what is open for input, or there is room for, as the opener tells.
     void SetStatus(VNT::ItemStatus newStatus, VNT::ItemStatus newAvailable);
+    // Fields that do not apply are shown as the item has them, and held as the user gave them. The records that tell
+    // so: what is shown, what the item was made of, and what it made of that.
+    struct Records {
+        void* fields;
+        void* held;
+        void* normal;
+        std::size_t size;
+    };
+    // Puts back what is held into a copy of the shown record, or into itself.
+    void PutBackHeld(const Records& records, void* whole) const;
+    // Finds what is held now.
+    void FindHeld(const Records& records);
+    void ForgetHeld() { away.clear(); }
     int GetBytes() const { return bytes; }
     // The modal result. `newBytes` is what the item may take.
     int RunIn(int newBytes);
+    void Remember() override { KeepAs(BeforeInput); }
 
     int bytes = 0;
 
 private:
+    std::vector<Forms::AnyField> shown;
+    std::vector<Forms::AnyField> away;  // those that are held
     VNT::ItemStatus status;
     VNT::ItemStatus available;
+    bool isOpen = false;
 };
 
 template <class X, class Record = typename X::FieldsType>
@@ -55,19 +84,21 @@ class TItemWindow : public TFieldsWindow<Record, ItemWindow> {
 public:
     using Item = X;
 
-    // Edits a copy of `target`, which it replaces if the form is confirmed (1), not if it is cancelled (2). `bytes` is
-    // what the item may take, where its size is its own. A holder takes an item of this kind, or holds one.
+    // Edits a copy of `target`, which it replaces if the form is confirmed (1) and something was changed, not if it is
+    // cancelled (2). `bytes` is what the item may take, where its size is its own. A holder that holds no item of this
+    // kind gets a new one.
     template <class Target>
     [[gnu::noinline]] int Run(Target& target, int bytes = 0) {
+        bool isNew = false;
         if constexpr (IsHolder<Target>) {
             item = X();
-            item.Assign(target);
+            isNew = !item.Assign(target);
             fields = item;
         } else {
             fields = target;
         }
         const int result = this->RunIn(bytes);
-        if (result != UI::IdOk) return result;
+        if (result != UI::IdOk || (!isNew && !IsChanged())) return result;
         if constexpr (IsHolder<Target>) {
             target.Assign(item);
         } else {
@@ -93,13 +124,7 @@ protected:
 
     // The item of the fields, normalised.
     virtual X MakeItem() const { return X(fields); }
-    bool CanConfirm() const override {
-        if constexpr (HasOwnSize) {
-            return item.IsValid(bytes);
-        } else {
-            return item.IsValid();
-        }
-    }
+    bool IsChanged() override { return !(GetWhole() == kept[ItemWindow::Opened]); }
 
     X item;
 
@@ -113,9 +138,21 @@ private:
         using Opener = ItemWindow::Opener;
         return HasOwnSize ? Opener::Size : SaysAvailable ? Opener::Item : Opener::Status;
     }
+    // With what is held.
+    Record GetWhole() {
+        Record whole = fields;
+        this->PutBackHeld(GetRecords(), &whole);
+        return whole;
+    }
+    ItemWindow::Records GetRecords() { return {&fields, &held, &static_cast<Record&>(item), sizeof(Record)}; }
+    void KeepAs(ItemWindow::Kept as) override { kept[as] = GetWhole(); }
+    void Recall() override {
+        fields = kept[ItemWindow::BeforeInput];
+        this->ForgetHeld();
+    }
     void Build() override {
+        this->PutBackHeld(GetRecords(), &fields);
         item = MakeItem();
-        fields = item;
         if constexpr (HasOwnSize) {
             this->SetStatus(item.GetStatus(bytes), item.GetAvailable(bytes));
         } else if constexpr (SaysAvailable) {
@@ -123,7 +160,13 @@ private:
         } else {
             this->SetStatus(item.GetStatus(), {});
         }
+        held = std::move(fields);
+        fields = item;
+        this->FindHeld(GetRecords());
     }
+
+    Record held;  // what the item was made of
+    Record kept[2];
 };
 
 namespace Forms {

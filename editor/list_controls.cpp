@@ -70,9 +70,18 @@ void RefreshList(ListControls& controls, int select) {
 }
 
 void UpdateListControls(ListControls& controls, int count, bool hasRoom, bool enabled) {
+    if (!controls.ListBox.HasFocus()) controls.isRefuge = false;
     const int selected = controls.ListBox.GetSelection();
     const bool isItem = selected >= 0 && selected < count;
-    const auto enable = [enabled](Control& control, bool usable) { control.SetEnabled(enabled && usable); };
+    // The focus leaves a button that closes for the list box, and not for whatever comes next: a key that is pressed
+    // again is none of that.
+    const auto enable = [&controls, enabled](Control& control, bool usable) {
+        if (enabled && !usable && control.HasFocus()) {
+            controls.ListBox.SetFocus();
+            controls.isRefuge = true;
+        }
+        control.SetEnabled(enabled && usable);
+    };
     enable(controls.ListBox, true);
     enable(controls.AddButton, hasRoom);
     controls.AddButton.SetHint(enabled && !hasRoom ? L"No space left" : L"");
@@ -96,7 +105,10 @@ ListEditor::ListEditor(ListControls& controls, VNT::ListCaptions captions, std::
     controls.DeleteAllButton.AddNotificationHandler(Button::Clicked, [this] { DeleteAllItems(); });
     controls.UpButton.AddNotificationHandler(Button::Clicked, [this] { MoveItemUp(); });
     controls.DownButton.AddNotificationHandler(Button::Clicked, [this] { MoveItemDown(); });
-    controls.ListBox.AddNotificationHandler(ListBox::SelectionChanged, this->update);
+    controls.ListBox.AddNotificationHandler(ListBox::SelectionChanged, [this] {
+        this->controls.isRefuge = false;
+        this->update();
+    });
     controls.ListBox.AddNotificationHandler(ListBox::DoubleClicked, [this] { EditItem(); });
 }
 

@@ -27,6 +27,10 @@ struct ListControls {
     int GetHeight(int rows) const;
     void Place(int x, int y, int width, int height);
     void SetVisible(bool visible);
+    // Whether the list box has the focus because the button that had it closed: Enter that was meant for the button
+    // once more is not one for the form.
+    bool IsRefuge() const { return isRefuge && ListBox.HasFocus(); }
+    bool isRefuge = false;
 };
 
 // Rebuilds the list box at its scroll position. `select` past the last item leaves nothing selected.
@@ -168,7 +172,8 @@ protected:
     int Edit(UI::Window& parent, int index) override {
         Item item = list.At(index);
         if (edit(&parent, item, GetBudget(list, limits(), index)) != UI::IdOk) return -1;
-        list.Set(index, item);
+        // What was not edited stays as it is.
+        if (!(item == list.At(index))) list.Set(index, item);
         return index;
     }
     void Remove(int index) override { list.Remove(index); }

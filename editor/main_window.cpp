@@ -37,7 +37,7 @@ void ShowFailure(const UI::Window& owner, const std::function<void()>& work) {
 }  // namespace
 
 MainWindow::MainWindow(DisplayList list)
-    : TFieldsWindow(nullptr, L"MainWindow", L"Vantelle (VNT) Test 2026-01"), displays(std::move(list)) {
+    : TFieldsWindow(nullptr, L"MainWindow", L"Vantelle (VNT) Test 2026-01"), opened(list), displays(std::move(list)) {
     AddDisplayRow();
     Group(L"Established resolutions").Checks(Field<&Fields::established>, EdidEstablishedResolutionFlagEnum::Texts);
     AddLists();
@@ -92,9 +92,25 @@ bool MainWindow::Save() {
     // What was not edited keeps its bytes, also those that a new EDID would have otherwise.
     if (fields == loaded && !isImported) return false;
     const Bytes bytes = Edid(fields).GetBytes();
-    if (!bytes.IsEmpty()) display.SetData(bytes);
+    if (isImported) imported.insert(loadedIndex);
+    const Display* before = loadedIndex < 0 ? nullptr : &opened[static_cast<std::size_t>(loadedIndex)];
+    if (before && !imported.contains(loadedIndex) && bytes == GetEdited(before->CurrentData)) {
+        // What is put back as it was is as if it had never been touched.
+        display = *before;
+    } else if (!bytes.IsEmpty()) {
+        display.SetData(bytes);
+    }
     displays.Replace(display);
     return true;
+}
+
+const Bytes& MainWindow::GetEdited(const Bytes& bytes) {
+    if (editedIndex == loadedIndex) return edited;
+    Edid edid;
+    edid.Read(bytes);
+    edited = Edid(EdidFields(edid)).GetBytes();
+    editedIndex = loadedIndex;
+    return edited;
 }
 
 void MainWindow::Update() {
@@ -148,7 +164,11 @@ void MainWindow::Export() {
     constexpr FileFormat formats[] = {FileFormat::Bin, FileFormat::Dat, FileFormat::Txt};
     const bool isKnown = file->TypeIndex >= 1 && file->TypeIndex <= 3;
     const FileFormat format = isKnown ? formats[file->TypeIndex - 1] : FileFormat::Bin;
-    if (!VNT::Export(file->Path, Edid(fields), format)) throw L"Failed to export file.";
+    // The display's bytes as they are, whether they are an EDID or not; of one without any what is shown for it.
+    const Bytes& bytes = display.CurrentData;
+    const bool isAsRead = fields == loaded && !bytes.IsEmpty();
+    const bool isWritten = VNT::Export(file->Path, isAsRead ? bytes : Edid(fields).GetBytes(), format);
+    if (!isWritten) throw L"Failed to export file.";
 }
 
 int EditDisplays(DisplayList& displays) {

@@ -1,6 +1,8 @@
 // The main window: the displays, and the parts of the chosen one's EDID.
 #pragma once
 
+#include <set>
+
 #include "editor/item_window.h"
 #include "model/edid/edid.h"
 #include "store/display.h"
@@ -34,12 +36,19 @@ private:
     void Import();
     void Export();
 
+    // The bytes that an EDID of the loaded display's bytes gets by being edited at all.
+    const VNT::Bytes& GetEdited(const VNT::Bytes& bytes);
+
+    const VNT::DisplayList opened;  // as the window was given them
     VNT::DisplayList displays;
     VNT::Display display;     // a copy of the chosen one's record
     VNT::EdidFields loaded;   // the working copy as it was read
     int loadedIndex = -1;     // of the display that it was read from
     bool isImported = false;  // the working copy stands for another EDID than was read, even if it is equal
     bool isOpen = false;
+    std::set<int> imported;  // the displays that another EDID was imported to
+    VNT::Bytes edited;       // what `GetEdited` told last
+    int editedIndex = -1;    // of the display that it told it of
     UI::Controls::ComboBox* choice = nullptr;
     std::vector<std::function<void()>> clearSelections;
 };

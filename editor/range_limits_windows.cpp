@@ -47,8 +47,12 @@ void EdidRangeLimitsDescriptorWindow::Update() {
 
 void EdidRangeLimitsDescriptorWindow::ChooseTiming() {
     if (timingKind == GetTimingKind(fields.timing)) return;
+    const auto isOf = [](int type) { return [type](const auto& timing) { return timing.GetType() == type; }; };
+    std::erase_if(timings, isOf(fields.timing.GetType()));
+    timings.push_back(fields.timing);
     if (const auto* kind = Forms::FindKind(EdidRangeLimitsTimingKinds::All(), timingKind)) {
-        fields.timing = EdidRangeLimitsTiming(kind->make());
+        const auto last = std::find_if(timings.begin(), timings.end(), isOf(kind->type));
+        fields.timing = last != timings.end() ? *last : EdidRangeLimitsTiming(kind->make());
         return;
     }
     // A number that is typed runs through those of kinds with a class; the bytes behind it outlast that.

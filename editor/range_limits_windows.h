@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <vector>
 
 #include "editor/add_window.h"
 #include "model/edid/range_limits_descriptor.h"
@@ -18,8 +19,9 @@ private:
     void ChooseTiming();
     void EditTiming();
 
-    int timingKind = 0;                     // the byte by which the timing part says its kind
-    VNT::EdidRangeLimitsOtherTiming other;  // what a kind without a class held last
+    int timingKind = 0;                               // the byte by which the timing part says its kind
+    VNT::EdidRangeLimitsOtherTiming other;            // what a kind without a class held last
+    std::vector<VNT::EdidRangeLimitsTiming> timings;  // what each kind with a class held last
 };
 
 class EdidRangeLimitsSecondaryGtfTimingWindow : public TItemWindow<VNT::EdidRangeLimitsSecondaryGtfTiming> {

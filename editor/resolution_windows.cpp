@@ -31,6 +31,19 @@ bool IsCount(int value) { return value >= -MaxTimingTotal && value <= MaxTimingT
 int Halved(int value) { return IsCount(value) ? value / 2 : value; }
 int Doubled(int value, int added) { return IsCount(value) ? value * 2 + added : value; }
 
+// A text that is none is another form's: what it stood for is empty here.
+template <class Fields>
+Fields Readable(Fields fields) {
+    for (int* count : {&fields.hactive, &fields.hfront, &fields.hsync, &fields.hback, &fields.hblank, &fields.htotal,
+                       &fields.vactive, &fields.vfront, &fields.vsync, &fields.vback, &fields.vblank, &fields.vtotal}) {
+        if (*count == Forms::BadNumber) *count = Undefined;
+    }
+    for (Decimal* rate : {&fields.vrate, &fields.hrate, &fields.pixelclock}) {
+        if (*rate == Forms::BadDecimal) *rate = Decimal::Undefined();
+    }
+    return fields;
+}
+
 }  // namespace
 
 void ConvertInterlace(DetailedResolutionFields& fields) {
@@ -66,12 +79,28 @@ void AnyDetailedResolutionWindow<X>::AddTop() {
     group.EnabledIf([this] { return !IsOnClipboard(); });
     group.Button(L"Paste", [this] {
         X pasted = this->item;
-        if (pasted.Paste(DetailedResolutionClipboard())) this->fields = pasted;
+        if (pasted.Paste(DetailedResolutionClipboard())) this->fields = Readable(pasted);
         this->Update();
     });
     group.EnabledIf([this] { return !DetailedResolutionClipboard().IsEmpty() && !IsOnClipboard(); });
     group.Button(L"\u25BC", [this] { ShowOther(true); }).VisibleIf([this] { return !showsOther; });
-    group.Button(L"\u25B2", [this] { ShowOther(false); }).VisibleIf([this] { return showsOther; });
+    less = &group.AddButton(L"\u25B2", [this] { ShowOther(false); });
+    group.VisibleIf([this] { return showsOther; });
+}
+
+template <class X>
+void AnyDetailedResolutionWindow<X>::ShowOther(bool show) {
+    showsOther = show;
+    this->Update();
+    if (showsOther) less->SetFocus();
+}
+
+template <class X>
+void AnyDetailedResolutionWindow<X>::Update() {
+    TItemWindow<X>::Update();
+    if (showsOther || !others || !AnyWindow::HasFault(*others)) return;
+    showsOther = true;
+    TItemWindow<X>::Update();
 }
 
 template <class X>
@@ -134,7 +163,9 @@ void AnyDetailedResolutionWindow<X>::AddFrequencies() {
 EdidDetailedResolutionWindow::EdidDetailedResolutionWindow(UI::Window* parent)
     : AnyDetailedResolutionWindow(parent, L"EdidDetailedResolutionWindow", L"Detailed Resolution") {
     auto sync = Group(L"");
+    // The QFT calculator makes digital separate sync of any.
     sync.Row(L"Sync type:").Combo(Field<&Fields::syncType>, EdidDetailedResolutionSyncTypeEnum::Texts);
+    sync.EnabledIf([this] { return fields.timing != Timing::Qft; });
     sync.LabelOf(Field<&Fields::syncOn>, L"Sync on:");
     sync.Combo(Field<&Fields::syncOn>, EdidDetailedResolutionSyncOnEnum::Texts);
     sync.Check(Field<&Fields::serrations>, L"Serrations");
@@ -153,6 +184,9 @@ void AddDisplayIdFields(TGroup<Fields> group) {
     group.Aligned();
     group.Row(L"Aspect ratio:").Combo(Field<&Fields::aspectRatio>, DisplayIdDetailedResolutionAspectRatioEnum::Texts);
     group.Row(L"3D support:").Combo(Field<&Fields::stereo>, DisplayIdDetailedResolutionStereoEnum::Texts);
+    if constexpr (requires(Fields fields) { fields.extraBytes; }) {
+        group.Row(L"Extra bytes:").HexBytes(Field<&Fields::extraBytes>, L"00 00 00 00 00 00 00");
+    }
 }
 
 }  // namespace

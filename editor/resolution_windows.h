@@ -21,28 +21,34 @@ protected:
     TGroup<Fields> OtherGroup(const std::wstring& caption) {
         auto group = this->Group(caption);
         group.VisibleIf([this] { return showsOther; });
+        others = this->GetGroups().back().get();
         return group;
     }
-    bool CanConfirm() const override {
-        if constexpr (requires { this->item.IsValidAll(0); }) {
-            return this->item.IsValidAll(this->GetBytes());
-        } else {
-            return this->item.IsValidAll();
+    bool AllowsUnsound() const override { return true; }
+    // The box of the bytes behind the timing stays open as long as there is room for any, or too many of them.
+    Forms::FieldState GetFieldState(std::string_view field) const override {
+        Forms::FieldState state = TItemWindow<X>::GetFieldState(field);
+        if constexpr (requires { this->fields.extraBytes; }) {
+            if (field == "extraBytes")
+                state.IsAvailable = this->GetBytes() > X::MinSize || !this->fields.extraBytes.IsEmpty();
         }
+        return state;
     }
 
 private:
     void AddTop();
     void AddParameters();
     void AddFrequencies();
-    void ShowOther(bool show) {
-        showsOther = show;
-        this->Update();
-    }
+    // The focus of the button that opened them goes to the one that closes them again.
+    void ShowOther(bool show);
+    // What is wrong among the other fields is seen.
+    void Update() override;
     bool IsOnClipboard() const { return VNT::DetailedResolutionClipboard().Equals(Resolution()); }
     const VNT::AnyResolution& Resolution() const { return this->item; }
 
     bool showsOther = false;
+    const Forms::Group* others = nullptr;
+    UI::Controls::Button* less = nullptr;
 };
 
 class EdidDetailedResolutionWindow : public AnyDetailedResolutionWindow<VNT::EdidDetailedResolution> {

@@ -52,8 +52,8 @@ public:
     int GetNeeded(int bytes) const {
         if (RawMode) return bytes;
         if (!MinLuminance.IsUndefined()) return 5;
-        if (!MaxFrameAverage.IsUndefined()) return 4;
-        return MaxLuminance.IsUndefined() ? bytes : 3;
+        if (!MaxFrameAverage.IsUndefined()) return std::max(bytes, 4);
+        return MaxLuminance.IsUndefined() ? bytes : std::max(bytes, 3);
     }
 
     template <class IO>

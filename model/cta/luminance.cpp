@@ -26,7 +26,7 @@ int CodeOf(double code) {
 bool CanEncode(Decimal number, const DecimalLimits& limits) { return !number.IsUndefined() && limits.Contains(number); }
 
 void Align(bool rawMode, int& code, Decimal& number, const auto& decode, const auto& encode) {
-    if (!rawMode) code = encode(number);
+    if (!rawMode && !(number == decode(code))) code = encode(number);
     const Decimal decoded = decode(code);
     if (rawMode || !decoded.IsUndefined()) number = decoded;
 }

@@ -18,7 +18,8 @@ struct Luminance {
     static int EncodeMin(Decimal number, int maxCode);
 
     // Bring code and number in line: the number follows the code in `rawMode`, else the code the number, which then is
-    // rounded to what the code says. A number that no code can say stays, so that its user can mend it.
+    // rounded to what the code says. A code that says the number already stays, and a number that no code can say
+    // stays, so that its user can mend it.
     static void AlignMax(bool rawMode, int& code, Decimal& number);
     static void AlignMin(bool rawMode, int& code, Decimal& number, int maxCode);
 

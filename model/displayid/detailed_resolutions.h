@@ -80,6 +80,8 @@ public:
     TLimitPair<CountLimits> GetExtraLimits(int room) const {
         return CountLimits{0, std::max(0, room - this->resolutions.GetSize())};
     }
+    // Whole descriptors behind those of the list that say something, but no timing.
+    bool HasRefused() const { return this->Extra.Size() >= this->resolutions.descriptorSize && !this->Extra.IsAll(0); }
     // The room of the list in a block of `size` bytes.
     ListLimits GetListLimits(int size) const {
         return {Base::GetExtraRoom(size) - this->Extra.Size(), this->resolutions.descriptorSize};
@@ -89,6 +91,7 @@ public:
     static void MapFields(IO& io, auto& block) {
         io.List("resolutions", block.resolutions, TLimitPair<ListLimits>(block.GetListLimits(io.Available())));
         io.Check("descriptors", block.resolutions.Fits(), block.resolutions.Fits());
+        io.Check("refused", !block.HasRefused(), true);
     }
 
 protected:

@@ -45,6 +45,15 @@ TEST_F(HdmiForm, ALatencyThatIsTypedChecksItsBox) {
         EXPECT_TRUE(CanConfirm());
         Leave();
     });
+    item = ReadAs<CtaHdmiDataBlock>(FromHex("65 03 0C 00 10 00"));
+    Run([&] {
+        EXPECT_FALSE(Check(L"Latency").IsChecked());
+        driver.Enter(Box(L"Video:"), L"2");
+        EXPECT_TRUE(Check(L"Latency").IsChecked());
+        driver.Enter(Box(L"Video:"), L"");
+        EXPECT_FALSE(Check(L"Latency").IsChecked());
+        Leave();
+    });
 }
 
 TEST_F(HdmiForm, ListsItsResolutionsAndStereoFormats) {

@@ -50,6 +50,43 @@ TEST_F(HdrStaticForm, OkWithoutAChangeLeavesFourBytes) {
     EXPECT_EQ(Written(), "E3 06 05 01");
 }
 
+TEST_F(HdrStaticForm, ALuminanceThatNoCodeSaysIsRedAndStaysAsTyped) {
+    Read("E4 06 05 01 A0");
+    Run([&] {
+        TextBox& box = Number(L"Max luminance:");
+        driver.Enter(box, L"50");
+        EXPECT_FALSE(box.HasValidStyle());
+        EXPECT_FALSE(CanConfirm());
+        driver.Press(Key::Tab);
+        EXPECT_FALSE(box.HasValidStyle());
+        EXPECT_EQ(box.GetText(), L"50.000");
+        driver.Enter(box, L"1000");
+        EXPECT_TRUE(box.HasValidStyle());
+        EXPECT_TRUE(CanConfirm());
+        Leave();
+    });
+}
+
+TEST_F(HdrStaticForm, ACodeThatNobodyTouchedStaysWhenAnotherRowIsTyped) {
+    Read("E6 06 05 01 A0 90 33");
+    EXPECT_EQ(Run([&] {
+                  driver.Enter(Number(L"Max luminance:"), L"1000");
+                  EXPECT_EQ(Raw(L"Max frame-avg:").GetText(), L"144");
+                  EXPECT_EQ(Raw(L"Min luminance:").GetText(), L"51");
+                  Confirm();
+              }),
+              IdOk);
+    EXPECT_EQ(Written(), "E6 06 05 01 8A 90 33");
+    Read("E6 06 05 01 00 90 33");
+    EXPECT_EQ(Run([&] {
+                  driver.Enter(Number(L"Max frame-avg:"), L"1000");
+                  EXPECT_EQ(Raw(L"Min luminance:").GetText(), L"51") << "though nothing says what it is";
+                  Confirm();
+              }),
+              IdOk);
+    EXPECT_EQ(Written(), "E6 06 05 01 00 8A 33");
+}
+
 TEST_F(HdrStaticForm, ANumberIsStoredAsItsCodeAndReadsBackFromThat) {
     Read("E4 06 05 01 A0");
     EXPECT_EQ(Run([&] {

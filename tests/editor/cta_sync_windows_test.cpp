@@ -58,7 +58,13 @@ TEST_F(FreeSyncForm, OkWithoutAChangeLeavesNineBytes) {
 TEST_F(FreeSyncForm, ABlockOfTwelveBytesIsResizedToAStep) {
     Read("6B 1A 00 00 02 01 30 90 E6 00 A0 00");
     EXPECT_EQ(Run([&] { Confirm(); }), IdOk);
-    EXPECT_EQ(Written(), "6D 1A 00 00 02 01 30 90 E6 00 A0 00 00 00");
+    EXPECT_EQ(Written(), "6B 1A 00 00 02 01 30 90 E6 00 A0 00") << "what was not edited stays";
+    EXPECT_EQ(Run([&] {
+                  driver.Enter(Box(L"Version"), L"3");
+                  Confirm();
+              }),
+              IdOk);
+    EXPECT_EQ(Written(), "6D 1A 00 00 03 01 30 90 E6 00 A0 00 00 00");
 }
 
 TEST_F(FreeSyncForm, TheRawNumberLeadsWhereItIsTyped) {
@@ -191,7 +197,10 @@ TEST_F(MicrosoftForm, AShortBlockOpensAndWaitsForAWholeId) {
     EXPECT_EQ(item.Size, 22);
     bytes = 21;
     EXPECT_EQ(Run([&] {
+                  EXPECT_TRUE(CanConfirm()) << "it stays as it is";
+                  driver.Enter(Box(L"Version"), L"7");
                   EXPECT_FALSE(CanConfirm());
+                  EXPECT_FALSE(Box(L"Version").HasValidStyle());
                   Leave();
               }),
               IdCancel);

@@ -27,8 +27,9 @@ int EditWith(EdidExtensionBlock& block, const wchar_t* text) {
     return EditEdidExtensionBlock(nullptr, block, 128);
 }
 
-TEST(ExtensionBlocksOfRealDisplays, CancelChangesNoByteAndOkNormalisesOnce) {
+TEST(ExtensionBlocksOfRealDisplays, CancelAndOkChangeNoByte) {
     int opened = 0;
+    int closed = 0;
     std::vector<NamedEdid> edids = Testing::Samples();
     for (NamedEdid& each : Testing::Corpus(VANTELLE_SOURCE_DIR)) edids.push_back(std::move(each));
     for (const NamedEdid& each : edids) {
@@ -40,17 +41,14 @@ TEST(ExtensionBlocksOfRealDisplays, CancelChangesNoByteAndOkNormalisesOnce) {
             EdidExtensionBlock block = original;
             EXPECT_EQ(EditWith(block, L"Cancel"), UI::IdCancel);
             ASSERT_EQ(BytesOf(block), before);
-            if (EditWith(block, L"OK") != UI::IdOk) continue;
+            if (Forms::FindForm(EdidExtensionBlockForms(), block.GetType()) == nullptr) continue;
             ++opened;
-            EXPECT_TRUE(block.IsValid()) << HexText(before).ToUtf8();
-            const Bytes once = BytesOf(block);
-            EdidExtensionBlock again;
-            ASSERT_TRUE(again.Read(once));
-            EXPECT_EQ(EditWith(again, L"OK"), UI::IdOk);
-            ASSERT_EQ(BytesOf(again), once);
+            closed += EditWith(block, L"OK") == UI::IdOk ? 0 : 1;
+            ASSERT_EQ(BytesOf(block), before);
         }
     }
     EXPECT_GT(opened, 0);
+    EXPECT_LE(closed * 20, opened) << "of " << opened << " forms that were opened";
 }
 
 }  // namespace

@@ -80,6 +80,13 @@ TEST(FieldText, DottedNumbersArePackedFromTheFirst) {
     EXPECT_EQ(ParseNumber(U"1.2.3.99999999999999999999", DottedNibbles()), BadNumber);
 }
 
+TEST(FieldText, ANullCharacterIsSeenAndStays) {
+    String text(std::u32string(U"A\0B", 3));
+    EXPECT_EQ(PrintField(text, PlainText()), U"A\u2400B");
+    EXPECT_TRUE(ParseField(U"A\u2400C", text, PlainText()));
+    EXPECT_EQ(text, String(std::u32string(U"A\0C", 3)));
+}
+
 TEST(FieldText, BadHexLeavesTheBytes) {
     Bytes bytes{7};
     EXPECT_FALSE(ParseField(U"123", bytes, HexDump()));

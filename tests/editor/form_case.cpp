@@ -80,6 +80,23 @@ FormCases AllForms() {
     return cases;
 }
 
+std::set<std::string> KindsWithoutForm() {
+    std::set<std::string> found;
+    const auto add = [&found](const std::string& family, const auto& kinds, const auto&... forms) {
+        for (const auto& kind : kinds) {
+            if (((Forms::FindForm(forms, kind.type) == nullptr) && ...)) found.insert(family + ": " + kind.title);
+        }
+    };
+    add("descriptor", EdidDescriptorKinds::All(), EdidDescriptorForms());
+    add("range limits timing", EdidRangeLimitsTimingKinds::All(), EdidRangeLimitsTimingForms());
+    add("extension block", EdidExtensionBlockKinds::All(), EdidExtensionBlockForms());
+    add("CTA data block", CtaDataBlockKinds::All(), CtaDataBlockForms());
+    add("audio format", CtaAudioFormatKinds::All(), CtaAudioFormatForms());
+    add("HDR dynamic metadata", CtaHdrDynamicMetadataKinds::All(), CtaHdrDynamicMetadataForms());
+    add("DisplayID data block", DisplayIdDataBlockKinds::All(), DisplayId1DataBlockForms(), DisplayId2DataBlockForms());
+    return found;
+}
+
 FormCases AllChoosers() {
     FormCases cases;
     Forms::ForEachChooser(AddTo(cases));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -32,5 +33,7 @@ using FormCases = std::vector<std::shared_ptr<FormCase>>;
 // All forms, and all choosers.
 FormCases AllForms();
 FormCases AllChoosers();
+// The kinds that their family's table of forms says nothing of, by family and title.
+std::set<std::string> KindsWithoutForm();
 
 }  // namespace VNT::Testing

@@ -223,6 +223,18 @@ std::set<std::string> NamesOfWindowClasses() {
     return names;
 }
 
+// A new kind has a row in its family's table of forms, or a line here that says that nobody edits it.
+TEST(AllForms, LeaveNoKindOut) {
+    const std::set<std::string> expected{
+        "CTA data block: 4:2:0 capability map",
+        "descriptor: Empty",
+        "extension block: Default",
+        "range limits timing: Default GTF",
+        "range limits timing: Range limits only",
+    };
+    EXPECT_EQ(KindsWithoutForm(), expected);
+}
+
 TEST(AllForms, LeaveNoWindowOfTheEditorOut) {
     std::set<std::string> opened{"MainWindow"};
     FormCases cases = AllForms();

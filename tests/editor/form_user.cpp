@@ -103,7 +103,7 @@ std::optional<std::wstring> FormUser::FindLeast(TextBox& box) {
         const auto* count = std::get_if<CountLimits>(&limits->proper);
         if (count != nullptr) tried.push_back(HexText(Bytes(count->min, 0)).ToWide());
     }
-    for (const wchar_t* text : {L"0000", L"00", L"A", L"AAA", L"00.00.00.00"}) tried.push_back(text);
+    for (const wchar_t* text : {L"0000", L"00", L"A", L"AAA", L"00.00.00.00", L"0.1"}) tried.push_back(text);
     for (int number = 0; number < MostTried; ++number) tried.push_back(Print(number, 0));
     for (const std::wstring& text : tried) {
         if (Takes(box, text)) return text;

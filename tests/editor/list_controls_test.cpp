@@ -76,6 +76,21 @@ TEST_F(ListTest, AnEmptyListHasARowThatSaysSoAndIsNoItem) {
     });
 }
 
+TEST_F(ListTest, EnterOnAButtonThatClosesConfirmsNothing) {
+    Fill({1, 2, 3});
+    for (const wchar_t* caption : {L"\u25B2", L"\u25BC", L"Delete"}) {
+        const Driver fresh;
+        const int result = Run([&] {
+            driver.Click(*list, 1);
+            Get(caption).SetFocus();
+            for (int i = 0; i < 5; ++i) driver.Press(Key::Return);
+            EXPECT_FALSE(Get(caption).IsEnabled());
+            EXPECT_TRUE(list->HasFocus());
+        });
+        EXPECT_EQ(result, IdCancel) << "the form was left by Esc";
+    }
+}
+
 TEST_F(ListTest, TheButtonsFollowTheSelection) {
     Fill({1, 2, 3});
     Run([&] {

@@ -227,11 +227,16 @@ TEST_F(MainWindowFiles, AnImportIsNormalised) {
 }
 
 TEST_F(MainWindowFiles, AnImportIsDroppedByCancel) {
-    EXPECT_EQ(Run([&] {
-                  ImportFile(Put(other));
-                  driver.Click(Button(L"Cancel"));
-              }),
-              IdCancel);
+    const DisplayList before = displays;
+    driver.Then([&] {
+        ImportFile(Put(other));
+        driver.Click(Button(L"Cancel"));
+    });
+    EXPECT_EQ(EditDisplays(displays), IdCancel);
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        EXPECT_EQ(displays[i].CurrentData, before[i].CurrentData);
+        EXPECT_TRUE(displays[i].Saved);
+    }
 }
 
 TEST_F(MainWindowFiles, AnEmptyFileIsNotImported) { ExpectRefused(Put("")); }
@@ -320,14 +325,13 @@ TEST_F(MainWindowFiles, AnExportTakesTheEditsAndSavesNothing) {
     EXPECT_EQ(GetBytes(folder / "out"), expected);
 }
 
-TEST_F(MainWindowFiles, AnExportIsNormalisedAndLeavesTheDisplay) {
-    const Bytes right = displays[0].CurrentData;
+TEST_F(MainWindowFiles, AnExportOfWhatWasNotEditedHasItsOwnBytesAndLeavesTheDisplay) {
     displays[0].CurrentData.At(127) = 0x33;
     Run([&] {
         ExportFile(folder / "out", BinIndex);
         driver.Click(Button(L"OK"));
     });
-    EXPECT_EQ(GetBytes(folder / "out"), right);
+    EXPECT_EQ(GetBytes(folder / "out"), displays[0].CurrentData);
     EXPECT_TRUE(after[0].Saved);
     EXPECT_EQ(after[0].CurrentData.At(127), 0x33);
 }

@@ -138,11 +138,23 @@ TEST_F(MainWindowForm, AnEditMendsAWrongChecksum) {
     displays[0].CurrentData.At(127) = 0x77;
     Run([&] {
         driver.Click(Check(L"640x480 @ 60 Hz"));
-        driver.Click(Check(L"640x480 @ 60 Hz"));
         driver.Click(Button(L"OK"));
     });
     EXPECT_FALSE(after[0].Saved);
-    EXPECT_EQ(after[0].CurrentData.At(127), right);
+    EXPECT_EQ(after[0].CurrentData.At(127), right - 0x20);
+}
+
+TEST_F(MainWindowForm, AnEditThatIsTakenBackChangesNoByte) {
+    displays[0].CurrentData.At(127) = 0x77;
+    Run([&] {
+        driver.Click(Check(L"640x480 @ 60 Hz"));
+        driver.Choose(Choice(), 1);
+        driver.Choose(Choice(), 0);
+        driver.Click(Check(L"640x480 @ 60 Hz"));
+        driver.Click(Button(L"OK"));
+    });
+    EXPECT_TRUE(after[0].Saved);
+    EXPECT_EQ(after[0].CurrentData, displays[0].CurrentData);
 }
 
 TEST_F(MainWindowForm, OkCanAlwaysBeUsed) {
@@ -217,6 +229,18 @@ TEST_F(MainWindowForm, AnEmptyNameFallsBackToTheStoresName) {
         EXPECT_EQ(Choice().GetItemText(0), L"AAA09FF - Generic (active)");
         EXPECT_EQ(Choice().GetSelection(), 0);
         EXPECT_EQ(Choice().GetCount(), 2);
+    });
+}
+
+TEST_F(MainWindowForm, ANameDescriptorWithoutANameFallsBackToTheStoresName) {
+    Bytes bytes = displays[0].CurrentData;
+    constexpr int name = 59;
+    for (int i = 0; i < 13; ++i) bytes.At(name + i) = i == 0 ? 0x0A : 0x20;
+    bytes.At(127) = static_cast<std::uint8_t>(ComputeChecksum(bytes.Slice(0, 128)));
+    displays[0].CurrentData = bytes;
+    Look([&] {
+        EXPECT_EQ(Choice().GetItemText(0), L"AAA09FF - Generic (active)");
+        EXPECT_EQ(List(Descriptors(1)).GetCount(), 1);
     });
 }
 

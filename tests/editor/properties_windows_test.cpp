@@ -72,7 +72,7 @@ TEST(PropertiesForm, TheVersionChoosesTheDigitalInterfaceControl) {
     });
 }
 
-TEST(PropertiesForm, ANumberOfItsOwnGivesWayToTheRowThatTheSignalTypeBrings) {
+TEST(PropertiesForm, ANumberOfItsOwnComesBackWithTheSignalType) {
     Driver driver;
     EdidPropertiesFields fields = EdidProperties();
     fields.revision = 4;
@@ -85,10 +85,12 @@ TEST(PropertiesForm, ANumberOfItsOwnGivesWayToTheRowThatTheSignalTypeBrings) {
         auto& number = driver.Find<TextBox>(L"Digital interface:");
         driver.Enter(number, L"9");
         driver.Choose(driver.Find<ComboBox>(L"Signal type:"), L"Analog");
-        driver.Choose(driver.Find<ComboBox>(L"Signal type:"), L"Digital");
+        driver.Enter(driver.Find<TextBox>(L"Serial number:"), L"5");
         EXPECT_EQ(depth.GetItemText(depth.GetSelection()), L"Undefined");
-        EXPECT_EQ(interface.GetItemText(interface.GetSelection()), L"Undefined");
-        EXPECT_FALSE(number.IsVisible());
+        driver.Choose(driver.Find<ComboBox>(L"Signal type:"), L"Digital");
+        EXPECT_EQ(driver.Find<TextBox>(L"Digital color depth:").GetText(), L"7");
+        EXPECT_EQ(interface.GetItemText(interface.GetSelection()), L"Other");
+        EXPECT_EQ(number.GetText(), L"9");
         driver.Press(Key::Escape);
     });
 }
@@ -158,7 +160,7 @@ TEST(PropertiesForm, TheSignalTypeOpensItsOwnFields) {
         EXPECT_FALSE(driver.Find<ComboBox>(L"Digital interface:").IsEnabled());
         EXPECT_TRUE(driver.Find<ComboBox>(L"Color type:").IsEnabled());
         driver.Choose(driver.Find<ComboBox>(L"Signal type:"), L"Digital");
-        EXPECT_EQ(driver.Find<ComboBox>(L"Digital color depth:").GetSelection(), 0) << "what went is at its default";
+        EXPECT_EQ(driver.Find<ComboBox>(L"Digital color depth:").GetSelection(), 3) << "what went comes back";
         driver.Press(Key::Escape);
     });
 }

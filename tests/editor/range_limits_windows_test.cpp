@@ -152,11 +152,20 @@ TEST_F(RangeLimitsForm, TheTimingIsEditedInItsOwnForm) {
     EXPECT_EQ(ToHex(BytesOf(item)), "00 00 00 FD 00 32 4C 1E 53 11 04 11 04 F0 F8 18 00 3C");
 }
 
-TEST_F(RangeLimitsForm, OkMendsThePaddingOfATimingWithoutAForm) {
+TEST_F(RangeLimitsForm, AnEditMendsThePaddingOfATimingWithoutAForm) {
     item = WithTiming("00 00 00 00 00 00 00 00");
     EXPECT_FALSE(item.IsValid());
+    const EdidRangeLimitsDescriptor before = item;
     EXPECT_EQ(Run([&] { Confirm(); }), IdOk);
-    EXPECT_EQ(item, Plain());
+    EXPECT_EQ(item, before) << "what was not edited stays";
+    EdidRangeLimitsDescriptor expected = Plain();
+    expected.maxPixelClock += 10;
+    EXPECT_EQ(Run([&] {
+                  driver.Enter(Box(L"Max pixel clock"), std::to_wstring(expected.maxPixelClock));
+                  Confirm();
+              }),
+              IdOk);
+    EXPECT_EQ(item, expected);
 }
 
 using SecondaryGtfForm = TFormTest<EdidRangeLimitsSecondaryGtfTimingWindow>;

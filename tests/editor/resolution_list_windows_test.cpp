@@ -39,10 +39,16 @@ TEST_F(StandardListForm, TakesResolutionsUntilNoSpaceIsLeft) {
     EXPECT_EQ(ToHex(BytesOf(item)), "00 00 00 FA 00 81 8F 81 8F 81 8F 81 8F 81 8F 81 8F 0A");
 }
 
-TEST_F(StandardListForm, OkMendsTheLastByte) {
+TEST_F(StandardListForm, AnEditMendsTheLastByte) {
     item =
         ReadAs<EdidStandardResolutionListDescriptor>(FromHex("00 00 00 FA 00 D1 C0 01 01 01 01 01 01 01 01 01 01 20"));
     EXPECT_EQ(Run([&] { Confirm(); }), IdOk);
+    EXPECT_EQ(item.lastByte, 0x20) << "what was not edited stays";
+    EXPECT_EQ(Run([&] {
+                  driver.Click(Named(L"Delete all"));
+                  Confirm();
+              }),
+              IdOk);
     EXPECT_EQ(item.lastByte, 0x0A);
 }
 
@@ -133,6 +139,20 @@ TEST_F(StandardForm, TheSideThatIsTypedStaysAndTheOtherFollows) {
     EXPECT_EQ(ToHex(BytesOf(item)), "D1 C0");
 }
 
+TEST_F(StandardForm, WidthAndHeightGiveTheRatio) {
+    EXPECT_EQ(Run([&] {
+                  driver.Enter(Box(L"Refresh rate"), L"60");
+                  driver.Enter(Box(L"Width:"), L"1920");
+                  driver.Enter(Box(L"Height:"), L"1080");
+                  EXPECT_EQ(Box(L"Width:").GetText(), L"1920");
+                  auto& ratio = Combo(L"Aspect ratio:");
+                  EXPECT_EQ(ratio.GetItemText(ratio.GetSelection()), L"16:9");
+                  Confirm();
+              }),
+              IdOk);
+    EXPECT_EQ(ToHex(BytesOf(item)), "D1 C0");
+}
+
 TEST_F(StandardForm, TheBytesOfTheUnusedSlotAreNoResolutionAndBearNoMarks) {
     Run([&] {
         driver.Enter(Box(L"Refresh rate"), L"61");
@@ -140,6 +160,7 @@ TEST_F(StandardForm, TheBytesOfTheUnusedSlotAreNoResolutionAndBearNoMarks) {
         EXPECT_EQ(Box(L"Height:").GetText(), L"160");
         EXPECT_TRUE(Box(L"Width:").HasValidStyle());
         EXPECT_TRUE(Box(L"Refresh rate").HasValidStyle());
+        EXPECT_FALSE(driver.Find<GroupBox>(L"Resolution").HasValidStyle()) << "but all of it together";
         EXPECT_FALSE(CanConfirm());
         driver.Enter(Box(L"Refresh rate"), L"62");
         EXPECT_TRUE(CanConfirm());
