@@ -95,25 +95,9 @@ void CheckLists(const std::string& path, const EdidVtbExtensionBlock& block, std
     CheckList(path + "/cvtResolutions", block.cvtResolutions, reasons);
     CheckList(path + "/standardResolutions", block.standardResolutions, reasons);
 }
-// Bytes of a whole timing stand behind those that its list took.
-template <class... X>
-bool HasRefusedTiming(const DisplayIdDataBlock& held) {
-    const auto check = [&]<class Block>(Block block) {
-        return block.Assign(held) && block.Extra.Size() >= block.resolutions.descriptorSize && !block.Extra.IsAll(0);
-    };
-    return (check(X()) || ...);
-}
-
 void CheckLists(const std::string& path, const EdidDisplayIdSectionExtensionBlock& block,
                 std::vector<std::string>& reasons) {
-    const auto& blocks = block.section.dataBlocks;
-    CheckList(path + "/dataBlocks", blocks, reasons);
-    for (int i = 0; i < blocks.GetCount(); ++i) {
-        if (!HasRefusedTiming<DisplayId1DetailedResolutionListDataBlock, DisplayId2DetailedResolutionListDataBlock,
-                              DisplayId2DetailedResolutionListDataBlockR2>(blocks.At(i)))
-            continue;
-        reasons.push_back(path + "/dataBlocks/" + std::to_string(i) + "/resolutions out of limits");
-    }
+    CheckList(path + "/dataBlocks", block.section.dataBlocks, reasons);
 }
 
 template <class... X>

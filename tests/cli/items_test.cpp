@@ -187,7 +187,7 @@ TEST(CheckItems, ATimingThatItsListRefusedIsAFinding) {
         const auto section = Samples::DisplayId({Samples::DisplayIdBlock(3, 0, Samples::Block(20, byte))});
         return Check(Bytes(Samples::operator+(Samples::BaseBlock(base), section)));
     };
-    EXPECT_EQ(check(0xFF), std::vector<std::string>{"extensions/0/dataBlocks/0/resolutions out of limits"});
+    EXPECT_EQ(check(0xFF), std::vector<std::string>{"extensions/0/dataBlocks/0/refused out of limits"});
     EXPECT_EQ(check(0), std::vector<std::string>{});
 }
 
