@@ -28,8 +28,11 @@ std::vector<std::wstring> PutBack::Look() const {
     std::vector<std::wstring> seen;
     const ListBox* list = nullptr;
     for (Control* control : driver.GetWindow().GetControls()) {
-        std::wstring text = control->GetText();
-        text += control->IsVisible() ? L"|" : L"|hidden";
+        if (!control->IsVisible()) {
+            seen.push_back(L"hidden");
+            continue;
+        }
+        std::wstring text = control->GetText() + L"|";
         const auto* button = As<Button>(control);
         // The buttons of a list hang on the chosen row.
         if (!list || !button || button->GetText() == L"OK") text += control->IsEnabled() ? L"" : L"|closed";
@@ -138,7 +141,8 @@ void PutBack::Touch(ListBox& list) {
     const auto& controls = driver.GetWindow().GetControls();
     const auto at = std::find(controls.begin(), controls.end(), &list);
     const auto get = [&at](ListButton which) -> Button& { return *As<Button>(*(at + which)); };
-    if (get(DeleteAll).IsEnabled() && list.GetCount() > 1) {
+    // An unused slot that comes last is no row of its list any more.
+    if (get(DeleteAll).IsEnabled() && list.GetCount() > 1 && list.GetItemText(0) != L"Empty") {
         driver.Click(list, 0);
         Try(
             L"first row down and up", [&] { driver.Click(get(Down)); }, [&] { driver.Click(get(Up)); });
