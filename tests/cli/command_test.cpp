@@ -208,7 +208,8 @@ TEST_F(Commands, CheckSaysOfATextWhatItSaysOfBytes) {
     EXPECT_EQ(check("a.dat"), "ok\n");
     EXPECT_EQ(check("a.txt"), "ok\n");
     const std::string dat = Content(Path("a.dat"));
-    const std::string txt = Content(Path("a.txt"));
+    std::string txt = Content(Path("a.txt"));
+    std::erase(txt, '\r');  // the ends of lines are the system's own
     const auto put = [&](const char* name, const std::string& text) { Put(folder_ / name, Text(text)); };
     put("short.dat", dat.substr(0, dat.find("\n80 ") + 1));
     EXPECT_EQ(check("short.dat"), "problem: 1 block missing\n");

@@ -30,8 +30,10 @@ TEST_F(Commands, TextsOfDevicesStayOnTheirLine) {
     Put(device / "DeviceDesc", Text("a\nb\x1b[2J\tc\r\n"));
     EXPECT_NE(Store({"list"}).out.find("3\tLQP1416 - a\\x0Ab\\x1B[2J\\x09c (active)\tDISPLAY"), std::string::npos)
         << Store({"list"}).out;
+#ifndef _WIN32  // where no name holds the end of a line
     fs::rename(device, folder_ / "displays" / "DISPLAY#A\nB#1");
     EXPECT_NE(Store({"list"}).out.find("\tDISPLAY\\A\\x0AB\\1\n"), std::string::npos) << Store({"list"}).out;
+#endif
 }
 
 TEST_F(Commands, WriteReadResetRoundTrip) {
