@@ -1,10 +1,36 @@
 # Helpers for the rooms. Sources are found by folder, so that a new item needs no line here or in a CMakeLists.txt.
 
+# vantelle_precompiled_header(KIND HEADER [libraries...]): the precompiled header KIND of cmake/precompiled/HEADER, with the
+# options of the current folder. Only a sanitized build, where every room and test is compiled, has such: the others go
+# without, so that a source which doesn't include what it uses fails there.
+function(vantelle_precompiled_header kind header)
+    if(NOT VANTELLE_SANITIZE)
+        return()
+    endif()
+    set(target vantelle-precompiled-${kind})
+    add_library(${target} STATIC ${PROJECT_SOURCE_DIR}/cmake/precompiled/nothing.cpp)
+    target_link_libraries(${target} PUBLIC vantelle_options ${ARGN})
+    target_precompile_headers(${target} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/precompiled/${header})
+    # Without it ccache can't tell what a precompiled header holds.
+    target_compile_options(${target} PUBLIC -fpch-preprocess)
+endfunction()
+
+# vantelle_precompiled(TARGET KIND): TARGET takes its standard headers from that of this KIND.
+function(vantelle_precompiled target kind)
+    get_target_property(libraries ${target} LINK_LIBRARIES)
+    # What stands on Qt is position-independent code, which can't take another's header.
+    if(VANTELLE_SANITIZE AND NOT libraries MATCHES "qt|Qt|app")
+        target_precompile_headers(${target} REUSE_FROM vantelle-precompiled-${kind})
+        target_compile_options(${target} PRIVATE -fpch-preprocess)
+    endif()
+endfunction()
+
 # vantelle_room(NAME [libraries it stands on...]): a static library of the .cpp files of the current folder.
 function(vantelle_room name)
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
     add_library(${name} STATIC ${sources})
     target_link_libraries(${name} PUBLIC vantelle_options ${ARGN})
+    vantelle_precompiled(${name} rooms)
 endfunction()
 
 # vantelle_program(NAME): a program that users get. A release is stripped; its symbols stand beside it, as NAME.debug, where
@@ -26,6 +52,7 @@ function(vantelle_test name folder)
     file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)
     add_executable(${name} ${sources})
     target_link_libraries(${name} PRIVATE vantelle_options gtest gtest_main ${ARGN})
+    vantelle_precompiled(${name} tests)
     # Only for the sources that use them: the others compile the same wherever the tree stands, and ccache knows them.
     foreach(source ${sources})
         file(STRINGS ${source} uses REGEX "VANTELLE_(SOURCE|BINARY)_DIR" LIMIT_COUNT 1)

@@ -3,6 +3,6 @@
 
 namespace VNT {
 
-template struct TMadeKinds<decltype(CtaDataBlockKindList), 1, 3>;
+template struct TMadeKinds<decltype(CtaDataBlockKindList), 1, 4>;
 
 }  // namespace VNT

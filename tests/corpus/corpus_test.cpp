@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "cli/show.h"
+#include "tests/support/difference.h"
 #include "tests/support/edids.h"
 #include "tests/support/items.h"
 
@@ -67,7 +68,7 @@ TEST_P(EachSet, KeepsEveryPromiseButForTheKnownChanges) {
     for (const NamedEdid& edid : edids) {
         if (KnownChanges.contains(edid.name)) known.insert(edid.name);
     }
-    EXPECT_EQ(ChangedOf(edids), known);
+    EXPECT_TRUE(HaveNoDifference(known, ChangedOf(edids)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, EachSet, testing::ValuesIn(EdidSets(VANTELLE_SOURCE_DIR)),

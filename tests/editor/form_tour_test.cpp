@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "tests/editor/main_window_form.h"
+#include "tests/support/difference.h"
 #include "tests/support/window_layout.h"
 
 namespace {
@@ -67,7 +68,7 @@ TEST_P(EveryForm, CanBeReachedAndShowsItsControlsWholeAndApart) {
         UI::EndRun(UI::IdCancel);
     });
     window.Run();
-    EXPECT_EQ(tour.GetSeen(), ReadFormNames());
+    EXPECT_TRUE(VNT::Testing::HaveNoDifference(ReadFormNames(), tour.GetSeen()));
 }
 
 TEST(WindowLayout, ShowsWhatIsMisplaced) {

@@ -1,21 +1,20 @@
 #pragma once
 
-#include <sstream>
-#include <string>
+#include <gtest/gtest.h>
 
 namespace VNT::Testing {
 
-// What one of two sets has and the other hasn't, so that a failure names it; empty for equal ones.
+// For `EXPECT_TRUE`: that two sets are equal. A failure names what one has and the other hasn't, and nothing else.
 template <class Set>
-std::string Difference(const Set& expected, const Set& found) {
-    std::ostringstream out;
+testing::AssertionResult HaveNoDifference(const Set& expected, const Set& found) {
+    testing::AssertionResult result = expected == found ? testing::AssertionSuccess() : testing::AssertionFailure();
     for (const auto& value : expected) {
-        if (!found.contains(value)) out << "missing: " << value << "\n";
+        if (!found.contains(value)) result << "missing: " << testing::PrintToString(value) << "\n";
     }
     for (const auto& value : found) {
-        if (!expected.contains(value)) out << "unexpected: " << value << "\n";
+        if (!expected.contains(value)) result << "unexpected: " << testing::PrintToString(value) << "\n";
     }
-    return out.str();
+    return result;
 }
 
 }  // namespace VNT::Testing
