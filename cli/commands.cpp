@@ -5,14 +5,15 @@ namespace VNT::Cli {
 const char* const ProgramVersion = VANTELLE_VERSION;
 
 extern const Command ShowCommand, CheckCommand, ConvertCommand;
-extern const Command JsonCommand, BuildCommand, DiffCommand;
+extern const Command JsonCommand, BuildCommand, DiffCommand, SchemaCommand;
+extern const Command InfCommand, PictureCommand;
 extern const Command TimingCommand;
 extern const Command ListCommand, ReadCommand, WriteCommand, ResetCommand;
 
 std::span<const Command* const> Commands() {
     static constexpr const Command* commands[] = {
-        &ShowCommand,   &CheckCommand, &ConvertCommand, &JsonCommand,  &BuildCommand, &DiffCommand,
-        &TimingCommand, &ListCommand,  &ReadCommand,    &WriteCommand, &ResetCommand,
+        &ShowCommand, &CheckCommand,   &ConvertCommand, &JsonCommand, &BuildCommand, &DiffCommand,  &SchemaCommand,
+        &InfCommand,  &PictureCommand, &TimingCommand,  &ListCommand, &ReadCommand,  &WriteCommand, &ResetCommand,
     };
     return commands;
 }

@@ -6,6 +6,8 @@
 #include <iostream>
 #include <optional>
 
+#include "store/write_file.h"
+
 namespace fs = std::filesystem;
 
 namespace VNT::Cli {
@@ -13,6 +15,11 @@ namespace VNT::Cli {
 namespace {
 
 fs::path PathOf(const std::string& utf8) { return fs::path(std::u8string(utf8.begin(), utf8.end())); }
+
+void RefuseFolder(const std::string& file) {
+    std::error_code error;
+    if (fs::is_directory(PathOf(file), error)) throw Failure(file, "is a folder");
+}
 
 // Counts the rest of a stream without keeping it.
 std::int64_t CountRest(std::istream& in) {
@@ -127,15 +134,19 @@ FileFormat ChooseFormat(const Arguments& arguments, const std::string& file) {
     return FormatNamed(file.substr(point + 1)).value_or(FileFormat::Bin);
 }
 
-void ExportFile(const Edid& edid, FileFormat format, const std::string& file, const Console& console) {
-    std::error_code error;
-    if (edid.GetBytes().IsEmpty()) throw Failure(file, "the EDID can't be written");
+void WriteOut(const Bytes& bytes, const std::string& file, const Console& console) {
     if (file == "-") {
-        const Bytes bytes = GetFileBytes(edid, format);
         console.out.write(reinterpret_cast<const char*>(bytes.Range().data), bytes.Size());
         return;
     }
-    if (fs::is_directory(PathOf(file), error)) throw Failure(file, "is a folder");
+    RefuseFolder(file);
+    if (!WriteFile(PathOf(file), bytes)) throw Failure(file, "can't be written");
+}
+
+void ExportFile(const Edid& edid, FileFormat format, const std::string& file, const Console& console) {
+    if (edid.GetBytes().IsEmpty()) throw Failure(file, "the EDID can't be written");
+    if (file == "-") return WriteOut(GetFileBytes(edid, format), file, console);
+    RefuseFolder(file);
     if (!Export(PathOf(file), edid, format)) throw Failure(file, "can't be written");
 }
 

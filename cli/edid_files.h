@@ -44,8 +44,9 @@ Bytes BuildJson(const Bytes& text, const std::string& file, Json::Building& buil
 
 // The format of `--format`, else of the file's ending, else BIN.
 FileFormat ChooseFormat(const Arguments& arguments, const std::string& file);
-// Writes the EDID in that format to a file, or to standard output for "-". Fails with an older file of that name as it
-// was.
+// Writes the bytes to a file, or to standard output for "-". Fails with an older file of that name as it was.
+void WriteOut(const Bytes& bytes, const std::string& file, const Console& console);
+// The same of an EDID in that format.
 void ExportFile(const Edid& edid, FileFormat format, const std::string& file, const Console& console);
 
 }  // namespace VNT::Cli

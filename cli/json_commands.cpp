@@ -1,28 +1,14 @@
-#include <filesystem>
 #include <iostream>
 
 #include "cli/edid_files.h"
 #include "cli/words.h"
 #include "json/difference.h"
 #include "json/edid_json.h"
-#include "store/write_file.h"
+#include "json/schema.h"
 
 namespace VNT::Cli {
 
 namespace {
-
-namespace fs = std::filesystem;
-
-void WriteOut(const Bytes& bytes, const std::string& file, const Console& console) {
-    if (file == "-") {
-        console.out.write(reinterpret_cast<const char*>(bytes.Range().data), bytes.Size());
-        return;
-    }
-    const fs::path path(std::u8string(file.begin(), file.end()));
-    std::error_code error;
-    if (fs::is_directory(path, error)) throw Failure(file, "is a folder");
-    if (!WriteFile(path, bytes)) throw Failure(file, "can't be written");
-}
 
 Bytes BytesOf(const std::string& text) { return Bytes(std::vector<std::uint8_t>(text.begin(), text.end())); }
 
@@ -70,8 +56,16 @@ int RunDiff(const Arguments& arguments, const Console& console) {
     return changes.empty() ? Success : Negative;
 }
 
+int RunSchema(const Arguments&, const Console& console) {
+    console.out << Json::Print(Json::SchemaOfEdid());
+    return Success;
+}
+
 }  // namespace
 
+extern const Command SchemaCommand;
+const Command SchemaCommand{"schema",  {}, {}, "prints the JSON Schema of an EDID as JSON", "> edid.schema.json",
+                            &RunSchema};
 extern const Command JsonCommand, BuildCommand, DiffCommand;
 const Command JsonCommand{"json",
                           {FileWord, {"[OUT]", "the file to write, in the place of standard output"}},

@@ -152,6 +152,9 @@ std::optional<Edid> BuildWhole(const Node& node, Building& building) {
         building.Fail("the whole", "an object is needed");
         return std::nullopt;
     }
+    // From EDID 1.4 on, a screen whose size isn't given has none.
+    if (node.Find("horizontalSize") == nullptr && node.Find("verticalSize") == nullptr)
+        properties.screenFieldsPresent = EdidScreenFieldsPresentEnum::None;
     BuildItem(node, ItemRef(&properties, Detail::ItemTypeOf<EdidProperties>), "", building, OwnNames());
     fields.properties = properties;
     if (const Node* established = node.Find("established")) BuildEstablished(*established, fields, building);

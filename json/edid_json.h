@@ -16,4 +16,7 @@ std::optional<Bytes> BuildEdid(const Node& node, Building& building);
 // A detailed timing by the calculator: "mode", sizes and rate give way to the fields that follow from them.
 Node ExpandTiming(const Node& node, const ItemRef& item, const std::string& path, Building& building);
 
+// What "mode" can be: the texts of the timing box.
+std::vector<std::string> GetTimingModes();
+
 }  // namespace VNT::Json

@@ -92,6 +92,9 @@ private:
         constexpr int most = 65535;
         const Node* node = Find(name);
         if (node == nullptr) return;
+        // Where one may be undefined, it is so from the start.
+        const bool isCount = value.Form() == NumberForm::Count && value.Get() != Undefined;
+        if (node->Is(Node::Kind::Null) && isCount) return Fail(name, "a number is needed");
         const bool isSmall =
             !node->Is(Node::Kind::Number) || (node->Number() >= Decimal() && node->Number() <= Decimal(most));
         if (isSmall) {

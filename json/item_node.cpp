@@ -43,6 +43,8 @@ Node NodeOfNumber(const NumberRef& value, NumberNames names) {
 
 class Collector : public FieldSink {
 public:
+    explicit Collector(bool takesParts) : takesParts_(takesParts) {}
+
     void Kept(const char* name, const BitPlace&, const NumberRef& value) override {
         const bool isPlain =
             value.Form() == NumberForm::Count || (value.Form() == NumberForm::Flags && value.Flags().empty());
@@ -57,9 +59,9 @@ public:
     void Data(const char* name, int, Bytes& value, const TLimitPair<CountLimits>&) override { AddBytes(name, value); }
     void Rest(const char* name, Bytes& value, const TLimitPair<CountLimits>&) override { AddBytes(name, value); }
     void Rest(const char* name, String& value, const TLimitPair<CountLimits>&) override { AddText(name, value); }
-    void Part(const char* name, int, const PartRef& part, bool, bool) override { Add(name, NodeOfPart(part), false); }
-    void List(const char* name, const PartRef& list, bool, bool) override { Add(name, NodeOfPart(list), false); }
-    void Optional(const char* name, const PartRef& item, bool, bool) override { Add(name, NodeOfPart(item), false); }
+    void Part(const char* name, int, const PartRef& part, bool, bool) override { AddPart(name, part); }
+    void List(const char* name, const PartRef& list, bool, bool) override { AddPart(name, list); }
+    void Optional(const char* name, const PartRef& item, bool, bool) override { AddPart(name, item); }
     void Value(const char* name, const NumberRef& value, NumberNames names, bool, bool) override {
         Add(name, NodeOfNumber(value, names), true);
     }
@@ -70,6 +72,9 @@ public:
 
 private:
     void Add(const char* name, Node node, bool mayGo) { fields.push_back({name, std::move(node), mayGo}); }
+    void AddPart(const char* name, const PartRef& part) {
+        if (takesParts_) Add(name, NodeOfPart(part), false);
+    }
     void AddText(const char* name, const String& value) { Add(name, Node::Of(value.ToUtf8()), false); }
     void AddBytes(const char* name, const Bytes& value) { Add(name, Node::Of(HexText(value).ToUtf8()), true); }
     // One number is right, and what is built from the other fields has it.
@@ -78,10 +83,12 @@ private:
         const auto* range = std::get_if<ValueLimits>(&proper);
         return range != nullptr && range->min == range->max;
     }
+
+    bool takesParts_;
 };
 
-std::vector<Field> Collect(const ItemRef& item) {
-    Collector collector;
+std::vector<Field> Collect(const ItemRef& item, bool takesParts = true) {
+    Collector collector(takesParts);
     item.Tell(collector);
     return std::move(collector.fields);
 }
@@ -135,8 +142,14 @@ Node NodeOfItem(const ItemRef& item) {
         if (!field.mayGo) least.Set(field.name, field.node);
     }
     bool isMade = false;
-    const ItemRef alike = MakeAlike(item, least, isMade);
-    const std::vector<Field> given = isMade ? Collect(alike) : std::vector<Field>();
+    ItemRef alike = MakeAlike(item, least, isMade);
+    // Where the least is no item at all, what any new one has is left out.
+    if (!isMade) {
+        alike = item.MakeNew();
+        if (item.HasKinds()) alike.MakeKind(item.GetKind());
+    }
+    // Parts stand in the object anyway.
+    const std::vector<Field> given = Collect(alike, false);
     const auto isGiven = [&given](const Field& field) {
         return std::any_of(given.begin(), given.end(),
                            [&field](const Field& g) { return g.name == field.name && g.node == field.node; });

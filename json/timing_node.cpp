@@ -20,15 +20,13 @@ Given ReadGiven(const Node& node, const std::string& path, Building& building) {
         given.isWhole = false;
     };
     const Node& mode = *node.Find("mode");
-    std::vector<std::string> texts;
     bool isFound = false;
     for (const auto& row : DetailedResolutionTimingEnum::Texts) {
-        texts.emplace_back(row.text);
         if (!mode.Is(Node::Kind::Text) || mode.Text() != row.text) continue;
         given.fields.timing = row.value;
         isFound = true;
     }
-    if (!isFound) fail("mode", PrintShort(mode) + " is no mode" + SayNearest(mode.Text(), texts));
+    if (!isFound) fail("mode", PrintShort(mode) + " is no mode" + SayNearest(mode.Text(), GetTimingModes()));
     const auto number = [&](const char* name, auto put) {
         const Node* value = node.Find(name);
         constexpr int most = 65536;
@@ -66,6 +64,12 @@ bool CountsKilohertz(const ItemRef& item) {
 }
 
 }  // namespace
+
+std::vector<std::string> GetTimingModes() {
+    std::vector<std::string> modes;
+    for (const auto& row : DetailedResolutionTimingEnum::Texts) modes.emplace_back(row.text);
+    return modes;
+}
 
 Node ExpandTiming(const Node& node, const ItemRef& item, const std::string& path, Building& building) {
     const Given given = ReadGiven(node, path, building);

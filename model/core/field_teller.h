@@ -104,7 +104,7 @@ void TellItem(void* item, FieldSink& sink) {
     X& told = *static_cast<X*>(item);
     if constexpr (requires { told.TellFields(0, sink); }) {
         told.TellFields(MostBytesOf<X>(), sink);
-    } else if constexpr (requires { typename X::FieldsType; }) {
+    } else if constexpr (requires(LayoutChecker & io) { X::Map(io, told); }) {
         TLayout<X>::Tell(told, MostBytesOf<X>(), sink);
     }
 }

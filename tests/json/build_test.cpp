@@ -39,6 +39,23 @@ TEST(JsonBuild, AVendorAndAModeAreAWholeEdid) {
 
 TEST(JsonBuild, AnEmptyObjectIsANewEdid) { EXPECT_TRUE(Built("{}").IsValid()); }
 
+TEST(JsonBuild, AScreenWithoutASizeIsTakenByEachVersion) {
+    EXPECT_TRUE(Built(R"({"revision": 3})").IsValid());
+    EXPECT_TRUE(Built(R"({"revision": 4})").IsValid());
+    EXPECT_EQ(Built(R"({"revision": 4, "horizontalSize": 60, "verticalSize": 34})").properties.verticalSize, 34);
+}
+
+TEST(JsonBuild, ColorsAreFields) {
+    EXPECT_EQ(Built(R"({"colors": {"redX": 700}})").properties.colors.raw[EdidColorCoordinates::RedX], 700);
+    EXPECT_EQ(ErrorOf(R"({"colors": {"redX": 1024}})"), "colors.redX: can be 0 to 1023");
+}
+
+TEST(JsonBuild, ASizeIsANumber) {
+    const char* text =
+        R"({"extensionBlocks": [{"type": "CTA-861", "dataBlocks": [{"type": "Microsoft", "Size": null}]}]})";
+    EXPECT_EQ(ErrorOf(text), "extensionBlocks[0].dataBlocks[0].Size: a number is needed");
+}
+
 TEST(JsonBuild, AnUnknownNameIsToldWithTheNearest) {
     EXPECT_EQ(ErrorOf(R"({"vendorID": "ABC"})"), "vendorID: no such field here; the nearest is \"vendorId\"");
     EXPECT_EQ(ErrorOf(R"({"descriptors": [{"type": "Nam"}]})"),

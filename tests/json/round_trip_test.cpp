@@ -1,43 +1,28 @@
 #include "json/edid_json.h"
-#include "tests/support/edids.h"
+#include "tests/json/some_edids.h"
 #include "tests/support/items.h"
 
 namespace VNT::Testing {
 namespace {
 
-// The bytes of what the JSON of some bytes says, read back from its text.
-Bytes ThroughText(const Bytes& bytes) {
-    const auto node = Json::NodeOfEdid(bytes);
-    if (!node) return {};
-    std::string problem;
-    const auto parsed = Json::Parse(Json::Print(*node), problem);
-    EXPECT_EQ(problem, "");
-    if (!parsed) return {};
-    EXPECT_EQ(*parsed, *node);
-    Json::Building building;
-    const auto built = Json::BuildEdid(*parsed, building);
-    EXPECT_EQ(building.error, "");
-    return built.value_or(Bytes());
-}
-
 class JsonOfEachSet : public testing::TestWithParam<std::string> {};
 
+// The bytes come back from the text, and two rounds say the same.
 TEST_P(JsonOfEachSet, GivesBackTheBytes) {
-    for (const NamedEdid& edid : EdidsOf(GetParam(), VANTELLE_SOURCE_DIR)) {
-        if (!Json::NodeOfEdid(edid.bytes)) continue;
-        EXPECT_EQ(ThroughText(edid.bytes), edid.bytes) << edid.name;
-    }
-}
-
-// Two rounds say the same.
-TEST_P(JsonOfEachSet, SaysTheSameAgain) {
-    for (const NamedEdid& edid : EdidsOf(GetParam(), VANTELLE_SOURCE_DIR)) {
-        const auto once = Json::NodeOfEdid(edid.bytes);
-        if (!once) continue;
+    constexpr std::size_t first = 5;  // others than those that the schema is tried on
+    for (const NamedEdid& edid : SomeEdidsOf(GetParam(), first)) {
+        SCOPED_TRACE(edid.name);
+        const auto node = Json::NodeOfEdid(edid.bytes);
+        if (!node) continue;
+        std::string problem;
+        const auto parsed = Json::Parse(Json::Print(*node), problem);
+        ASSERT_TRUE(parsed) << problem;
+        EXPECT_EQ(*parsed, *node);
         Json::Building building;
-        const auto built = Json::BuildEdid(*once, building);
-        ASSERT_TRUE(built) << edid.name << ": " << building.error;
-        EXPECT_EQ(Json::NodeOfEdid(*built), once) << edid.name;
+        const auto built = Json::BuildEdid(*parsed, building);
+        ASSERT_TRUE(built) << building.error;
+        EXPECT_EQ(*built, edid.bytes);
+        EXPECT_EQ(Json::NodeOfEdid(*built), node);
     }
 }
 

@@ -26,10 +26,11 @@ const std::vector<Room>& Rooms() {
         {"model/displayid/", {"model/core/", "model/timing/", "model/cta/"}},
         {"model/", {"model/"}},
         {"json/", {"model/"}},
+        {"picture/", {"model/", "json/"}},
         {"store/", {"model/"}},
         {"ui/", {}},
         {"editor/", {"model/", "store/", "ui/"}},
-        {"cli/", {"model/", "json/", "store/"}},
+        {"cli/", {"model/", "json/", "picture/", "store/"}},
         {"app/", {"model/", "store/", "ui/", "editor/"}},
         {"samples/drivers/", {"store/"}},  // stand-ins speak what the store's doors to drivers speak
         {"samples/", {}},                  // bytes by hand, so that no fault of the model hides in them
