@@ -19,6 +19,18 @@ Bytes SampleOf(std::size_t index, int blocks) {
     return bytes;
 }
 
+// What a reader costs grows with the blocks and no faster.
+void ReadBlocks(benchmark::State& state) {
+    const Bytes bytes = SampleOf(2, static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        Edid edid;
+        benchmark::DoNotOptimize(edid.Read(bytes));
+    }
+    state.counters["per block"] = benchmark::Counter(static_cast<double>(state.range(0) * state.iterations()),
+                                                     benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+}
+BENCHMARK(ReadBlocks)->RangeMultiplier(4)->Range(2, 256);
+
 void ReadWrite(benchmark::State& state) {
     const Bytes bytes = SampleOf(2, static_cast<int>(state.range(0)));
     Bytes written(bytes.Size(), 0);

@@ -7,11 +7,7 @@
 #include "cli/field_faults.h"
 #include "cli/outline.h"
 #include "cli/words.h"
-#include "model/displayid/detailed_resolutions.h"
-#include "model/edid/cta_extension_block.h"
-#include "model/edid/displayid_extension_block.h"
 #include "model/edid/file_formats.h"
-#include "model/edid/vtb_extension_block.h"
 
 namespace VNT::Cli {
 
@@ -41,11 +37,6 @@ void CheckRoundTrip(const Edid& edid, const Bytes& bytes, int blocks, std::vecto
     }
 }
 
-void Add(const std::string& path, const std::vector<std::string>& faults, std::vector<std::string>& reasons) {
-    if (faults.empty()) reasons.push_back(path + " out of limits");
-    for (const std::string& fault : faults) reasons.push_back(path + "/" + fault);
-}
-
 // The bytes that an item of the family may take.
 template <class Item>
 constexpr int RoomOf() {
@@ -56,58 +47,21 @@ constexpr int RoomOf() {
     }
 }
 
-// The items of an item's own lists, as far as it shows them without their class.
-void CheckParts(const std::string& path, const std::vector<ItemPart>& parts, std::vector<std::string>& reasons) {
-    for (const ItemPart& part : parts) {
-        const std::string at = path + "/" + part.list + "/" + std::to_string(part.index);
-        if (!part.isValid) reasons.push_back(at + " out of limits");
-        CheckParts(at, part.parts, reasons);
-    }
-}
-
 template <class Item>
 void CheckItem(const std::string& path, const Item& item, std::vector<std::string>& reasons) {
-    if (item.IsValid()) return;
     std::vector<std::string> faults;
     if constexpr (requires(Item copy, FaultSink sink) { copy.TellFields(RoomOf<Item>(), sink); }) {
         faults = FieldFaultsOf(item, RoomOf<Item>());
-    } else if constexpr (requires { item.GetStatus(); }) {
+    } else {
         faults = FieldFaults({item, RoomOf<Item>()});
     }
-    Add(path, faults, reasons);
+    if (faults.empty() && !item.IsValid()) reasons.push_back(path + " out of limits");
+    for (const std::string& fault : faults) reasons.push_back(path + "/" + fault);
 }
 
 template <class List>
 void CheckList(const std::string& path, const List& list, std::vector<std::string>& reasons) {
-    for (int i = 0; i < list.GetCount(); ++i) {
-        const std::string at = path + "/" + std::to_string(i);
-        CheckItem(at, list.At(i), reasons);
-        if constexpr (requires { list.At(i).GetParts(); }) CheckParts(at, list.At(i).GetParts(), reasons);
-    }
-}
-
-void CheckLists(const std::string& path, const EdidCtaExtensionBlock& block, std::vector<std::string>& reasons) {
-    CheckList(path + "/dataBlocks", block.dataBlocks, reasons);
-    CheckList(path + "/descriptors", block.descriptors, reasons);
-}
-void CheckLists(const std::string& path, const EdidVtbExtensionBlock& block, std::vector<std::string>& reasons) {
-    CheckList(path + "/detailed", block.detailed, reasons);
-    CheckList(path + "/cvtResolutions", block.cvtResolutions, reasons);
-    CheckList(path + "/standardResolutions", block.standardResolutions, reasons);
-}
-void CheckLists(const std::string& path, const EdidDisplayIdSectionExtensionBlock& block,
-                std::vector<std::string>& reasons) {
-    CheckList(path + "/dataBlocks", block.section.dataBlocks, reasons);
-}
-
-template <class... X>
-bool CheckListsOfAny(const std::string& path, const EdidExtensionBlock& held, std::vector<std::string>& reasons) {
-    const auto check = [&]<class Block>(Block block) {
-        if (!block.Assign(held)) return false;
-        CheckLists(path, block, reasons);
-        return true;
-    };
-    return (check(X()) || ...);
+    for (int i = 0; i < list.GetCount(); ++i) CheckItem(path + "/" + std::to_string(i), list.At(i), reasons);
 }
 
 // Bytes of a kind that is known, which its class could not have written back.
@@ -124,11 +78,9 @@ void CheckExtensions(const EdidExtensionBlockList& blocks, std::vector<std::stri
         const std::string path = "extensions/" + std::to_string(i);
         if (IsRefused(block)) {
             reasons.push_back(path + " out of limits");
-            continue;
+        } else {
+            CheckItem(path, block, reasons);
         }
-        CheckItem(path, block, reasons);
-        CheckListsOfAny<EdidCtaExtensionBlock, EdidVtbExtensionBlock, EdidDisplayIdSectionExtensionBlock>(path, block,
-                                                                                                          reasons);
     }
 }
 
@@ -141,8 +93,7 @@ std::vector<std::string> CheckEdid(const ImportedFile& file) {
     CheckChecksums(file.bytes, blocks, reasons);
     for (std::string& text : LossTexts(file)) reasons.push_back(std::move(text));
     CheckRoundTrip(edid, file.bytes, blocks, reasons);
-    const EdidProperties properties(edid.properties);
-    if (!properties.IsValid()) Add("properties", FieldFaults({properties, EdidProperties::FrameSize}), reasons);
+    CheckItem("properties", EdidProperties(edid.properties), reasons);
     CheckList("descriptors", edid.descriptors, reasons);
     CheckList("standard", edid.standardResolutions, reasons);
     CheckExtensions(edid.extensionBlocks, reasons);

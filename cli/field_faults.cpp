@@ -56,10 +56,22 @@ std::string BytesText(const CountLimits& limits) {
     return limits.min > limits.max ? "zeros" : RangeText(limits) + (limits.max == 1 ? " byte" : " bytes");
 }
 
+std::string BeginningOf(const Bytes& value) {
+    constexpr int shown = 8;
+    if (value.IsEmpty()) return "empty";
+    return HexText(value.Slice(0, shown)).ToUtf8() + (value.Size() > shown ? " ..." : "");
+}
+
+std::string Quoted(const String& value) { return '"' + OneLine(value) + '"'; }
+
 }  // namespace
 
 void FaultSink::Refuse(const char* name, const std::string& value, const std::string& expected) {
     faults.push_back(std::string(name) + " is " + value + ", " + expected + " expected");
+}
+
+void FaultSink::RefuseByRule(const char* name, const std::string& value) {
+    faults.push_back(std::string(name) + " is " + value + ", out of limits");
 }
 
 void FaultSink::RefuseIf(bool refused, const char* name) {
@@ -79,17 +91,45 @@ void FaultSink::Data(const char* name, int, Bytes& value, const TLimitPair<Count
 }
 void FaultSink::Rest(const char* name, Bytes& value, const TLimitPair<CountLimits>& limits) {
     if (limits.proper.Contains(value.Size())) return;
-    const std::string found = HexText(value.Slice(0, 8)).ToUtf8() + (value.Size() > 8 ? " ..." : "");
-    Refuse(name, value.IsEmpty() ? "empty" : found, BytesText(limits.proper));
+    Refuse(name, BeginningOf(value), BytesText(limits.proper));
 }
 void FaultSink::Rest(const char* name, String& value, const TLimitPair<CountLimits>& limits) {
     if (limits.proper.Contains(value.Length()) && AreBytes(value)) return;
-    Refuse(name, '"' + OneLine(value) + '"', RangeText(limits.proper) + " characters");
+    Refuse(name, Quoted(value), RangeText(limits.proper) + " characters");
 }
-void FaultSink::Part(const char* name, int, const PartRef&, bool proper, bool) { RefuseIf(!proper, name); }
-void FaultSink::List(const char* name, const PartRef&, bool proper, bool) { RefuseIf(!proper, name); }
-void FaultSink::Optional(const char* name, const PartRef&, bool proper, bool) { RefuseIf(!proper, name); }
+void FaultSink::Part(const char* name, int, const PartRef& part, bool proper, bool all) {
+    if (part.IsList()) return List(name, part, proper, all);
+    const std::size_t before = faults.size();
+    AddFaultsOf(part.Item(), std::string(name) + "/");
+    RefuseIf(!proper && faults.size() == before, name);
+}
+void FaultSink::List(const char* name, const PartRef& list, bool proper, bool) {
+    RefuseIf(!proper, name);
+    for (int i = 0; i < list.GetCount(); ++i)
+        AddFaultsOf(list.At(i), std::string(name) + "/" + std::to_string(i) + "/");
+}
+// Its fields count as those of the item that has it.
+void FaultSink::Optional(const char* name, const PartRef& item, bool proper, bool) {
+    const std::size_t before = faults.size();
+    AddFaultsOf(item.Item(), "");
+    RefuseIf(!proper && faults.size() == before, name);
+}
 void FaultSink::Check(const char* name, bool proper, bool) { RefuseIf(!proper, name); }
+void FaultSink::Value(const char* name, const NumberRef& value, NumberNames, bool proper, bool) {
+    if (!proper) RefuseByRule(name, ValueText(value));
+}
+void FaultSink::Value(const char* name, String& value, bool proper, bool) {
+    if (!proper) RefuseByRule(name, Quoted(value));
+}
+void FaultSink::Value(const char* name, Bytes& value, bool proper, bool) {
+    if (!proper) RefuseByRule(name, BeginningOf(value));
+}
+
+void FaultSink::AddFaultsOf(const ItemRef& item, const std::string& path) {
+    FaultSink sink;
+    item.Tell(sink);
+    for (const std::string& fault : sink.faults) faults.push_back(path + fault);
+}
 
 std::vector<std::string> FieldFaults(const FieldSource& item) {
     FaultSink sink;

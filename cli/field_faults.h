@@ -7,7 +7,9 @@
 
 namespace VNT::Cli {
 
-// What an item's own limits refuse: "NAME is VALUE, RANGE expected", a text for each such field.
+// What the limits of an item, and of the items that it holds, refuse: "NAME is VALUE, RANGE expected", or "out of
+// limits" where that hangs on a rule; a text for each such field. Of an item in a list the name is a path:
+// "LIST/2/NAME".
 std::vector<std::string> FieldFaults(const FieldSource& item);
 
 // Gathers the texts.
@@ -22,12 +24,17 @@ public:
     void List(const char* name, const PartRef& list, bool proper, bool all) override;
     void Optional(const char* name, const PartRef& item, bool proper, bool all) override;
     void Check(const char* name, bool proper, bool all) override;
+    void Value(const char* name, const NumberRef& value, NumberNames names, bool proper, bool all) override;
+    void Value(const char* name, String& value, bool proper, bool all) override;
+    void Value(const char* name, Bytes& value, bool proper, bool all) override;
 
     std::vector<std::string> faults;
 
 private:
     void Refuse(const char* name, const std::string& value, const std::string& expected);
+    void RefuseByRule(const char* name, const std::string& value);
     void RefuseIf(bool refused, const char* name);
+    void AddFaultsOf(const ItemRef& item, const std::string& path);
 };
 
 // The same of the item in a holder, which tells its fields itself.

@@ -61,6 +61,8 @@ public:
     // Every field lies in what a sound EDID holds / in what the bytes can carry. False on an empty holder.
     virtual bool IsValid() const = 0;
     virtual bool IsValidAll() const = 0;
+    // The same of an item that is as its bytes gave it: one that takes any bytes needs no test then.
+    virtual bool IsValidAllAsRead() const { return IsValidAll(); }
     // The items of its own lists, list after list.
     virtual std::vector<ItemPart> GetParts() const { return {}; }
     // Tells the fields to a sink, which may change them (field_sink.h), as they are in `available` bytes. Nothing of an
@@ -190,6 +192,7 @@ public:
 
     bool IsValid() const override { return this->item_ != nullptr && this->item_->IsValid(); }
     bool IsValidAll() const override { return this->item_ != nullptr && this->item_->IsValidAll(); }
+    bool IsValidAllAsRead() const override { return this->item_ != nullptr && this->item_->IsValidAllAsRead(); }
 };
 
 // The holder of a family whose items have a size of their own.

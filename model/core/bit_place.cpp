@@ -4,18 +4,9 @@
 
 namespace VNT {
 
-std::int64_t BitPlace::Most() const { return (std::int64_t{1} << std::clamp(bits_, 0, 32)) - 1; }
-
-std::uint32_t BitPlace::Read(ByteRange& range, BitOrder order) const {
-    if (pieces_.begin() == pieces_.end()) return order == BitOrder::Lsb ? range.ReadLsb(bits_) : range.ReadMsb(bits_);
-    std::uint32_t raw = 0;
-    int done = 0;
-    for (const BitPiece& piece : pieces_) {
-        range.position = std::min(piece.byte * 8 + piece.bit, range.BitSize());
-        raw |= range.ReadLsb(piece.count) << done;
-        done += piece.count;
-    }
-    return raw;
+std::uint32_t BitPlace::ReadPieceBits(ByteRange range, const BitPiece& piece) {
+    range.position = std::min(piece.byte * 8 + piece.bit, range.BitSize());
+    return range.ReadLsb(piece.count);
 }
 
 void BitPlace::Write(ByteRange& range, BitOrder order, std::uint32_t raw) const {

@@ -6,8 +6,6 @@ namespace VNT {
 
 namespace {
 
-int Clamp(int count, int most) { return std::max(0, std::min(count, most)); }
-
 // The next piece of a transfer: the bits of one byte that the cursor can cover at once.
 struct Piece {
     int bit;    // first bit in the byte, in the direction of the transfer
@@ -35,7 +33,7 @@ std::uint32_t ByteRange::ReadLsbAtEdge(int count) {
     return result;
 }
 
-std::uint32_t ByteRange::ReadMsb(int count) {
+std::uint32_t ByteRange::ReadMsbAtEdge(int count) {
     const int asked = Clamp(count, 32);
     const int wanted = Clamp(asked, RemainingBits());
     std::uint32_t result = 0;
@@ -75,44 +73,14 @@ void ByteRange::WriteMsb(int count, std::uint32_t value) {
     }
 }
 
-void ByteRange::Skip(int bits) { position += Clamp(bits, RemainingBits()); }
-
-void ByteRange::SkipBytes(int count) { position = (BytePosition() + Clamp(count, RemainingBytes())) * 8; }
-
-ByteRange ByteRange::Take(int count) {
-    const ByteRange taken = Peek(count);
-    SkipBytes(taken.size);
-    return taken;
-}
-
 ByteRange ByteRange::TakeUntil(std::uint8_t byte) {
     const ByteRange rest = Peek(RemainingBytes());
     return Take(static_cast<int>(std::find(rest.data, rest.data + rest.size, byte) - rest.data));
 }
 
-ByteRange ByteRange::Peek(int count) const { return {data + BytePosition(), Clamp(count, RemainingBytes())}; }
-
 void ByteRange::Fill(std::uint8_t byte) const { std::fill(data, data + size, byte); }
 
 void ByteRange::CopyFrom(ByteRange from) const { std::copy_n(from.data, std::min(size, from.size), data); }
-
-bool ByteRange::Limit(int count) {
-    if (count > size) return false;
-    size = std::max(0, count);
-    position = std::min(position, BitSize());
-    return true;
-}
-
-void ByteRange::Drop(int count) {
-    const int dropped = Clamp(count, size);
-    data += dropped;
-    size -= dropped;
-    position = std::max(0, position - dropped * 8);
-}
-
-bool ByteRange::IsAll(std::uint8_t byte) const {
-    return std::all_of(data, data + size, [byte](std::uint8_t b) { return b == byte; });
-}
 
 Bytes::Bytes(std::initializer_list<int> bytes) {
     bytes_.reserve(bytes.size());
@@ -142,6 +110,8 @@ Bytes::~Bytes() = default;
 void Bytes::Resize(int count, std::uint8_t fill) {
     bytes_.resize(static_cast<std::size_t>(count < 0 ? 0 : count), fill);
 }
+
+void Bytes::Assign(ByteRange range) { bytes_.assign(range.data, range.data + range.size); }
 
 void Bytes::Append(ByteRange range) { bytes_.insert(bytes_.end(), range.data, range.data + range.size); }
 

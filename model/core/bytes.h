@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
@@ -39,29 +40,62 @@ public:
         position = end;
         return static_cast<std::uint32_t>(bits & ((std::uint64_t{1} << count) - 1));
     }
-    std::uint32_t ReadMsb(int count);
+    std::uint32_t ReadMsb(int count) {
+        const int end = position + count;
+        if (count <= 0 || count > 32 || end > BitSize()) return ReadMsbAtEdge(count);
+        const int last = (end - 1) / 8;
+        std::uint64_t bits = 0;
+        for (int at = position / 8; at <= last; ++at) bits = bits << 8 | data[at];
+        bits >>= (last + 1) * 8 - end;
+        position = end;
+        return static_cast<std::uint32_t>(bits & ((std::uint64_t{1} << count) - 1));
+    }
     // The exact inverses; no bit but the `count` concerned changes.
     void WriteLsb(int count, std::uint32_t value);
     void WriteMsb(int count, std::uint32_t value);
 
-    void Skip(int bits);
-    void SkipBytes(int count);  // to the next whole byte, then `count` bytes on
+    void Skip(int bits) { position += Clamp(bits, RemainingBits()); }
+    // To the next whole byte, then `count` bytes on.
+    void SkipBytes(int count) { position = (BytePosition() + Clamp(count, RemainingBytes())) * 8; }
 
     // A range of its own, with the cursor at 0, of the next bytes (fewer if fewer remain); this cursor moves behind
     // them.
-    ByteRange Take(int count);
+    ByteRange Take(int count) {
+        const ByteRange taken = Peek(count);
+        SkipBytes(taken.size);
+        return taken;
+    }
     ByteRange TakeRest() { return Take(RemainingBytes()); }
     ByteRange TakeUntil(std::uint8_t byte);  // up to, not including, the first `byte`
-    ByteRange Peek(int count) const;         // as Take, the cursor stays
-    void Fill(std::uint8_t byte) const;      // every byte of the range, whatever the cursor
-    void CopyFrom(ByteRange from) const;     // as many bytes as both have, whatever the cursors
-    bool Limit(int count);                   // false, and no change, if `count` exceeds the size
-    void Drop(int count);                    // moves the start `count` bytes on
-    bool IsAll(std::uint8_t byte) const;     // every byte of the range equals `byte`
+    // As Take, the cursor stays.
+    ByteRange Peek(int count) const { return {data + BytePosition(), Clamp(count, RemainingBytes())}; }
+    void Fill(std::uint8_t byte) const;   // every byte of the range, whatever the cursor
+    void CopyFrom(ByteRange from) const;  // as many bytes as both have, whatever the cursors
+    // False, and no change, if `count` exceeds the size.
+    bool Limit(int count) {
+        if (count > size) return false;
+        size = std::max(0, count);
+        position = std::min(position, BitSize());
+        return true;
+    }
+    // Moves the start `count` bytes on.
+    void Drop(int count) {
+        const int dropped = Clamp(count, size);
+        data += dropped;
+        size -= dropped;
+        position = std::max(0, position - dropped * 8);
+    }
+    bool IsAll(std::uint8_t byte) const {  // every byte of the range equals `byte`
+        return std::all_of(data, data + size, [byte](std::uint8_t b) { return b == byte; });
+    }
+    bool Equals(ByteRange other) const { return std::equal(data, data + size, other.data, other.data + other.size); }
     std::uint8_t ByteAt(int offset) const { return offset >= 0 && offset < size ? data[offset] : 0; }
 
 private:
-    std::uint32_t ReadLsbAtEdge(int count);  // of any count, also where fewer bits are left
+    // Of any count, also where fewer bits are left.
+    std::uint32_t ReadLsbAtEdge(int count);
+    std::uint32_t ReadMsbAtEdge(int count);
+    static int Clamp(int count, int most) { return std::max(0, std::min(count, most)); }
 };
 
 // Owned bytes. What copies and destroys them is compiled once: every record of fields holds some.
@@ -85,6 +119,7 @@ public:
     std::uint8_t At(int index) const { return bytes_[static_cast<std::size_t>(index)]; }
     Bytes Slice(int offset, int length) const;  // both clamped to what is there
     void Append(ByteRange range);
+    void Assign(ByteRange range);  // as `= Bytes(range)`, in the memory that there is already
 
     // The length left once trailing bytes equal to `byte` are removed.
     int LastIndexNot(std::uint8_t byte) const;

@@ -46,8 +46,8 @@ constexpr char32_t Table[256] = {
 }  // namespace
 
 String TextFromCodePage437(ByteRange bytes) {
-    std::u32string text;
-    for (int i = 0; i < bytes.Size(); ++i) text.push_back(Table[bytes.ByteAt(i)]);
+    std::u32string text(static_cast<std::size_t>(bytes.Size()), 0);
+    for (int i = 0; i < bytes.Size(); ++i) text[static_cast<std::size_t>(i)] = Table[bytes.ByteAt(i)];
     return String(std::move(text));
 }
 

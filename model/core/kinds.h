@@ -120,15 +120,20 @@ template <class Other, class AnyX>
 std::unique_ptr<AnyX> ReadSizedKind(std::span<const TKind<AnyX>> kinds, ByteRange range) {
     const auto peek = AnyX::Peek(range);
     if (peek.type == AnyX::NoType) return nullptr;
-    for (const int type : {peek.type, peek.plainType}) {
+    const auto read = [kinds, range](int type) -> std::unique_ptr<AnyX> {
         for (const TKind<AnyX>& kind : kinds) {
             if (kind.type != type || !kind.isRead) continue;
             std::unique_ptr<AnyX> item = kind.make();
             if (item->Read(range) && item->IsValidAll()) return item;
         }
+        return nullptr;
+    };
+    if (auto item = read(peek.type)) return item;
+    if (peek.plainType != peek.type) {
+        if (auto item = read(peek.plainType)) return item;
     }
     auto other = std::make_unique<Other>();
-    if (!other->Read(range)) return nullptr;
+    if (!other->Read(range) || !other->IsValidAll()) return nullptr;
     return other;
 }
 

@@ -11,7 +11,9 @@
 //     template <class IO> static void Map(IO& io, auto& item);
 //
 // a run of lines like `io.Number("gamma", 8, item.gamma, coding, limits)`, in the order of the bytes. A field that does
-// not exist for the item's other fields is simply not visited. layout_visitors.h has the four that are compiled for
+// not exist for the item's other fields is simply not visited. Limits that cost something to compute go through
+// `io.Tested([&] { return limits; })`: a visitor that tests nothing takes them as they are without a value.
+// layout_visitors.h has the four that are compiled for
 // each class: one reads, one writes, one checks, one tells the fields to a sink (field_sink.h), which may be anything.
 
 namespace VNT {
@@ -27,10 +29,11 @@ struct TLayout {
 };
 
 // The limits of padding: `length` bytes, and all of them 0 where it is sound.
-inline TLimitPair<CountLimits> Zeros(const Bytes& padding, int length) {
+template <class IO>
+TLimitPair<CountLimits> Zeros(IO& io, const Bytes& padding, int length) {
     const CountLimits exactly{length, length};
     constexpr CountLimits nothing{1, 0};
-    return {padding.IsAll(0) ? exactly : nothing, exactly};
+    return {io.Tested([&] { return padding.IsAll(0); }) ? exactly : nothing, exactly};
 }
 
 template <class X>

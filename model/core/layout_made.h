@@ -62,7 +62,9 @@ void TFramedItem<X, AnyX, TypeEnum, value, Fields, AllFields>::SetFields(const F
 template <class X, class AnyX, class TypeEnum, TypeEnum value, class Fields, class AllFields>
 bool TFramedItem<X, AnyX, TypeEnum, value, Fields, AllFields>::Read(ByteRange range) {
     if (!X::Accepts(AnyX::PeekType(range)) || !range.Limit(AnyX::FrameSize)) return false;
-    static_cast<AllFields&>(*this) = AllFields();
+    // From one that is kept: what the defaults allocate needn't be allocated again.
+    static const AllFields defaults;
+    static_cast<AllFields&>(*this) = defaults;
     TLayout<X>::Read(Self(), range);
     Self().NormalizeRead();
     return true;
@@ -117,7 +119,8 @@ template <class X, class AnyX, class TypeEnum, TypeEnum value, class Fields>
 bool TSizedItem<X, AnyX, TypeEnum, value, Fields>::Read(ByteRange range) {
     const SizedPeek peek = AnyX::Peek(range);
     if (!X::Accepts(peek) || !range.Limit(peek.size)) return false;
-    static_cast<Fields&>(*this) = Fields();
+    static const Fields defaults;
+    static_cast<Fields&>(*this) = defaults;
     this->Size = peek.size;
     TLayout<X>::Read(Self(), range);
     PresentLength = Self().GetPresentLength();

@@ -101,8 +101,9 @@ struct EnumLimits {
 // What a sound EDID holds, and what the bytes can carry.
 template <class L>
 struct TLimitPair {
-    L proper;
-    L all;
+    L proper{};
+    L all{};
+    constexpr TLimitPair() = default;
     constexpr TLimitPair(const L& both) : proper(both), all(both) {}
     constexpr TLimitPair(const L& sound, const L& carried) : proper(sound), all(carried) {}
 };

@@ -71,6 +71,17 @@ public:
     bool operator==(const TList& other) const { return items_ == other.items_; }
 
 protected:
+    // An item that is as its bytes gave it.
+    bool AddRead(Item&& item) {
+        bool isCarried = true;
+        if constexpr (requires { item.IsValidAllAsRead(); }) {
+            isCarried = item.IsValidAllAsRead();
+        } else {
+            isCarried = item.IsValidAll();
+        }
+        if (isCarried) items_.push_back(std::move(item));
+        return isCarried;
+    }
     bool Has(int index) const { return index >= 0 && index < GetCount(); }
     // The item to be changed in place; whoever does so keeps it IsValidAll.
     Item& Slot(int index) { return items_[static_cast<std::size_t>(index)]; }
@@ -86,10 +97,11 @@ public:
     // Reads slot after slot until one doesn't read; what cannot be written back is dropped. Always true.
     bool Read(ByteRange range) {
         this->Clear();
+        this->items_.reserve(static_cast<std::size_t>(range.Size() / slotBytes));
         for (; range.Size() >= slotBytes; range.Drop(slotBytes)) {
             Item item;
             if (!item.Read(range)) break;
-            this->Add(std::move(item));
+            this->AddRead(std::move(item));
         }
         return true;
     }

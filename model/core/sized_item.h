@@ -138,14 +138,16 @@ private:
 // A list of holders of such a family; its size is the sum of theirs.
 template <class Item>
 class TSizedList : public TList<Item> {
+    static constexpr std::size_t UsualCount = 8;
+
 public:
     // Reads item after item until one doesn't read. Always true.
     bool Read(ByteRange range) {
         this->Clear();
+        if (range.Size() > 0) this->items_.reserve(UsualCount);
         for (Item item; item.Read(range); item = Item()) {
-            const int size = item.GetSize();
-            this->Add(std::move(item));
-            range.Drop(size);
+            range.Drop(item.GetSize());
+            this->items_.push_back(std::move(item));  // ReadSizedKind gives none that couldn't be written
         }
         return true;
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
 
 namespace VNT {
 
@@ -9,6 +10,9 @@ namespace {
 
 constexpr int Passes = 10;
 constexpr int MostReplacements = 1000;  // a line of text takes some tens
+// What a detailed timing takes.
+constexpr std::size_t UsualRows = 48;
+constexpr std::size_t UsualLength = 64;
 
 // Stands for the brace of a key that is plain text, until the engine is done. It is no code point.
 constexpr char32_t HeldBrace = 0x110000;
@@ -42,6 +46,57 @@ bool IsPunctuation(char32_t c) {
            (c >= 0x2010 && c <= 0x2027) || (c >= 0x2030 && c <= 0x205E);
 }
 
+struct DigitForm {
+    int radix = 10;
+    int width = 0;
+    bool uppercase = false;
+};
+
+void AppendDigits(std::u32string& out, std::uint64_t rest, const DigitForm& form) {
+    const char32_t firstLetter = form.uppercase ? U'A' : U'a';
+    const auto base = static_cast<std::uint64_t>(form.radix);
+    const std::size_t start = out.size();
+    do {
+        const auto digit = static_cast<char32_t>(rest % base);
+        out.push_back(digit < 10 ? U'0' + digit : firstLetter + (digit - 10));
+        rest /= base;
+    } while (rest != 0);
+    while (static_cast<int>(out.size() - start) < form.width) out.push_back(U'0');
+    std::reverse(out.begin() + static_cast<std::ptrdiff_t>(start), out.end());
+}
+
+void AppendNumber(std::u32string& out, std::int64_t value, const DigitForm& form) {
+    if (value == Undefined) return;
+    if (value < 0) out.push_back(U'-');
+    AppendDigits(out, value < 0 ? 0 - static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value), form);
+}
+
+void AppendDecimal(std::u32string& out, Decimal value, const DecimalFormat& format) {
+    if (value.IsUndefined()) return;
+    const std::size_t start = out.size();
+    const std::int64_t count = value.Millionths();
+    const std::uint64_t magnitude =
+        count < 0 ? 0 - static_cast<std::uint64_t>(count) : static_cast<std::uint64_t>(count);
+    constexpr auto scale = static_cast<std::uint64_t>(Decimal::Scale);
+    if (count < 0) out.push_back(U'-');
+    AppendDigits(out, magnitude / scale, {});
+    if (format.decimals > 0) {
+        out.push_back(U'.');
+        const std::size_t point = out.size();
+        AppendDigits(out, magnitude % scale, {10, 6, false});
+        out.resize(point + static_cast<std::size_t>(format.decimals), U'0');
+    }
+    const auto most = static_cast<std::size_t>(std::max(0, format.maxLength));
+    if (out.size() - start > most) {
+        out.resize(start + most);
+        if (most > 0 && out.back() == U'.') out.pop_back();
+    }
+    if (format.trimZeros && out.find(U'.', start) != std::u32string::npos) {
+        while (out.back() == U'0') out.pop_back();
+        if (out.back() == U'.') out.pop_back();
+    }
+}
+
 // A text read from the left; past its end every character is 0.
 class Scanner {
 public:
@@ -60,40 +115,140 @@ private:
 
 }  // namespace
 
-TextTable::TextTable() = default;
+TextTable::TextTable() { rows_.reserve(UsualRows); }
 TextTable::TextTable(const TextTable& other) = default;
 TextTable& TextTable::operator=(const TextTable& other) = default;
 TextTable::~TextTable() = default;
 
-std::size_t TextTable::PlaceOf(std::u32string_view key) const {
-    const auto at =
-        std::lower_bound(rows_.begin(), rows_.end(), key, [](const auto& row, auto k) { return row.first < k; });
-    return static_cast<std::size_t>(at - rows_.begin());
+void TextTable::Add(const TextKey& key, Form form, std::u32string_view view, std::int64_t number,
+                    const DecimalFormat& format) {
+    Row& row = rows_.emplace_back();
+    row.key = key.text;
+    row.mark = key.mark;
+    row.form = form;
+    row.view = view;
+    row.number = number;
+    row.format = format;
+    isPlain_ = isPlain_ && key.isPlain;
 }
 
-void TextTable::Set(std::u32string_view key, String value) {
-    if (Find(key) != nullptr) {
-        rows_[PlaceOf(key)].second = std::move(value);
-    } else {
-        rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(PlaceOf(key)), {key, std::move(value)});
+void TextTable::Set(const TextKey& key, std::u32string_view text) { Add(key, Form::View, text, 0, {}); }
+
+void TextTable::Set(const TextKey& key, String value) {
+    Add(key, Form::Owned, {}, static_cast<std::int64_t>(owned_.size()), {});
+    owned_.push_back(std::move(value));
+}
+
+void TextTable::Set(const TextKey& key, std::int64_t number) { Add(key, Form::Number, {}, number, {}); }
+
+void TextTable::Set(const TextKey& key, Decimal number, const DecimalFormat& format) {
+    Add(key, Form::Decimal, {}, number.Millionths(), format);
+}
+
+const TextTable::Row* TextTable::Find(const TextKey& key) const {
+    const auto found = std::find_if(rows_.rbegin(), rows_.rend(),
+                                    [&key](const Row& row) { return row.mark == key.mark && row.key == key.text; });
+    return found != rows_.rend() ? &*found : nullptr;
+}
+
+void TextTable::Append(std::u32string& out, const Row& row) const {
+    switch (row.form) {
+        case Form::View:
+            out += row.view;
+            break;
+        case Form::Owned:
+            out += owned_[static_cast<std::size_t>(row.number)].View();
+            break;
+        case Form::Number:
+            AppendNumber(out, row.number, {});
+            break;
+        case Form::Decimal:
+            AppendDecimal(out, Decimal::FromMillionths(row.number), row.format);
+            break;
     }
 }
 
-void TextTable::Set(std::u32string_view key, std::int64_t number) { Set(key, NumberText(number, 10, 0, false)); }
-
-const String* TextTable::Find(std::u32string_view key) const {
-    const std::size_t place = PlaceOf(key);
-    return place < rows_.size() && rows_[place].first == key ? &rows_[place].second : nullptr;
+std::vector<std::pair<std::u32string_view, String>> TextTable::Rows() const {
+    std::map<std::u32string_view, String> sorted;
+    for (const Row& row : rows_) {
+        std::u32string text;
+        Append(text, row);
+        sorted[row.key] = String(std::move(text));
+    }
+    return {sorted.begin(), sorted.end()};
 }
 
-String Replace(std::u32string_view source, const TextTable& table) {
-    const std::size_t mostLength = std::max(source.size(), static_cast<std::size_t>(MaxTextLength));
+// What `Replace` gives, in one run over the source, where keys and braces of texts are such that the order of replacing
+// makes no difference: nearly always.
+class TextExpansion {
+public:
+    TextExpansion(const TextTable& table, std::u32string& out) : table_(table), out_(out) {}
+    // False, with `out` half done, if it is not so.
+    bool Run(std::u32string_view source) {
+        room_ = MostLength(source);
+        return table_.isPlain_ && Expand(source, 0);
+    }
+    static std::size_t MostLength(std::u32string_view source) {
+        return std::max(source.size(), static_cast<std::size_t>(MaxTextLength));
+    }
+
+private:
+    bool Expand(std::u32string_view text, int depth) {
+        // What was cut on the way can only be told by going it.
+        if (depth >= Passes || text.size() > room_) return false;
+        room_ -= text.size();
+        std::size_t at = 0;
+        while (at < text.size()) {
+            const std::size_t start = at;
+            while (at < text.size() && !IsBrace(text[at])) ++at;
+            out_ += text.substr(start, at - start);
+            if (at == text.size()) break;
+            if (text[at] != U'{') return false;
+            const std::size_t open = at;
+            std::uint32_t mark = TextKey::NextMark(0, text[at]);
+            for (++at; at < text.size() && !IsBrace(text[at]); ++at) mark = TextKey::NextMark(mark, text[at]);
+            if (at == text.size() || text[at] != U'}') return false;
+            mark = TextKey::NextMark(mark, text[at++]);
+            if (!Put(TextKey(text.substr(open, at - open), mark), depth)) return false;
+        }
+        return true;
+    }
+    static bool IsBrace(char32_t character) { return character == U'{' || character == U'}' || character == HeldBrace; }
+    bool Put(const TextKey& key, int depth) {
+        const TextTable::Row* row = table_.Find(key);
+        if (row == nullptr) {
+            out_ += key.text;
+            return true;
+        }
+        if (--replacementsLeft_ < 0) return false;
+        if (row->form == TextTable::Form::View) return Expand(row->view, depth + 1);
+        if (row->form == TextTable::Form::Owned)
+            return Expand(table_.owned_[static_cast<std::size_t>(row->number)], depth + 1);
+        const std::size_t before = out_.size();
+        table_.Append(out_, *row);
+        const std::size_t length = out_.size() - before;
+        if (length > room_) return false;
+        room_ -= length;
+        return true;
+    }
+
+    const TextTable& table_;
+    std::u32string& out_;
+    std::size_t room_ = 0;
+    int replacementsLeft_ = MostReplacements;
+};
+
+namespace {
+
+String ReplaceInPasses(std::u32string_view source, const TextTable& table) {
+    const auto rows = table.Rows();
+    const std::size_t mostLength = TextExpansion::MostLength(source);
     int replacementsLeft = MostReplacements;
     std::u32string text(source);
     bool changed = true;
     for (int pass = 0; pass < Passes && changed; ++pass) {
         changed = false;
-        for (const auto& [key, plainValue] : table.Rows()) {
+        for (const auto& [key, plainValue] : rows) {
             std::size_t at = text.find(key);
             if (at == std::u32string::npos) continue;
             const std::u32string value = HoldOwnKey(plainValue.View(), key);
@@ -107,6 +262,15 @@ String Replace(std::u32string_view source, const TextTable& table) {
     }
     std::replace(text.begin(), text.end(), HeldBrace, U'{');
     return String(std::move(text));
+}
+
+}  // namespace
+
+String Replace(std::u32string_view source, const TextTable& table) {
+    std::u32string text;
+    text.reserve(UsualLength);
+    if (TextExpansion(table, text).Run(source)) return String(std::move(text));
+    return ReplaceInPasses(source, table);
 }
 
 String FormatText(const TextFormat& format, bool hasContent, TextTable& table) {
@@ -150,43 +314,14 @@ String GetSizeText(int size, int maxSize, std::u32string_view caption, const Siz
 }
 
 String NumberText(std::int64_t value, int radix, int width, bool uppercase) {
-    if (value == Undefined) return {};
-    const char32_t firstLetter = uppercase ? U'A' : U'a';
-    const auto base = static_cast<std::uint64_t>(std::clamp(radix, 2, 36));
-    std::u32string digits;
-    std::uint64_t rest = value < 0 ? 0 - static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
-    do {
-        const auto digit = static_cast<char32_t>(rest % base);
-        digits.push_back(digit < 10 ? U'0' + digit : firstLetter + (digit - 10));
-        rest /= base;
-    } while (rest != 0);
-    while (static_cast<int>(digits.size()) < width) digits.push_back(U'0');
-    if (value < 0) digits.push_back(U'-');
-    std::reverse(digits.begin(), digits.end());
-    return String(std::move(digits));
+    std::u32string text;
+    AppendNumber(text, value, {std::clamp(radix, 2, 36), width, uppercase});
+    return String(std::move(text));
 }
 
 String DecimalToText(Decimal value, const DecimalFormat& format) {
-    if (value.IsUndefined()) return {};
-    const std::int64_t count = value.Millionths();
-    const std::uint64_t magnitude =
-        count < 0 ? 0 - static_cast<std::uint64_t>(count) : static_cast<std::uint64_t>(count);
-    const auto scale = static_cast<std::uint64_t>(Decimal::Scale);
-    std::u32string text(count < 0 ? U"-" : U"");
-    text += NumberText(static_cast<std::int64_t>(magnitude / scale), 10, 0, false).View();
-    if (format.decimals > 0) {
-        std::u32string digits(NumberText(static_cast<std::int64_t>(magnitude % scale), 10, 6, false).View());
-        digits.resize(static_cast<std::size_t>(format.decimals), U'0');
-        text += U'.' + digits;
-    }
-    if (static_cast<int>(text.size()) > format.maxLength) {
-        text.resize(static_cast<std::size_t>(std::max(0, format.maxLength)));
-        if (!text.empty() && text.back() == U'.') text.pop_back();
-    }
-    if (format.trimZeros && text.find(U'.') != std::u32string::npos) {
-        while (text.back() == U'0') text.pop_back();
-        if (text.back() == U'.') text.pop_back();
-    }
+    std::u32string text;
+    AppendDecimal(text, value, format);
     return String(std::move(text));
 }
 
@@ -239,7 +374,7 @@ String HexText(ByteRange range, const HexFormat& format) {
             }
         }
         text += format.prefix;
-        text += NumberText(range.ByteAt(i), 16, 2, format.uppercase).View();
+        AppendDigits(text, range.ByteAt(i), {16, 2, format.uppercase});
         text += format.suffix;
         ++onLine;
     }

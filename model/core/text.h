@@ -14,22 +14,81 @@ namespace VNT {
 
 // Templates with placeholders in braces, filled from a table. No text is put together by hand anywhere else.
 
-// An ordered map from placeholder, braces included ("{type}"), to its text; sorted by code point.
+// Text of a Decimal: digits below `decimals` are dropped, at most `maxLength` characters are kept (a "." that then
+// stands last goes), and with `trimZeros` zeros behind the point go. Undefined gives the empty text.
+struct DecimalFormat {
+    int decimals = 0;
+    int maxLength = 21;
+    bool trimZeros = false;
+};
+
+// A placeholder, braces included ("{type}"), as a table looks it up. What there is to find out about a literal is found
+// out when it is compiled.
+class TextKey {
+public:
+    template <std::size_t n>
+    consteval TextKey(const char32_t (&literal)[n]) : TextKey(std::u32string_view(literal, n - 1), Unknown()) {}
+    TextKey(std::u32string_view key) : TextKey(key, Unknown()) {}
+
+    // One that is known to be plain, whose mark has been made on the way.
+    TextKey(std::u32string_view key, std::uint32_t made) : text(key), mark(made), isPlain(true) {}
+
+    static constexpr std::uint32_t NextMark(std::uint32_t mark, char32_t character) { return mark * 31 + character; }
+
+    std::u32string_view text;
+    std::uint32_t mark;  // differs for most keys
+    bool isPlain;        // a pair of braces with none between them
+
+private:
+    struct Unknown {};
+    constexpr TextKey(std::u32string_view key, Unknown) : text(key), mark(MarkOf(key)), isPlain(IsPlain(key)) {}
+    static constexpr std::uint32_t MarkOf(std::u32string_view key) {
+        std::uint32_t mark = 0;
+        for (const char32_t character : key) mark = NextMark(mark, character);
+        return mark;
+    }
+    static constexpr bool IsPlain(std::u32string_view key) {
+        return key.size() > 1 && key[0] == U'{' && key.back() == U'}' && key.find_first_of(U"{}", 1) == key.size() - 1;
+    }
+};
+
+// A map from placeholder to text, number or decimal. Most of what an item tells is asked for by no template, so that a
+// number becomes text only where one does.
 class TextTable {
 public:
     TextTable();
     TextTable(const TextTable& other);
     TextTable& operator=(const TextTable& other);
     ~TextTable();
-    void Set(std::u32string_view key, String value);
-    void Set(std::u32string_view key, std::int64_t number);
-    // The text of `key`, or null.
-    const String* Find(std::u32string_view key) const;
-    const std::vector<std::pair<std::u32string_view, String>>& Rows() const { return rows_; }
+    // A literal, or a text that outlives the table.
+    void Set(const TextKey& key, std::u32string_view text);
+    void Set(const TextKey& key, const char32_t* text) { Set(key, std::u32string_view(text)); }
+    void Set(const TextKey& key, String value);
+    void Set(const TextKey& key, std::int64_t number);
+    void Set(const TextKey& key, Decimal number, const DecimalFormat& format);
+
+    // All of them, sorted by code point: the order in which `Replace` takes them.
+    std::vector<std::pair<std::u32string_view, String>> Rows() const;
 
 private:
-    std::size_t PlaceOf(std::u32string_view key) const;         // where its row stands or would stand
-    std::vector<std::pair<std::u32string_view, String>> rows_;  // keys are literals
+    friend class TextExpansion;
+    enum class Form { View, Owned, Number, Decimal };
+    struct Row {
+        std::u32string_view key;
+        std::uint32_t mark;
+        Form form;
+        std::u32string_view view;
+        std::int64_t number;  // or which of `owned_`
+        DecimalFormat format;
+    };
+
+    void Add(const TextKey& key, Form form, std::u32string_view view, std::int64_t number, const DecimalFormat& format);
+    const Row* Find(const TextKey& key) const;  // the last that was set
+    void Append(std::u32string& out, const Row& row) const;
+
+    std::vector<Row> rows_;
+    std::vector<String> owned_;
+    bool isPlain_ = true;  // all keys are
 };
 
 // At most ten passes over the keys in order, as long as a pass changes something; each key is replaced until it occurs
@@ -100,13 +159,6 @@ String GetSizeText(int size, int maxSize, std::u32string_view caption, const Siz
 // number; Undefined gives the empty text.
 String NumberText(std::int64_t value, int radix, int width, bool uppercase);
 
-// Text of a Decimal: digits below `decimals` are dropped, at most `maxLength` characters are kept (a "." that then
-// stands last goes), and with `trimZeros` zeros behind the point go. Undefined gives the empty text.
-struct DecimalFormat {
-    int decimals = 0;
-    int maxLength = 21;
-    bool trimZeros = false;
-};
 String DecimalToText(Decimal value, const DecimalFormat& format);
 // The number with exactly `decimals` digits behind the point.
 String DecimalToText(Decimal value, int decimals);

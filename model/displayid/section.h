@@ -98,10 +98,11 @@ public:
         io.Kept("reserved", 4, item.reserved);
         io.Kept("extensionCount", 8, item.extensionCount);
         io.Area(item.size - FrameBytes, [&item](auto& payload) {
-            payload.List("dataBlocks", item.dataBlocks, TLimitPair(item.GetListLimits()));
-            const int behind = item.size - FrameBytes - item.dataBlocks.GetSize();
+            payload.List("dataBlocks", item.dataBlocks,
+                         TLimitPair(payload.Tested([&item] { return item.GetListLimits(); })));
+            const int behind = payload.Tested([&item] { return item.size - FrameBytes - item.dataBlocks.GetSize(); });
             payload.Rest("otherBytes", item.otherBytes, {CountLimits{0, 0}, CountLimits{0, std::max(0, behind)}});
-            payload.Rest("padding", item.padding, Zeros(item.padding, behind - item.otherBytes.Size()));
+            payload.Rest("padding", item.padding, Zeros(payload, item.padding, behind - item.otherBytes.Size()));
         });
         MapChecksum(io, item.checksum);
     }

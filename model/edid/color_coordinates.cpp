@@ -19,6 +19,11 @@ Decimal DecodeColorCoordinate(int raw) {
     return Decimal::FromMillionths(raw * Decimal::Scale / Steps);
 }
 
+EdidColorCoordinates::EdidColorCoordinates() {
+    static const EdidColorCoordinates normalized{EdidColorCoordinatesFields()};
+    *this = normalized;
+}
+
 bool EdidColorCoordinates::Read(ByteRange range) {
     if (!range.Limit(FrameSize)) return false;
     TLayout<EdidColorCoordinates>::Read(*this, range);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <utility>
 
 #include "model/core/layout.h"
 
@@ -27,7 +28,7 @@ class EdidColorCoordinates : public EdidColorCoordinatesFields {
 public:
     static constexpr int FrameSize = 10;
 
-    EdidColorCoordinates() { Normalize(); }
+    EdidColorCoordinates();
     explicit EdidColorCoordinates(const EdidColorCoordinatesFields& fields) : EdidColorCoordinatesFields(fields) {
         Normalize();
     }
@@ -46,11 +47,16 @@ public:
 
     template <class IO>
     static void Map(IO& io, auto& item) {
-        // Two bytes of the low bits, four coordinates each from the highest bits down, then a byte of high bits each.
-        for (int i = 0; i < CoordinateCount; ++i) {
-            const auto at = static_cast<std::size_t>(i);
-            io.Number(Names[i], BitPlace{{i / 4, 6 - i % 4 * 2, 2}, {2 + i, 0, 8}}, item.raw[at], Within(0, 1023));
-        }
+        MapCoordinates(io, item, std::make_integer_sequence<int, CoordinateCount>());
+    }
+
+private:
+    // Two bytes of the low bits, four coordinates each from the highest bits down, then a byte of high bits each.
+    template <class IO, int... i>
+    static void MapCoordinates(IO& io, auto& item, std::integer_sequence<int, i...>) {
+        (io.Number(Names[i], BitPlace{{i / 4, 6 - i % 4 * 2, 2}, {2 + i, 0, 8}}, item.raw[static_cast<std::size_t>(i)],
+                   Within(0, 1023)),
+         ...);
     }
 };
 

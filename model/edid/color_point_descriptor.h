@@ -63,15 +63,15 @@ public:
     template <class IO>
     static void Map(IO& io, auto& item) {
         MapDescriptorFrame(io, TypeValue, item);
-        MapPoint(io, 5, Names[0], item.points[0], 1);
-        MapPoint(io, 10, Names[1], item.points[1], 2);
+        MapPoint<5>(io, Names[0], item.points[0], 1);
+        MapPoint<10>(io, Names[1], item.points[1], 2);
         MapPadding(io, "padding", item.padding, EdidColorPointDescriptorAllFields().padding);
     }
 
 private:
     // Five bytes from `at` on; an empty point has zeros. Read, a raw gamma of 0 is 1.00 until the whole point is known.
-    template <class IO>
-    static void MapPoint(IO& io, int at, const PointNames& names, auto& point, int leastIndex) {
+    template <int at, class IO>
+    static void MapPoint(IO& io, const PointNames& names, auto& point, int leastIndex) {
         const TFew<int> blank = point.IsEmpty() ? TFew<int>{Undefined} : TFew<int>{};
         const TLimitPair<ValueLimits> rawLimits(ValueLimits{0, 1023, 0, 0, blank});
         io.Number(names.index, {{at, 0, 8}}, point.index,

@@ -52,6 +52,8 @@ public:
     EdidCtaExtensionBlock() = default;
     explicit EdidCtaExtensionBlock(const EdidCtaExtensionBlockFields& fields) { SetFields(fields); }
 
+    // What a list doesn't take is kept beside it, whatever the bytes are.
+    bool IsValidAllAsRead() const override { return true; }
     void Normalize();
     void FillTexts(TextTable& table) const;
     int GetOverrideCount() const override { return dataBlocks.GetOverrideCount(); }
@@ -71,21 +73,25 @@ public:
         io.Constant(8, EdidExtensionBlockTypeId::Cta);
         io.Number("version", 8, block.version, Within({1, 255}, {0, 255}));
         // What the offset has to be hangs on the lists: it is tested with them.
-        io.Derived("detailedOffset", 8, block.detailedOffset, block.GetOffsetLimits());
+        io.Derived("detailedOffset", 8, block.detailedOffset,
+                   TLimitPair(io.Tested([&block] { return block.GetOffsetLimits(); })));
         io.Number("nativeDetailedCount", 4, block.nativeDetailedCount, ZeroIsUndefined, WithinOrUndefined(1, 15));
         io.Kept("flags", 4, block.flags);
         io.Area(BodyBytes, [&block](auto& body) {
             const int area = std::clamp(block.detailedOffset - HeadBytes, 0, BodyBytes);
             body.Area(area, [&block](auto& dataBlocks) {
-                dataBlocks.List("dataBlocks", block.dataBlocks, TLimitPair(block.GetDataBlockLimits()));
-                const int room = BodyBytes - block.dataBlocks.GetSize() - block.descriptors.GetSize();
+                dataBlocks.List("dataBlocks", block.dataBlocks,
+                                TLimitPair(dataBlocks.Tested([&block] { return block.GetDataBlockLimits(); })));
+                const int room = dataBlocks.Tested([&block] { return BodyBytes - block.GetListsSize(); });
                 dataBlocks.Rest("dataBlockPadding", block.dataBlockPadding,
                                 {CountLimits{0, 0}, CountLimits{0, std::max(0, room)}});
             });
             if (block.detailedOffset >= HeadBytes)
-                body.List("descriptors", block.descriptors, TLimitPair(block.GetDescriptorLimits()));
-            const int behind = BodyBytes - block.GetAreaSize() - block.descriptors.GetSize();
-            body.Rest("tail", block.tail, Zeros(block.tail, behind));
+                body.List("descriptors", block.descriptors,
+                          TLimitPair(body.Tested([&block] { return block.GetDescriptorLimits(); })));
+            const int behind =
+                body.Tested([&block] { return BodyBytes - block.GetListsSize() - block.dataBlockPadding.Size(); });
+            body.Rest("tail", block.tail, Zeros(body, block.tail, behind));
         });
         MapChecksum(io, block.checksum);
     }
@@ -94,6 +100,7 @@ private:
     static constexpr int HeadBytes = 4;
     static constexpr int BodyBytes = 123;
 
+    int GetListsSize() const { return dataBlocks.GetSize() + descriptors.GetSize(); }
     int GetAreaSize() const { return dataBlocks.GetSize() + dataBlockPadding.Size(); }
 };
 

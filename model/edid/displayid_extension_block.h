@@ -31,6 +31,8 @@ public:
         SetFields(fields);
     }
 
+    // What a list doesn't take is kept beside it, whatever the bytes are.
+    bool IsValidAllAsRead() const override { return true; }
     void Normalize();
     void FillTexts(TextTable& table) const;
 

@@ -32,13 +32,14 @@ Edid::Edid(const EdidFields& fields) : EdidFields(fields) {
 }
 
 bool Edid::Read(ByteRange range) {
-    if (range.Size() < BlockSize || !(Bytes(range.Peek(Header.Size())) == Header)) return false;
     range.position = 0;
+    if (range.Size() < BlockSize || !range.Peek(Header.Size()).Equals(Header)) return false;
     range.SkipBytes(Header.Size());
-    EdidProperties readProperties;
+    static const EdidProperties newProperties;
+    EdidProperties readProperties = newProperties;
     readProperties.Read(range.Take(EdidProperties::FrameSize));
     properties = readProperties;
-    established.GetBytes() = Bytes(range.Take(EstablishedBytes));
+    established.GetBytes().Assign(range.Take(EstablishedBytes));
     standardResolutions.Read(range.Take(StandardBytes));
     descriptors.Read(range.Take(DescriptorBytes));
     descriptors.TrimTrailing(EdidEmptyDescriptor());

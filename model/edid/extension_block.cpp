@@ -25,7 +25,7 @@ void EdidExtensionBlockList::ReadMore(ByteRange range) {
     for (; range.Size() >= SlotBytes; range.Drop(SlotBytes)) {
         EdidExtensionBlock block;
         block.Read(range);
-        if (Add(std::move(block))) continue;
+        if (AddRead(std::move(block))) continue;
         // What its kind couldn't write back (a VTB-EXT block whose counts exceed it) is kept as bytes.
         EdidOtherExtensionBlock other;
         other.Read(range);

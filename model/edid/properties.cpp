@@ -36,8 +36,8 @@ void EdidProperties::Map(IO& io, auto& item) {
             5, [&] { return i < item.vendorId.Length() ? item.vendorId[i] - LetterBase : 0; },
             [&](auto raw) { item.SetVendorLetter(i, raw); });
     }
-    io.Value("vendorId", item.vendorId, AreLetters(item.vendorId, U'A', U'Z'),
-             AreLetters(item.vendorId, LetterBase, 95));
+    io.Value("vendorId", item.vendorId, io.Tested([&item] { return AreLetters(item.vendorId, U'A', U'Z'); }),
+             io.Tested([&item] { return AreLetters(item.vendorId, LetterBase, 95); }));
     io.Order(BitOrder::Lsb);
     io.Number("productId", 16, item.productId, Within(0, 65535));
     io.Number("serialNumber", 32, item.serialNumber, LongZeroIsUndefined,
@@ -96,7 +96,8 @@ void EdidProperties::Map(IO& io, auto& item) {
         io.Number("colorType", 2, item.colorType, OneOf<EdidColorTypeEnum>(4));
     }
     io.Kept("flags", 3, item.flags);
-    io.Part("colors", EdidColorCoordinates::FrameSize, item.colors, item.colors.IsValid(), item.colors.IsValidAll());
+    const auto colors = io.Tested([&item] { return ValidityOf(item.colors, EdidColorCoordinates::FrameSize); });
+    io.Part("colors", EdidColorCoordinates::FrameSize, item.colors, colors.proper, colors.all);
 }
 
 bool EdidProperties::Read(ByteRange range) {
@@ -168,7 +169,7 @@ TLimitPair<ValueLimits> EdidProperties::SizeLimits(int otherSize) const {
 }
 
 void EdidProperties::Normalize() {
-    const EdidPropertiesFields defaults;
+    static const EdidPropertiesFields defaults;
     const bool is14 = IsVersion14();
     if (!is14) modelYear = false;
     if (modelYear) week = Undefined;

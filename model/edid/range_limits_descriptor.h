@@ -54,8 +54,9 @@ public:
         io.Number("maxHRate", {{8, 0, 8}, {4, 3, 1}}, item.maxHRate, RateCoding(), from(item.minHRate));
         io.Number("maxPixelClock", {{9, 0, 8}}, item.maxPixelClock, ValueCoding{0, 10, {}},
                   Within({10, 2550, 10, 0, {}}, {0, 2550, 10, 0, {}}));
-        io.Part("timing", AnyEdidRangeLimitsTiming::FrameSize, item.timing, item.timing.IsValid(),
-                item.timing.IsValidAll());
+        io.Part("timing", AnyEdidRangeLimitsTiming::FrameSize, item.timing,
+                io.Tested([&item] { return item.timing.IsValid(); }),
+                io.Tested([&item] { return item.timing.IsValidAll(); }));
     }
 
 private:

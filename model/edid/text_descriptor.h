@@ -37,12 +37,15 @@ public:
         io.ThroughData(
             MaxLength, [&] { return item.GetPayload(); }, [&](auto payload) { item.SetPayload(payload); });
         const bool fits = item.text.Length() <= MaxLength;
-        io.Value("text", item.text,
-                 fits && !item.text.IsEmpty() && item.AllCharacters([](char32_t c) { return c >= 32 && c <= 126; }),
-                 fits && item.AllCharacters([](char32_t c) {
-                     const int byte = CodePage437Byte(c);
-                     return byte >= 0 && byte != LineFeed;
-                 }));
+        const bool isPlain = io.Tested([&] {
+            return fits && !item.text.IsEmpty() && item.AllCharacters([](char32_t c) { return c >= 32 && c <= 126; });
+        });
+        io.Value("text", item.text, isPlain, io.Tested([&] {
+            return fits && (isPlain || item.AllCharacters([](char32_t c) {
+                       const int byte = CodePage437Byte(c);
+                       return byte >= 0 && byte != LineFeed;
+                   }));
+        }));
         const bool isWhole = item.padding.Size() == item.GetPaddingLength();
         io.Value("padding", item.padding, isWhole && item.padding.IsAll(PaddingByte), isWhole);
     }
@@ -63,7 +66,7 @@ private:
     void SetPayload(ByteRange payload) {
         this->text = TextFromCodePage437(payload.TakeUntil(LineFeed));
         payload.SkipBytes(1);
-        this->padding = Bytes(payload.TakeRest());
+        this->padding.Assign(payload.TakeRest());
     }
 };
 

@@ -62,7 +62,7 @@ public:
                     block.cvtPadding);
             MapList(body, block, "standardResolutions", block.standardCount, block.standardResolutions,
                     "standardPadding", block.standardPadding);
-            body.Rest("tail", block.tail, Zeros(block.tail, block.GetTailSize()));
+            body.Rest("tail", block.tail, Zeros(body, block.tail, block.GetTailSize()));
         });
         MapChecksum(io, block.checksum);
     }

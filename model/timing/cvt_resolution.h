@@ -72,7 +72,7 @@ public:
         io.Kept("reserved2", {{2, 7, 1}}, item.reserved2);
         io.Check("width", ValueLimits{8, MaxWidth, 8, 0, blank}.Contains(item.width),
                  ValueLimits{0, MaxWidth, 8, 0, blank}.Contains(item.width));
-        io.Check("resolution", !item.IsNoResolution(), true);
+        io.Check("resolution", io.Tested([&item] { return !item.IsNoResolution(); }), true);
     }
 };
 

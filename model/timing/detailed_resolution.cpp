@@ -25,9 +25,8 @@ DetailedResolutionFields& SharedNoTiming() {
 
 void FillTimingTexts(TextTable& table, const DetailedResolutionFields& fields,
                      const DetailedResolutionTextFormat& format) {
-    const String vrate = DecimalToText(fields.actualvrate, format.refreshRateNumber);
     FillResolutionTexts(table, fields.hactive, fields.vactive, fields.interlaced, format);
-    FillRefreshRateTexts(table, vrate, format);
+    FillRefreshRateTexts(table, fields.actualvrate, format.refreshRateNumber, format);
     FillAspectRatioTexts(table, {}, format);
     table.Set(U"{description}", format.description);
     table.Set(U"{modeline}", format.modeline);
@@ -54,9 +53,9 @@ void FillTimingTexts(TextTable& table, const DetailedResolutionFields& fields,
     table.Set(U"{hpolarity}", fields.hpolarity ? format.positive : format.negative);
     table.Set(U"{vpolarity}", fields.vpolarity ? format.positive : format.negative);
     table.Set(U"{scantext}", fields.interlaced ? format.interlacedScan : format.progressiveScan);
-    table.Set(U"{vrate}", vrate);
-    table.Set(U"{hrate}", DecimalToText(fields.actualhrate, format.scanRateNumber));
-    table.Set(U"{pixelclock}", DecimalToText(fields.actualpixelclock, format.pixelClockNumber));
+    table.Set(U"{vrate}", fields.actualvrate, format.refreshRateNumber);
+    table.Set(U"{hrate}", fields.actualhrate, format.scanRateNumber);
+    table.Set(U"{pixelclock}", fields.actualpixelclock, format.pixelClockNumber);
 }
 
 int DetailedResolution::GetType() const { return item_ != nullptr ? item_->GetType() : NoType; }

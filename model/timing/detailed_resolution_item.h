@@ -66,7 +66,8 @@ protected:
     template <class IO>
     static void MapBeyondBytes(IO& io, const Fields& fields, const DetailedResolutionLimits& proper,
                                const DetailedResolutionLimits& all) {
-        for (const FieldStatus& s : StatusBeyondBytes(fields, proper, all)) io.Check(s.name, s.proper, s.all);
+        const auto statuses = io.Tested([&] { return StatusBeyondBytes(fields, proper, all); });
+        for (const FieldStatus& s : statuses) io.Check(s.name, s.proper, s.all);
     }
 };
 

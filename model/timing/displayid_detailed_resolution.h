@@ -86,7 +86,7 @@ public:
     static void Map(IO& io, auto& item) {
         constexpr ValueCoding lessOne{1, 1, {}};
         const DecimalCoding clocks{Decimal(1, clockDecimals), Decimal(1, clockDecimals), {}};
-        const DetailedResolutionLimits limits = item.GetLimits();
+        const DetailedResolutionLimits limits = io.Tested([&item] { return item.GetLimits(); });
         const TimingAxisLimits &h = limits.horizontal, &v = limits.vertical;
         io.Number("pixelclock", 24, item.actualpixelclock, clocks, TLimitPair(limits.pixelclock));
         io.Number(

@@ -32,6 +32,8 @@ public:
     // The type of the bytes: None below 18 bytes, DetailedResolution if the first two bytes aren't both zero, else the
     // tag.
     static int PeekType(ByteRange range);
+    // Any 18 bytes are a descriptor, whose fields are as wide as their bits.
+    bool IsValidAllAsRead() const override { return true; }
 };
 
 }  // namespace VNT

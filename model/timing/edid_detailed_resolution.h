@@ -96,8 +96,8 @@ public:
 
     template <class IO>
     static void Map(IO& io, auto& item) {
-        const DetailedResolutionLimits sound = item.GetLimits();
-        const DetailedResolutionLimits carried = item.GetAllLimits();
+        const DetailedResolutionLimits sound = io.Tested([&item] { return item.GetLimits(); });
+        const DetailedResolutionLimits carried = io.Tested([&item] { return item.GetAllLimits(); });
         const TimingAxisLimits &h = sound.horizontal, &hAll = carried.horizontal;
         const TimingAxisLimits &v = sound.vertical, &vAll = carried.vertical;
         io.Kept("interlaced", {{17, 7, 1}}, item.interlaced);
@@ -117,8 +117,10 @@ public:
         io.Number("vsync", {{10, 0, 4}, {11, 0, 2}}, item.vsync, lines, TLimitPair(v.sync, vAll.sync));
         io.Number("imageWidth", {{12, 0, 8}, {14, 4, 4}}, item.imageWidth, ZeroIsUndefined, ImageLimits);
         io.Number("imageHeight", {{13, 0, 8}, {14, 0, 4}}, item.imageHeight, ZeroIsUndefined, ImageLimits);
-        io.Number("hborder", {{15, 0, 8}}, item.hborder, BorderLimits(item.hactive, h.active, 1));
-        io.Number("vborder", {{16, 0, 8}}, item.vborder, lines, BorderLimits(item.vactive, v.active, grain));
+        io.Number("hborder", {{15, 0, 8}}, item.hborder,
+                  io.Tested([&] { return BorderLimits(item.hactive, h.active, 1); }));
+        io.Number("vborder", {{16, 0, 8}}, item.vborder, lines,
+                  io.Tested([&] { return BorderLimits(item.vactive, v.active, grain); }));
         io.Number("stereo", {{17, 0, 1}, {17, 5, 2}}, item.stereo,
                   OneOf<EdidDetailedResolutionStereoEnum>(EdidDetailedResolutionStereoEnum::Count));
         io.Number("syncType", {{17, 3, 2}}, item.syncType,

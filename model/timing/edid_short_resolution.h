@@ -94,6 +94,7 @@ public:
     }
     bool IsValid() const override { return ValidityOf(Self(), FrameSize).proper; }
     bool IsValidAll() const override { return ValidityOf(Self(), FrameSize).all; }
+    static constexpr bool IsValidAllAsRead() { return true; }  // any bytes are one
     ItemStatus GetStatus() const { return StatusOf(Self(), FrameSize); }
     std::vector<FieldLimits> GetFieldLimits() const { return LimitsOf(Self(), FrameSize); }
     bool EqualFields(const X& other) const {

@@ -5,8 +5,8 @@ namespace VNT {
 void FillResolutionTexts(TextTable& table, int width, int height, bool interlaced, const ResolutionTextFormat& format) {
     table.Set(U"{width}", width);
     table.Set(U"{height}", height);
-    table.Set(U"{p}", interlaced ? String() : String(format.progressiveMark));
-    table.Set(U"{i}", interlaced ? String(format.interlacedMark) : String());
+    table.Set(U"{p}", interlaced ? std::u32string_view() : format.progressiveMark);
+    table.Set(U"{i}", interlaced ? format.interlacedMark : std::u32string_view());
     table.Set(U"{resolutiontext}", format.resolution);
 }
 
@@ -18,6 +18,12 @@ void FillAspectRatioTexts(TextTable& table, const String& ratio, const Resolutio
 void FillRefreshRateTexts(TextTable& table, const String& rate, const ResolutionTextFormat& format) {
     table.Set(U"{refreshrate}", rate);
     table.Set(U"{refreshratetext}", rate.IsEmpty() ? format.noRefreshRate : format.refreshRate);
+}
+
+void FillRefreshRateTexts(TextTable& table, Decimal rate, const DecimalFormat& number,
+                          const ResolutionTextFormat& format) {
+    table.Set(U"{refreshrate}", rate, number);
+    table.Set(U"{refreshratetext}", rate.IsUndefined() ? format.noRefreshRate : format.refreshRate);
 }
 
 void FillResolutionCount(TextTable& table, int count) {

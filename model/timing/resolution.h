@@ -62,6 +62,8 @@ void FillResolutionTexts(TextTable& table, int width, int height, bool interlace
 void FillAspectRatioTexts(TextTable& table, const String& ratio, const ResolutionTextFormat& format);
 // {refreshrate}, {refreshratetext}; an empty `rate` shows none.
 void FillRefreshRateTexts(TextTable& table, const String& rate, const ResolutionTextFormat& format);
+void FillRefreshRateTexts(TextTable& table, Decimal rate, const DecimalFormat& number,
+                          const ResolutionTextFormat& format);
 
 // The text of what holds a list of resolutions and says how many.
 constexpr TextFormat ResolutionCountFormat(std::u32string_view type) {

@@ -55,8 +55,8 @@ public:
                   TLimitPair(ValueLimits{60, 123, 0, 0, blank}));
         io.Number("aspectRatio", 2, item.aspectRatio,
                   OneOf<EdidStandardResolutionAspectRatioEnum>(EdidStandardResolutionAspectRatioEnum::Count));
-        io.Check("height", item.HasProperHeight(), true);
-        io.Check("resolution", !item.IsNoResolution(), true);
+        io.Check("height", io.Tested([&item] { return item.HasProperHeight(); }), true);
+        io.Check("resolution", io.Tested([&item] { return !item.IsNoResolution(); }), true);
     }
 
 private:

@@ -151,8 +151,8 @@ TEST_F(Commands, CheckNamesWhatIsWrongInOrder) {
         liar.out.substr(liar.out.find('\n') + 1),
         "problem " + Sample(5) +
             ": checksum of block 0 is 4A, should be 5A; checksum of block 1 is 2F, should be 2E; 256 bytes behind the "
-            "last block; properties/vendorId out of limits; descriptors/2/text out of limits; extensions/0 out of "
-            "limits\n");
+            "last block; properties/vendorId is \"@B_\", out of limits; descriptors/2/text is \"LIAR\u263A\", out of "
+            "limits; extensions/0 out of limits\n");
     const Outcome missing = Call({"check", Path("none"), Sample(0)});
     EXPECT_EQ(missing.status, Refused);
     EXPECT_EQ(missing.out, "unreadable " + Path("none") + ": no such file\nok " + Sample(0) + "\n");

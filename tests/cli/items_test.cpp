@@ -146,17 +146,44 @@ TEST(CheckItems, NamesExactlyTheItemsThatAreOutOfLimits) {
     Samples::Block name = Samples::Text(0xFC, "NAME");
     name[17] = 0;
     EXPECT_EQ(Check(BaseBlock({Cvt, name, Empty, StandardList}, {0xD1, 0xC0, 0, 0})),
-              (std::vector<std::string>{
-                  "descriptors/1/padding out of limits", "descriptors/3/resolutions/1 out of limits",
-                  "standard/1/width is 248, 256 to 2288 in steps of 8 expected", "standard/1/height out of limits"}));
+              (std::vector<std::string>{"descriptors/1/padding is 20 20 20 20 20 20 20 00, out of limits",
+                                        "descriptors/3/resolutions/1/resolution out of limits",
+                                        "standard/1/width is 248, 256 to 2288 in steps of 8 expected",
+                                        "standard/1/height out of limits"}));
     EXPECT_EQ(Check(BaseBlock({Established3, Cvt, WhitePoint}, {0xD1, 0xC0})), std::vector<std::string>{});
 }
 
 TEST(CheckItems, NamesAHolderBeforeItsItems) {
     Samples::Block list = CvtList;
     list[5] = 0;
-    EXPECT_EQ(Check(BaseBlock({list})), (std::vector<std::string>{"descriptors/0/version is 0, 1 to 255 expected",
-                                                                  "descriptors/0/resolutions/1 out of limits"}));
+    EXPECT_EQ(Check(BaseBlock({list})),
+              (std::vector<std::string>{"descriptors/0/version is 0, 1 to 255 expected",
+                                        "descriptors/0/resolutions/1/height is 4, 6 to 8192 in steps of 2 expected",
+                                        "descriptors/0/resolutions/1/width out of limits"}));
+}
+
+TEST(CheckItems, NamesTheFieldOfAPart) {
+    Samples::Block limits = Cvt;
+    limits[17] = 0;
+    EXPECT_EQ(Check(BaseBlock({limits})),
+              std::vector<std::string>{"descriptors/0/timing/preferredRefreshRate is 0, 1 to 255 expected"});
+}
+
+TEST(CheckItems, NamesTheValueThatARuleRefuses) {
+    Samples::Base base{.vendor = "QOR"};
+    base.week = 60;
+    base.slots = {Samples::Text(0xFC, "\x01")};
+    EXPECT_EQ(Check(Bytes(Samples::BaseBlock(base))),
+              (std::vector<std::string>{"properties/week is 60, out of limits",
+                                        "descriptors/0/text is \"\u263A\", out of limits"}));
+}
+
+TEST(CheckItems, NamesTheFieldOfAnItemInTheListOfADataBlock) {
+    const auto cta = Samples::Cta(0, {Samples::DataBlock(1, {0x09, 0x80, 0x07})}, {});
+    Samples::Base base{.vendor = "QOR"};
+    base.extensions = 1;
+    EXPECT_EQ(Check(Bytes(Samples::operator+(Samples::BaseBlock(base), cta))),
+              std::vector<std::string>{"extensions/0/dataBlocks/0/Formats/0/SampleRates is 0, 1 to 127 expected"});
 }
 
 TEST(CheckItems, NamesTheFieldOfADataBlockWithItsValueAndRange) {

@@ -47,10 +47,24 @@ TEST(TextTable, IsSortedByCodePointWhateverTheOrderOfSetting) {
 
 TEST(TextTable, SettingAKeyAgainReplacesItsValue) {
     TextTable table = TableOf({{U"{a}", U"1"}, {U"{a}", U"2"}});
-    EXPECT_EQ(table.Rows().size(), 1u);
-    ASSERT_NE(table.Find(U"{a}"), nullptr);
-    EXPECT_EQ(*table.Find(U"{a}"), U"2");
-    EXPECT_EQ(table.Find(U"{A}"), nullptr);
+    ASSERT_EQ(table.Rows().size(), 1u);
+    EXPECT_EQ(table.Rows()[0].second, U"2");
+    EXPECT_EQ(Replace(U"{a}{A}", table), U"2{A}");
+}
+
+TEST(TextTable, HoldsTextsNumbersAndDecimals) {
+    TextTable table;
+    table.Set(U"{view}", U"a");
+    table.Set(U"{text}", String("b"));
+    table.Set(U"{number}", 12);
+    table.Set(U"{none}", Undefined);
+    table.Set(U"{decimal}", Decimal(59940, 3), DecimalFormat{2, 21, true});
+    table.Set(U"{number}", -3);
+    EXPECT_EQ(Replace(U"{view}{text} {number} {decimal}{none}", table), U"ab -3 59.94");
+    // An unpaired brace, and a key that a pair doesn't make, are looked for all over the text.
+    EXPECT_EQ(Replace(U"{view}{text} {number} {decimal}{none}}", table), U"ab -3 59.94}");
+    table.Set(U"{}{", U"x");
+    EXPECT_EQ(Replace(U"{view} {}{}{number}", table), U"a x}-3");
 }
 
 TEST(TextTable, NumbersAreDecimal) {

@@ -13,17 +13,19 @@ namespace {
 
 using namespace Testing;
 
-// The items that reasons are about. A field's name stands behind its item's path, which ends in a number where the item
-// is one of a list.
+// The items that reasons are about. A field's name, with that of the part that it is in, stands behind its item's path,
+// which ends in a number where the item is one of a list.
 std::set<std::string> NamedPaths(const Bytes& block) {
     std::set<std::string> paths;
     for (const std::string& reason : Cli::CheckEdid(ReadAs<Edid>(block), block)) {
         const bool isOfLimits = reason.ends_with(" expected") || reason.ends_with(" out of limits");
         if (!isOfLimits || reason.starts_with("extensions")) continue;
-        const std::string path = reason.substr(0, reason.find(' '));
-        const std::size_t last = path.rfind('/');
-        const bool isField = last != std::string::npos && path.find_first_not_of("0123456789", last + 1) != path.npos;
-        paths.insert(isField ? path.substr(0, last) : path);
+        std::string path = reason.substr(0, reason.find(' '));
+        for (std::size_t last = path.rfind('/'); last != path.npos; last = path.rfind('/')) {
+            if (path.find_first_not_of("0123456789", last + 1) == path.npos) break;
+            path.erase(last);
+        }
+        paths.insert(path);
     }
     return paths;
 }
