@@ -164,20 +164,15 @@ std::optional<Edid> BuildWhole(const Node& node, Building& building) {
         BuildPart(*list, RefOf(fields.descriptors), "descriptors", building);
     if (const Node* list = node.Find("extensionBlocks")) BuildBlocks(*list, fields.extensionBlocks, building);
     if (building.HasFailed()) return std::nullopt;
-    Edid edid(fields);
+    return Edid(fields);
+}
+
+// What stands beside the items.
+std::optional<Bytes> FinishEdid(const Node& node, Edid edid, Building& building) {
     ReadSmall(node, "extensionBlockCount", edid.extensionBlockCount, building);
     ReadSmall(node, "extensionOverrideCount", edid.extensionOverrideCount, building);
     ReadSmall(node, "checksum", edid.checksum, building);
-    if (building.HasFailed()) return std::nullopt;
-    return edid;
-}
-
-}  // namespace
-
-std::optional<Bytes> BuildEdid(const Node& node, Building& building) {
-    const std::optional<Edid> edid = BuildWhole(node, building);
-    if (!edid) return std::nullopt;
-    Bytes bytes = edid->GetBytes();
+    Bytes bytes = edid.GetBytes();
     if (bytes.IsEmpty()) building.Fail("the whole", "can't be written: too many items for the base block");
     int blocks = bytes.Size() / BlockSize;
     if (ReadSmall(node, "blocks", blocks, building)) bytes.Resize(std::max(0, blocks) * BlockSize);
@@ -188,6 +183,13 @@ std::optional<Bytes> BuildEdid(const Node& node, Building& building) {
     if (const Node* patches = node.Find("bytes")) Patch(*patches, bytes, building);
     if (building.HasFailed()) return std::nullopt;
     return bytes;
+}
+
+}  // namespace
+
+std::optional<Bytes> BuildEdid(const Node& node, Building& building) {
+    const std::optional<Edid> edid = BuildWhole(node, building);
+    return edid ? FinishEdid(node, *edid, building) : std::nullopt;
 }
 
 std::optional<Node> NodeOfEdid(const Bytes& bytes) {
@@ -215,7 +217,7 @@ std::optional<Node> NodeOfEdid(const Bytes& bytes) {
     if (built && whole != built->GetSize()) node.Set("blocks", Node::OfNumber(whole / BlockSize));
     if (whole < bytes.Size()) node.Set("behind", Node::Of(HexText(bytes.Slice(whole, bytes.Size() - whole)).ToUtf8()));
     Building second;
-    std::optional<Bytes> again = BuildEdid(node, second);
+    const std::optional<Bytes> again = built ? FinishEdid(node, *built, second) : std::nullopt;
     if (again && again->Size() == bytes.Size() && *again != bytes) node.Set("bytes", FindPatches(*again, bytes));
     if (again && again->Size() == bytes.Size()) return node;
     // No field can say it: the bytes themselves do, behind no block at all.

@@ -14,7 +14,7 @@ constexpr std::int64_t Hundredth = Decimal::Scale / 100;
 // Puts one number into one field, bytes and texts by their length.
 class Hand : public FieldSink {
 public:
-    Hand(const std::string& name, std::int64_t number) : name_(name), number_(number) {}
+    Hand(std::string_view name, std::int64_t number) : name_(name), number_(number) {}
 
     void Kept(const char* name, const BitPlace&, const NumberRef& value) override { Put(name, value); }
     void Number(const char* name, const BitPlace&, const NumberRef& value, const NumberLimits&) override {
@@ -33,7 +33,7 @@ private:
         if (name == name_) value = Bytes(static_cast<int>(number_), 0);
     }
 
-    const std::string& name_;
+    std::string_view name_;
     std::int64_t number_;
 };
 
@@ -59,7 +59,7 @@ bool IsUndefined(const NumberRef& value) {
 }
 
 struct Trial {
-    std::string name;
+    std::string_view name;
     std::int64_t number;
 };
 
@@ -117,8 +117,8 @@ public:
     };
 
     std::vector<Trial> trials;
-    std::vector<Ruled> ruled;          // whose limits are rules of their own
-    std::vector<std::string> applies;  // the names of the fields that there are
+    std::vector<Ruled> ruled;               // whose limits are rules of their own
+    std::vector<std::string_view> applies;  // the names of the fields that there are
 
 private:
     // Behind the one that stands before it now, so that the order is the layout's.
@@ -187,15 +187,17 @@ private:
     }
     // Which other fields there are hangs on kinds, versions, sizes and flags: on small numbers, single bits and ends.
     void TryNumbers(const char* name, const NumberRef& value, const NumberRange& range) {
-        std::set<std::int64_t> numbers{range.min, range.max};
         constexpr std::int64_t mostSmall = 16;
         const std::int64_t unit = value.Form() == NumberForm::Decimal ? Decimal::Scale : 1;
-        for (std::int64_t number = 0; number <= mostSmall; ++number) numbers.insert(number * unit);
-        for (std::int64_t bit = 2 * mostSmall; bit <= range.max && unit == 1; bit *= 2) numbers.insert(bit);
-        for (const std::int64_t number : numbers) {
+        const auto attempt = [&](std::int64_t number) {
             if (number >= range.min && number <= range.max && value.Held(number) == number)
                 trials.push_back({name, number});
-        }
+        };
+        for (std::int64_t number = 0; number <= mostSmall; ++number) attempt(number * unit);
+        for (std::int64_t bit = 2 * mostSmall; bit < range.max && unit == 1; bit *= 2) attempt(bit);
+        if (range.min < 0) attempt(range.min);
+        if (range.min > mostSmall * unit) attempt(range.min);
+        if (range.max > mostSmall * unit) attempt(range.max);
     }
 
     std::vector<SurveyedField>& fields_;
@@ -291,7 +293,7 @@ private:
     const std::function<ItemRef()>& make_;
     const PartCheck& onPart_;
     std::vector<SurveyedField> fields_;
-    std::set<std::string> met_;
+    std::set<std::string_view> met_;
 };
 
 }  // namespace

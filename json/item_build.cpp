@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <set>
 
 #include "json/edid_json.h"
 #include "model/core/text.h"
@@ -52,11 +51,15 @@ std::string RangeOf(const AnyLimits& limits) {
     return std::visit(say, limits);
 }
 
+bool Has(const std::vector<std::string_view>& names, std::string_view name) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
 // Puts the values of an object into the fields of their names.
 class Putter : public FieldSink {
 public:
-    Putter(const Node& node, const std::string& path, Building& building)
-        : node_(node), path_(path), building_(building) {}
+    Putter(const Node& node, const std::string& path, Building& building, const NamedParts* parts = nullptr)
+        : node_(node), path_(path), building_(building), parts_(parts) {}
 
     void Kept(const char* name, const BitPlace&, const NumberRef& value) override { Put(name, value, {}); }
     void Number(const char* name, const BitPlace&, const NumberRef& value, const NumberLimits& limits) override {
@@ -77,11 +80,11 @@ public:
     void Value(const char* name, String& value, bool, bool) override { Put(name, value); }
     void Value(const char* name, Bytes& value, bool, bool) override { Put(name, value); }
 
-    std::set<std::string> known;
+    std::vector<std::string_view> known;  // names of fields
 
 private:
     const Node* Find(const char* name) {
-        known.insert(name);
+        if (!Has(known, name)) known.push_back(name);
         return building_.HasFailed() ? nullptr : node_.Find(name);
     }
     std::string PathOf(const char* name) const { return path_.empty() ? name : path_ + "." + name; }
@@ -183,13 +186,38 @@ private:
     // Once: building from the other fields leaves it as it is.
     void PutPart(const char* name, const PartRef& part) {
         const Node* node = Find(name);
-        if (node != nullptr && done_.insert(name).second) BuildPart(*node, part, PathOf(name), building_);
+        if (node == nullptr || Has(done_, name)) return;
+        done_.push_back(name);
+        const PartRef* known = FindKnown(name);
+        if (known == nullptr || !Copy(*known, part)) BuildPart(*node, part, PathOf(name), building_);
+    }
+    const PartRef* FindKnown(std::string_view name) const {
+        if (parts_ == nullptr) return nullptr;
+        const auto found =
+            std::find_if(parts_->begin(), parts_->end(), [name](const auto& known) { return known.first == name; });
+        return found != parts_->end() ? &found->second : nullptr;
+    }
+    // Reading bytes is much less than building.
+    static bool Copy(const PartRef& from, const PartRef& to) {
+        if (!from.IsList()) return Copy(from.Item(), to.Item());
+        to.Clear();
+        for (int i = 0; i < from.GetCount(); ++i) {
+            bool isCopied = false;
+            const bool isAdded = to.Add([&](const ItemRef& item) { isCopied = Copy(from.At(i), item); });
+            if (!isAdded || !isCopied) return false;
+        }
+        return true;
+    }
+    static bool Copy(const ItemRef& from, const ItemRef& to) {
+        const Bytes bytes = from.GetBytes();
+        return !bytes.IsEmpty() && to.Read(bytes);
     }
 
     const Node& node_;
     std::string path_;
     Building& building_;
-    std::set<std::string> done_;
+    const NamedParts* parts_;
+    std::vector<std::string_view> done_;
 };
 
 // The limits of the fields that are outside of them.
@@ -217,16 +245,16 @@ void ReportLimits(const ItemRef& item, const std::string& path, Building& buildi
 // False, with the reason told, if the object names no kind of the holder.
 bool ChooseKind(const Node& node, const ItemRef& holder, const std::string& path, Building& building) {
     const Node* type = node.Find("type");
-    const std::vector<std::string> titles = GetUniqueTitles(holder.GetKinds());
+    const std::vector<const char*> kinds = holder.GetKinds();
     const std::string title = type != nullptr && type->Is(Node::Kind::Text) ? type->Text() : "";
-    const auto found = std::find(titles.begin(), titles.end(), title);
-    if (found == titles.end()) {
-        building.Fail(path, (type == nullptr ? "\"type\" is missing" : PrintShort(*type) + " is no kind") +
-                                SayNearest(title, titles));
-        return false;
+    for (std::size_t kind = 0; kind < kinds.size(); ++kind) {
+        if (!title.starts_with(kinds[kind]) || GetUniqueTitle(kinds, kind) != title) continue;
+        holder.MakeKind(static_cast<int>(kind));
+        return true;
     }
-    holder.MakeKind(static_cast<int>(found - titles.begin()));
-    return true;
+    building.Fail(path, (type == nullptr ? "\"type\" is missing" : PrintShort(*type) + " is no kind") +
+                            SayNearest(title, GetUniqueTitles(kinds)));
+    return false;
 }
 
 }  // namespace
@@ -261,15 +289,22 @@ void BuildItem(const Node& node, const ItemRef& item, const std::string& path, B
     if (building.HasFailed()) return;
     item.Renew();
     item.Tell(putter);
-    std::vector<std::string> names(putter.known.begin(), putter.known.end());
-    names.insert(names.end(), more.begin(), more.end());
     for (const auto& [name, value] : node.Members()) {
-        const bool isKnown =
-            std::find(names.begin(), names.end(), name) != names.end() || (name == "type" && item.HasKinds());
-        if (!isKnown)
-            building.Fail(path.empty() ? name : path + "." + name, "no such field here" + SayNearest(name, names));
+        if (Has(putter.known, name) || (name == "type" && item.HasKinds())) continue;
+        if (std::find(more.begin(), more.end(), name) != more.end()) continue;
+        std::vector<std::string> names(putter.known.begin(), putter.known.end());
+        names.insert(names.end(), more.begin(), more.end());
+        building.Fail(path.empty() ? name : path + "." + name, "no such field here" + SayNearest(name, names));
     }
     if (!building.HasFailed()) ReportLimits(item, path, building);
+}
+
+void BuildAlike(const Node& node, const ItemRef& item, const NamedParts& parts) {
+    Building building;
+    Putter putter(node, "", building, &parts);
+    item.Tell(putter);
+    item.Renew();
+    item.Tell(putter);
 }
 
 void BuildPart(const Node& node, const PartRef& part, const std::string& path, Building& building) {

@@ -21,6 +21,13 @@ struct Building {
 Node NodeOfItem(const ItemRef& item);
 Node NodeOfPart(const PartRef& part);
 
+// The parts of an item by their names.
+using NamedParts = std::vector<std::pair<const char*, PartRef>>;
+
+// Makes the item what the object says, its parts alike to `parts`. Nothing is told of what is wrong: who calls it looks
+// at the bytes.
+void BuildAlike(const Node& node, const ItemRef& item, const NamedParts& parts);
+
 // Makes the item what the object says; `more` are names that are not the item's to know.
 void BuildItem(const Node& node, const ItemRef& item, const std::string& path, Building& building,
                const std::vector<std::string>& more = {});
@@ -28,6 +35,7 @@ void BuildPart(const Node& node, const PartRef& part, const std::string& path, B
 
 // The titles of kinds, each of them once: a later one of the same title is its second version.
 std::vector<std::string> GetUniqueTitles(const std::vector<const char*>& titles);
+std::string GetUniqueTitle(const std::vector<const char*>& titles, std::size_t kind);
 
 // What stands nearest among `names`, as the end of a message; empty if nothing is near.
 std::string SayNearest(const std::string& word, const std::vector<std::string>& names);

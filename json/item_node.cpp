@@ -9,7 +9,7 @@ namespace {
 
 // A field as JSON. One that may be left out says nothing where a new item has the same.
 struct Field {
-    std::string name;
+    std::string_view name;
     Node node;
     bool mayGo;
 };
@@ -69,11 +69,14 @@ public:
     void Value(const char* name, Bytes& value, bool, bool) override { AddBytes(name, value); }
 
     std::vector<Field> fields;
+    NamedParts parts;
 
 private:
     void Add(const char* name, Node node, bool mayGo) { fields.push_back({name, std::move(node), mayGo}); }
     void AddPart(const char* name, const PartRef& part) {
-        if (takesParts_) Add(name, NodeOfPart(part), false);
+        if (!takesParts_) return;
+        Add(name, NodeOfPart(part), false);
+        parts.emplace_back(name, part);
     }
     void AddText(const char* name, const String& value) { Add(name, Node::Of(value.ToUtf8()), false); }
     void AddBytes(const char* name, const Bytes& value) { Add(name, Node::Of(HexText(value).ToUtf8()), true); }
@@ -87,25 +90,12 @@ private:
     bool takesParts_;
 };
 
-std::vector<Field> Collect(const ItemRef& item, bool takesParts = true) {
-    Collector collector(takesParts);
-    item.Tell(collector);
-    return std::move(collector.fields);
-}
-
-// A new item of the kind as the object makes it; nothing if it can't be made.
-ItemRef MakeAlike(const ItemRef& item, const Node& node, bool& isMade) {
+// A new item as the object makes it, with the parts of the item itself: theirs have been tried when they were told.
+ItemRef MakeAlike(const ItemRef& item, const Node& node, const NamedParts& parts) {
     const ItemRef made = item.MakeNew();
-    Building building;
-    BuildItem(node, made, "", building);
-    isMade = !building.HasFailed();
+    if (item.HasKinds()) made.MakeKind(item.GetKind());
+    BuildAlike(node, made, parts);
     return made;
-}
-
-bool Gives(const ItemRef& item, const Node& node, const Bytes& bytes) {
-    bool isMade = false;
-    const ItemRef made = MakeAlike(item, node, isMade);
-    return isMade && made.GetBytes() == bytes;
 }
 
 Node NodeOfData(const std::string& title, const Bytes& bytes) {
@@ -117,12 +107,16 @@ Node NodeOfData(const std::string& title, const Bytes& bytes) {
 
 }  // namespace
 
+std::string GetUniqueTitle(const std::vector<const char*>& titles, std::size_t kind) {
+    const std::string_view title = titles[kind];
+    const auto end = titles.begin() + static_cast<std::ptrdiff_t>(kind);
+    const bool isTaken = std::any_of(titles.begin(), end, [title](const char* other) { return title == other; });
+    return std::string(title) + (isTaken ? " v2" : "");
+}
+
 std::vector<std::string> GetUniqueTitles(const std::vector<const char*>& titles) {
     std::vector<std::string> unique;
-    for (const char* title : titles) {
-        const bool isTaken = std::find(unique.begin(), unique.end(), title) != unique.end();
-        unique.push_back(isTaken ? std::string(title) + " v2" : title);
-    }
+    for (std::size_t i = 0; i < titles.size(); ++i) unique.push_back(GetUniqueTitle(titles, i));
     return unique;
 }
 
@@ -132,33 +126,38 @@ Node NodeOfItem(const ItemRef& item) {
     if (item.HasKinds()) {
         const int kind = item.GetKind();
         if (kind < 0) return NodeOfData("Other", bytes);
-        node.Set("type", Node::Of(GetUniqueTitles(item.GetKinds())[static_cast<std::size_t>(kind)]));
+        node.Set("type", Node::Of(GetUniqueTitle(item.GetKinds(), static_cast<std::size_t>(kind))));
     }
-    Node all = node;
-    const std::vector<Field> fields = Collect(item);
+    Collector own(true);
+    item.Tell(own);
     Node least = node;
-    for (const Field& field : fields) {
-        all.Set(field.name, field.node);
-        if (!field.mayGo) least.Set(field.name, field.node);
+    // That a part is there is enough: what it holds is copied.
+    const auto isPart = [&own](const Field& field) {
+        return std::any_of(own.parts.begin(), own.parts.end(),
+                           [&field](const auto& p) { return p.first == field.name; });
+    };
+    for (const Field& field : own.fields) {
+        if (!field.mayGo) least.Set(field.name, isPart(field) ? Node() : field.node);
     }
-    bool isMade = false;
-    ItemRef alike = MakeAlike(item, least, isMade);
-    // Where the least is no item at all, what any new one has is left out.
-    if (!isMade) {
-        alike = item.MakeNew();
-        if (item.HasKinds()) alike.MakeKind(item.GetKind());
-    }
-    // Parts stand in the object anyway.
-    const std::vector<Field> given = Collect(alike, false);
+    // What a new item of the other fields has is left out.
+    const ItemRef alike = MakeAlike(item, least, own.parts);
+    Collector given(false);
+    alike.Tell(given);
     const auto isGiven = [&given](const Field& field) {
-        return std::any_of(given.begin(), given.end(),
+        return std::any_of(given.fields.begin(), given.fields.end(),
                            [&field](const Field& g) { return g.name == field.name && g.node == field.node; });
     };
-    for (const Field& field : fields) {
-        if (!field.mayGo || !isGiven(field)) node.Set(field.name, field.node);
+    Node all = node;
+    for (Field& field : own.fields) {
+        if (!field.mayGo || !isGiven(field)) node.Set(field.name, std::move(field.node));
     }
-    if (bytes.IsEmpty() || Gives(item, node, bytes)) return node;
-    if (Gives(item, all, bytes)) return all;
+    const auto gives = [&](const Node& tried) { return MakeAlike(item, tried, own.parts).GetBytes() == bytes; };
+    if (bytes.IsEmpty() || gives(node)) return node;
+    for (const Field& field : own.fields) {
+        const Node* told = node.Find(field.name);
+        all.Set(field.name, told != nullptr ? *told : field.node);
+    }
+    if (gives(all)) return all;
     const Node* title = node.Find("type");
     return NodeOfData(title != nullptr ? title->Text() : "Other", bytes);
 }
