@@ -5,7 +5,7 @@
 #include <CLI/Formatter.hpp>
 
 #include "cli/commands.h"
-#include "cli/nearest.h"
+#include "json/nearest.h"
 
 namespace VNT::Cli {
 

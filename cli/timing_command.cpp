@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "cli/command.h"
-#include "cli/nearest.h"
+#include "json/nearest.h"
 #include "model/timing/displayid_detailed_resolution.h"
 #include "model/timing/edid_detailed_resolution.h"
 

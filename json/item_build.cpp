@@ -1,27 +1,12 @@
 #include <algorithm>
 
 #include "json/edid_json.h"
+#include "json/nearest.h"
 #include "model/core/text.h"
 
 namespace VNT::Json {
 
 namespace {
-
-// Steps from one word to the other by a letter added, dropped or changed.
-std::size_t Distance(const std::string& a, const std::string& b) {
-    std::vector<std::size_t> row(b.size() + 1);
-    for (std::size_t j = 0; j <= b.size(); ++j) row[j] = j;
-    for (std::size_t i = 1; i <= a.size(); ++i) {
-        std::size_t before = row[0];
-        row[0] = i;
-        for (std::size_t j = 1; j <= b.size(); ++j) {
-            const std::size_t above = row[j];
-            row[j] = std::min({row[j] + 1, row[j - 1] + 1, before + (a[i - 1] == b[j - 1] ? 0 : 1)});
-            before = above;
-        }
-    }
-    return row[b.size()];
-}
 
 std::vector<std::string> TextsOf(NumberNames names) {
     std::vector<std::string> texts;
@@ -260,11 +245,8 @@ bool ChooseKind(const Node& node, const ItemRef& holder, const std::string& path
 }  // namespace
 
 std::string SayNearest(const std::string& word, const std::vector<std::string>& names) {
-    if (names.empty()) return "";
-    const auto nearest = std::min_element(names.begin(), names.end(), [&word](const auto& a, const auto& b) {
-        return Distance(word, a) < Distance(word, b);
-    });
-    return "; the nearest is \"" + *nearest + "\"";
+    if (word.empty() || names.empty()) return "";
+    return "; the nearest is \"" + Nearest(word, names) + "\"";
 }
 
 void BuildItem(const Node& node, const ItemRef& item, const std::string& path, Building& building,

@@ -1,7 +1,7 @@
 #include "cli/command.h"
 
 #include "cli/commands.h"
-#include "cli/nearest.h"
+#include "json/nearest.h"
 #include "model/edid/edid.h"
 #include "samples/sample_bytes.h"
 #include "tests/cli/commands_fixture.h"

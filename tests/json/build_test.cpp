@@ -76,6 +76,44 @@ TEST(JsonBuild, AValueThatNoSoundEdidHoldsIsAWarning) {
     EXPECT_EQ(building.warnings[0], "version: should be 1 to 255");
 }
 
+// Each mistake is told where it is, with what would do; none gives bytes.
+TEST(JsonBuild, WhatCantBeBuiltIsToldWithItsPath) {
+    const std::pair<const char*, const char*> mistakes[] = {
+        {R"({"descriptors": {}})", "descriptors: a list is needed"},
+        {R"({"descriptors": [5]})", "descriptors[0]: an object is needed"},
+        {R"({"descriptors": [{"text": "A"}]})", "descriptors[0]: \"type\" is missing"},
+        {R"({"descriptors": [{"data": "00"}]})", "descriptors[0].data: is not the hex text of such an item"},
+        {R"({"powerFlags": "Standby"})", "powerFlags: a list of flags is needed"},
+        {R"({"powerFlags": [3]})", "powerFlags: [3] doesn't fit its bits"},
+        {R"({"powerFlags": ["Suspended"]})",
+         "powerFlags: \"Suspended\" is none of its flags; the nearest is \"Suspend\""},
+        {R"({"digital": 1})", "digital: 1 is not true or false"},
+        {R"({"serialNumber": -1})", "serialNumber: can be 1 to 4294967295"},
+        {R"({"productId": null})", "productId: can be 0 to 65535"},
+        {R"({"established": [24]})", "established: 24 is none of its flags"},
+        {R"({"extensionBlocks": [{"type": "CTA-861", "dataBlocks": [{"type": "FreeSync", "Size": 70000}]}]})",
+         "extensionBlocks[0].dataBlocks[0].Size: 70000 is not 0 to 65535"},
+        {R"({"blocks": 300})", "blocks: 300 is not 0 to 256"},
+        {R"({"behind": 5})", "behind: bytes as hex text are needed"},
+        {R"({"bytes": {"128": "00"}})", "bytes.128: is no place in the EDID"},
+        {R"({"bytes": {"x": "00"}})", "bytes.x: is no place in the EDID"},
+        {R"({"descriptors": [{"mode": "CVT", "hactive": 640, "vactive": 480, "vrate": 60}]})",
+         "descriptors[0].mode: \"CVT\" is no mode; the nearest is \"CVT standard\""},
+        {R"({"descriptors": [{"mode": "CVT standard", "hactive": 640, "vactive": 480}]})",
+         "descriptors[0].vrate: the calculator needs it, 0 to 65536"},
+        {R"({"descriptors": [{"mode": "CVT standard", "hactive": 60000, "vactive": 60000, "vrate": 600}]})",
+         "descriptors[0].mode: gives no timing that fits"},
+    };
+    for (const auto& [text, error] : mistakes) EXPECT_EQ(ErrorOf(text), error) << text;
+}
+
+TEST(JsonBuild, TooManyItemsAreToldOf) {
+    std::string slots;
+    for (int i = 0; i < 5; ++i) slots += std::string(i > 0 ? ", " : "") + R"({"type": "Empty"})";
+    EXPECT_EQ(ErrorOf((R"({"descriptors": [)" + slots + "]}").c_str()),
+              "the whole: can't be written: too many items for the base block");
+}
+
 TEST(JsonParse, WhatIsNoJsonOrTooDeepIsRefused) {
     for (const std::string& text :
          {std::string("{"), std::string(""), std::string("{} {}"), std::string(100, '['),

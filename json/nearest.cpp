@@ -1,9 +1,9 @@
-#include "cli/nearest.h"
+#include "json/nearest.h"
 
 #include <algorithm>
 #include <vector>
 
-namespace VNT::Cli {
+namespace VNT {
 
 namespace {
 
@@ -37,4 +37,4 @@ std::string Nearest(std::string_view word, std::span<const std::string> words) {
     return found != words.end() ? *found : std::string();
 }
 
-}  // namespace VNT::Cli
+}  // namespace VNT
