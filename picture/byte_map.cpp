@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <map>
 
 #include "picture/parts.h"
 

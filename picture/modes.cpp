@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <set>
 
 #include "picture/parts.h"
@@ -114,6 +113,7 @@ void NameSome(Svg& svg, const Chart& chart, std::vector<Mode> modes) {
         double left, right, y;
     };
     std::vector<Box> taken;
+    std::set<std::string> named;
     constexpr std::size_t most = 8;
     for (const Mode& mode : modes) {
         if (taken.size() >= most) break;
@@ -121,7 +121,8 @@ void NameSome(Svg& svg, const Chart& chart, std::vector<Mode> modes) {
                                  (mode.isInterlaced ? "i" : "") + " @ " + NumberText(mode.rate);
         const Point point = chart.Place(mode.width * 1.0 * mode.height, mode.rate);
         const double width = static_cast<double>(text.size()) * character;
-        const double edge = chart.Place(chart.MostPixels(), 0).x;
+        if (!named.insert(text).second) continue;
+        const double start = chart.Place(LeastPixels, 0).x, edge = chart.Place(chart.MostPixels(), 0).x;
         const auto isFree = [&](const Box& box) {
             const bool hidesMode = std::any_of(modes.begin(), modes.end(), [&](const Mode& other) {
                 const Point place = chart.Place(other.width * 1.0 * other.height, other.rate);
@@ -132,7 +133,7 @@ void NameSome(Svg& svg, const Chart& chart, std::vector<Mode> modes) {
             const bool hidesName = std::any_of(taken.begin(), taken.end(), [&](const Box& other) {
                 return std::abs(other.y - box.y) < lineHeight && box.left < other.right && other.left < box.right;
             });
-            return !hidesMode && !hidesName && box.right <= edge;
+            return !hidesMode && !hidesName && box.left >= start && box.right <= edge;
         };
         constexpr double aside = 10;
         const Box right{point.x + aside, point.x + aside + width, point.y + 4};

@@ -14,6 +14,7 @@ constexpr const char* Style = R"(
 svg { background: #ffffff; color-scheme: light dark; }
 text { font: 12px sans-serif; fill: #1c1c1e; }
 .title { font: bold 20px sans-serif; } .heading { font: bold 15px sans-serif; } .label { font: bold 12px sans-serif; }
+.name { paint-order: stroke; stroke: #ffffff; stroke-width: 3px; stroke-linejoin: round; }
 .small { font-size: 11px; fill: #48484a; } .onactive { fill: #ffffff; font-size: 13px; }
 .page { fill: #ffffff; } .plot, .grid { fill: none; stroke: #e2e2e6; }
 .locus { fill: #f4f4f7; stroke: #8e8e93; }
@@ -30,7 +31,7 @@ text { font: 12px sans-serif; fill: #1c1c1e; }
 .unknown { fill: #c62828; } .odd { fill-opacity: .72; }
 @media (prefers-color-scheme: dark) {
 svg { background: #1b1b1f; } text { fill: #f2f2f4; } .small { fill: #c4c4ca; } .onactive { fill: #ffffff; }
-.page { fill: #1b1b1f; } .plot, .grid { stroke: #36363c; } .locus { fill: #26262b; stroke: #8e8e93; }
+.name { stroke: #1b1b1f; } .page { fill: #1b1b1f; } .plot, .grid { stroke: #36363c; } .locus { fill: #26262b; stroke: #8e8e93; }
 .own { stroke: #f2f2f4; } .srgb { stroke: #5bd08a; } .p3, .range { stroke: #f0a36b; }
 .bt2020, .interface { stroke: #b39df5; } .primary { fill: #1b1b1f; stroke: #f2f2f4; }
 .mode { fill: #7aa9ff; } .out { fill: #ff7b72; } .cross { stroke: #ff7b72; }
