@@ -6,7 +6,11 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace VNT;
-    const Bytes file(std::vector<std::uint8_t>(data, data + size));
+    Bytes file(std::vector<std::uint8_t>(data, data + size));
+    // More blocks take the time of many other inputs and show nothing new.
+    constexpr int countAt = 126;
+    constexpr int mostBlocks = 4;
+    if (file.Size() > countAt && file.At(0) == 0) file.At(countAt) %= mostBlocks;
     constexpr bool (*readers[])(const Bytes&, Edid&) = {ReadBin, ReadDat, ReadTxt};
     bool isRead = false;
     Edid first;
@@ -22,7 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Edid any;
     Require(ReadAnyFormat(file, any) == isRead, "any format is one of the three");
     Require(any == first, "the first reader that takes the file reads it");
-    if (!isRead) return 0;
+    if (!isRead || any.GetSize() > mostBlocks * Edid::BlockSize) return 0;
 
     const Bytes bytes = WriteBin(any);
     if (bytes.IsEmpty()) return 0;

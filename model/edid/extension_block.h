@@ -40,15 +40,16 @@ inline int ComputeChecksum(ByteRange range) { return ComputeChecksum(range, AnyE
 template <class X, EdidExtensionBlockTypeId::Enum id, class Fields, class AllFields>
 class TEdidExtensionBlock
     : public TFramedItem<X, AnyEdidExtensionBlock, EdidExtensionBlockTypeId::Enum, id, Fields, AllFields> {
-    using Base = TFramedItem<X, AnyEdidExtensionBlock, EdidExtensionBlockTypeId::Enum, id, Fields, AllFields>;
-
 public:
     // The right checksum for the bytes as they stand; Undefined if they can't be written.
     int GetComputedChecksum() const {
         Bytes scratch(AnyEdidExtensionBlock::FrameSize, 0);
         return this->Write(scratch) ? ComputeChecksum(scratch) : Undefined;
     }
-    bool IsValid() const override { return Base::IsValid() && this->checksum == GetComputedChecksum(); }
+    bool IsValid() const override {
+        const Validity own = ValidityOf(static_cast<const X&>(*this), AnyEdidExtensionBlock::FrameSize);
+        return own.proper && this->checksum == GetComputedChecksum();
+    }
     void UpdateChecksum() {
         this->checksum = Undefined;
         this->checksum = GetComputedChecksum();

@@ -46,7 +46,7 @@ const std::vector<Room>& Backends() {
         {"ui/headless/", {"fuzz/", "bench/"}},
         {"store/windows/", {}},
         {"store/memory/", {"fuzz/", "bench/"}},
-        {"store/directory/", {"cli/", "bench/native/"}},
+        {"store/directory/", {"cli/", "bench/native/", "fuzz/"}},
         {"store/linux/", {"cli/linux_store.", "app/linux/"}},
     };
     return backends;
