@@ -33,9 +33,14 @@ function(vantelle_room name)
     vantelle_precompiled(${name} rooms)
 endfunction()
 
-# vantelle_program(NAME): a program that users get. A release is stripped; its symbols stand beside it, as NAME.debug, where
-# a debugger finds them.
-function(vantelle_program name)
+# vantelle_program(NAME DESCRIPTION): a program that users get, with its version in what Windows tells of it. A release is
+# stripped; its symbols stand beside it, as NAME.debug, where a debugger finds them.
+function(vantelle_program name description)
+    if(WIN32)
+        string(REPLACE "." "," numbers ${PROJECT_VERSION})
+        configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${CMAKE_CURRENT_BINARY_DIR}/${name}-version.rc @ONLY)
+        target_sources(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${name}-version.rc)
+    endif()
     if(NOT CMAKE_BUILD_TYPE STREQUAL "Release")
         return()
     endif()
@@ -45,6 +50,14 @@ function(vantelle_program name)
         COMMAND ${CMAKE_STRIP} ${program}
         COMMAND ${CMAKE_OBJCOPY} --add-gnu-debuglink=${program}.debug ${program}
         VERBATIM)
+endfunction()
+
+# vantelle_manual(FILE): a page of the manual, installed as systems keep them: compressed, the same bytes each time.
+function(vantelle_manual file)
+    cmake_path(GET file FILENAME name)
+    include(GNUInstallDirs)
+    install(CODE "execute_process(COMMAND gzip -9nc ${file} OUTPUT_FILE ${CMAKE_BINARY_DIR}/${name}.gz COMMAND_ERROR_IS_FATAL ANY)")
+    install(FILES ${CMAKE_BINARY_DIR}/${name}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endfunction()
 
 # vantelle_test(NAME FOLDER [libraries...]): one GoogleTest program of the .cpp files in tests/FOLDER.

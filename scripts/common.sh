@@ -19,6 +19,9 @@ packages_install() {
     DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends $missing >/dev/null
 }
 
+# The version, from the one place where it stands.
+project_version() { sed -nE 's/^project\(vantelle VERSION ([0-9.]+) .*/\1/p' CMakeLists.txt; }
+
 # build PRESET [targets...]: what is not up to date, step by step on standard output; the warnings and errors stay in
 # build/PRESET.log.
 build() {
