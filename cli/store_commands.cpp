@@ -60,16 +60,18 @@ std::optional<std::size_t> NumberOf(const std::string& word) {
     return number;
 }
 
-std::wstring InstanceIdOf(const std::string& word) { return UpperAscii(String(std::string_view(word)).ToWide()); }
+std::wstring InstanceIdOf(Platform& platform, const std::string& word) {
+    return UpperAscii(platform.InstanceIdOf(String(std::string_view(word)).ToWide()));
+}
 
-// The display that a word means: its number, or its instance ID.
+// The display that a word means: its number, its instance ID, or the system's other name for it.
 Display FindDisplay(Platform& platform, const std::string& word) {
     const DisplayList list = LoadNumbered(platform);
     if (const std::optional<std::size_t> number = NumberOf(word)) {
         if (*number < 1 || *number > list.size()) throw Failure(word, "no display of this number");
         return list[*number - 1];
     }
-    const std::wstring id = InstanceIdOf(word);
+    const std::wstring id = InstanceIdOf(platform, word);
     for (const Display& display : list) {
         if (display.InstanceId == id) return display;
     }
@@ -123,7 +125,7 @@ int RunWrite(const Arguments& arguments, const Console& console) {
 }
 
 void ResetNamed(Platform& platform, const std::string& word, std::vector<ResetOutcome>& outcomes) {
-    const std::wstring id = NumberOf(word) ? FindDisplay(platform, word).InstanceId : InstanceIdOf(word);
+    const std::wstring id = NumberOf(word) ? FindDisplay(platform, word).InstanceId : InstanceIdOf(platform, word);
     outcomes.push_back(ResetOverride(platform, id));
     outcomes.back().InstanceId = id;
 }

@@ -80,6 +80,9 @@ public:
     // system sees to it by itself.
     virtual bool Lock(StoreLock&) { return true; }
 
+    // The instance ID of the display that the system has another name for besides, as its users know it; else the name.
+    virtual std::wstring InstanceIdOf(const std::wstring& name) { return name; }
+
     // SetupDiGetClassDevsW. Null on failure.
     virtual std::unique_ptr<DeviceSet> OpenMonitorClass() = 0;  // every monitor on record, present or not
     virtual std::unique_ptr<DeviceSet> OpenMonitor(const std::wstring& instanceId, bool presentOnly) = 0;

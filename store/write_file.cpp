@@ -63,7 +63,7 @@ bool IsFreshName(std::string_view name) {
            name.find_first_not_of(Digits, FreshStart.size()) == std::string_view::npos;
 }
 
-bool WriteFile(const fs::path& path, ByteRange bytes, Links links) {
+bool WriteFile(const fs::path& path, ByteRange bytes, Links links, std::optional<fs::perms> mode) {
     Place place = SystemFiles::At(path);
     if (links == Links::Follow && !SystemFiles::Follow(path, place)) return false;
     if (place.kind == Kind::Folder) return false;
@@ -75,7 +75,9 @@ bool WriteFile(const fs::path& path, ByteRange bytes, Links links) {
         Discard(fresh);
         return WriteInPlace(place, bytes);
     }
-    const bool written = fresh.file->Write(bytes) && fresh.file->Finish();
+    std::error_code error;
+    if (mode) fs::permissions(fresh.path, *mode, error);
+    const bool written = !error && fresh.file->Write(bytes) && fresh.file->Finish();
     fresh.file.reset();
     if (written && SystemFiles::Replace(fresh.path, place.path)) return true;
     Discard(fresh);

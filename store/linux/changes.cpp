@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "store/write_file.h"
+
 namespace VNT::Linux {
 
 namespace {
@@ -20,7 +22,15 @@ std::string LastLine(std::string text) {
 // A line for each folder that was made.
 constexpr char FoldersFile[] = "var/lib/vantelle/folders";
 
+// What a write that was cut off has left beside the file.
+void RemoveCutOff(Host& host, const std::string& folder) {
+    for (const std::string& name : host.Names(folder)) {
+        if (IsFreshName(name) && host.IsFile(folder + "/" + name)) host.Remove(folder + "/" + name);
+    }
+}
+
 void RemoveEmptyBelow(Host& host, const std::string& folder) {
+    RemoveCutOff(host, folder);
     for (const std::string& name : host.Names(folder)) {
         const std::string path = folder + "/" + name;
         if (host.IsFolder(path)) RemoveEmptyBelow(host, path);
@@ -64,7 +74,15 @@ void Changes::Run(const Command& command, const Command& undo, std::function<boo
     steps_.push_back(std::move(step));
 }
 
-bool Changes::IsOfSystem(const Step& step) const { return step.phase != Phase::Record && step.phase != Phase::Finish; }
+void Changes::Act(std::function<void()> act, std::function<bool()> undo) {
+    Step step;
+    step.phase = Phase::Act;
+    step.act = std::move(act);
+    step.undoAct = std::move(undo);
+    steps_.push_back(std::move(step));
+}
+
+bool Changes::IsOfSystem(const Step& step) const { return !IsRemembered(step) && step.phase != Phase::Act; }
 
 int Changes::Count() const {
     return static_cast<int>(
@@ -76,7 +94,7 @@ std::vector<std::string> Changes::MissingRights() const {
     bool runs = false;
     for (const Step& step : steps_) {
         runs = runs || step.phase == Phase::Run;
-        if (step.phase == Phase::Run || host_.MayWrite(step.path)) continue;
+        if (step.phase == Phase::Run || step.phase == Phase::Act || host_.MayWrite(step.path)) continue;
         const std::string right = "to write /" + (IsOfSystem(step) ? step.path : std::string(StateFolder));
         if (std::find(missing.begin(), missing.end(), right) == missing.end()) missing.push_back(right);
     }
@@ -134,6 +152,10 @@ bool Changes::Do(Step& step) {
         report_.wrong(CommandText(step.command) + ": ended well, but the parameter is not as it was asked for");
         return false;
     }
+    if (step.phase == Phase::Act) {
+        step.act();
+        return true;
+    }
     const Content content = step.content();
     step.before = host_.Read(step.path);
     if (step.before == content && (content || !host_.IsFile(step.path))) return true;
@@ -167,9 +189,12 @@ bool Changes::CarryOut() {
         Undo(i);
         return false;
     }
+    for (const std::string& folder : swept_) RemoveCutOff(host_, folder);
     RemoveEmptyFolders();
     return true;
 }
+
+void Changes::Sweep(const std::string& path) { swept_.push_back(ParentOf(path)); }
 
 void Changes::MakeFolders(const std::string& path) {
     for (const std::string& folder : MissingFolders(host_, path)) {
@@ -182,6 +207,7 @@ void Changes::RemoveEmptyFolders() {
     std::vector<std::string> deepestFirst = made;
     std::sort(deepestFirst.rbegin(), deepestFirst.rend());
     for (const std::string& folder : deepestFirst) {
+        RemoveCutOff(host_, folder);
         if (host_.IsFolder(folder) && host_.Names(folder).empty()) host_.RemoveFolder(folder);
     }
     std::string left;
@@ -209,6 +235,9 @@ bool Changes::UndoFile(const Step& step) {
 void Changes::Undo(std::size_t failed) {
     bool isUndone = true;
     std::size_t changed = 0;
+    for (std::size_t i = failed; i-- > 0;) {
+        if (steps_[i].phase == Phase::Act && !steps_[i].undoAct()) isUndone = false;
+    }
     for (std::size_t i = failed + 1; i-- > 0;) {
         const Step& step = steps_[i];
         if (!IsOfSystem(step) || step.phase == Phase::Run) continue;
@@ -232,7 +261,7 @@ void Changes::Undo(std::size_t failed) {
     }
     if (!isUndone) return;
     for (std::size_t i = failed + 1; i-- > 0;) {
-        if (IsOfSystem(steps_[i]) || UndoFile(steps_[i])) continue;
+        if (!IsRemembered(steps_[i]) || UndoFile(steps_[i])) continue;
         report_.wrong("/" + steps_[i].path + ": left, though nothing that it tells of is");
     }
     if (changed > 0) report_.wrong("what was changed before that is as it was");

@@ -37,19 +37,22 @@ public:
     void Run(const Command& command, const Command& undo, std::function<bool()> check = {});
     // A file that a program changes: where the changes are undone, it is put back whatever the program does.
     void Watch(const std::string& path) { watched_.emplace_back(path, host_.Read(path)); }
+    // What the kernel is told, when all but what is remembered is done; `undo` is false if it can't be taken back.
+    void Act(std::function<void()> act, std::function<bool()> undo);
     // Folders that are made for a file, and go again once they are empty.
     void MakeFolders(const std::string& path);
+
+    // Takes away, once all is done, what a call before that was ended in the midst of it left beside this file.
+    void Sweep(const std::string& path);
 
     int Count() const;  // of changes to the system
     // What the rights that the program has don't reach.
     std::vector<std::string> MissingRights() const;
     void Tell() const;  // what would be done
     bool CarryOut();
-    // Removes what is empty of the folders that were made, and of what is remembered.
-    void RemoveEmptyFolders();
 
 private:
-    enum class Phase { Record, Put, Run, PutAfterwards, Finish };
+    enum class Phase { Record, Put, Run, PutAfterwards, Act, Finish };
     struct Step {
         Phase phase = Phase::Record;
         std::string path = {};
@@ -58,16 +61,21 @@ private:
         Command command = {};
         Command undo = {};
         std::function<bool()> check = {};
+        std::function<void()> act = {};
+        std::function<bool()> undoAct = {};
         bool ran = false;                    // to a good end
         Content before = {};                 // as found when carried out
         std::vector<std::string> made = {};  // folders that had to be made
     };
 
     void Add(Phase phase, const std::string& path, const Content& content, bool executable);
-    bool IsOfSystem(const Step& step) const;
+    bool IsOfSystem(const Step& step) const;  // a file or a program
+    bool IsRemembered(const Step& step) const { return step.phase == Phase::Record || step.phase == Phase::Finish; }
     bool Do(Step& step);
     bool DoRun(const Command& command);
     std::error_code Set(const std::string& path, const Content& content, bool executable);
+    // Removes what is empty of the folders that were made, and of what is remembered.
+    void RemoveEmptyFolders();
     void Undo(std::size_t failed);
     bool UndoFile(const Step& step);
 
@@ -75,6 +83,7 @@ private:
     const Report& report_;
     std::vector<Step> steps_;
     std::vector<std::string> made_;
+    std::vector<std::string> swept_;  // folders
     std::vector<std::pair<std::string, Content>> watched_;
 };
 

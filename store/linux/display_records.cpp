@@ -36,6 +36,10 @@ DisplayRecord Read(const Host& host, const std::string& identity) {
     record.before = read("before");
     record.file = ReadLine(host, folder + "file");
     if (IsFirmwareFile(record.file)) record.lasting = read("lasting");
+    record.earlierNow = read("earlier-now");
+    record.earlierLasting = read("earlier-lasting");
+    record.earlierFiles = ReadLines(host, folder + "earlier-files");
+    std::erase_if(record.earlierFiles, [](const std::string& file) { return !IsFirmwareFile(file); });
     return record;
 }
 
@@ -52,18 +56,46 @@ std::vector<DisplayRecord> ReadRecords(const Host& host) {
 
 DisplayRecord ReadRecord(const Host& host, const Connector& connector) { return Read(host, connector.Identity()); }
 
-void PlanRecord(Changes& changes, const DisplayRecord& record, bool first) {
-    const std::string folder = FolderOf(record.Identity());
-    const auto put = [&](const char* name, const Content& content) {
-        const std::string path = folder + "/" + name;
-        first ? changes.Record(path, content) : changes.Finish(path, content);
-    };
-    const bool isEmpty = record.IsEmpty();
-    put("edid", isEmpty ? std::nullopt : record.reported);
-    put("now", record.now);
-    put("before", record.now ? record.before : std::nullopt);
-    put("lasting", record.lasting);
-    put("file", record.lasting ? Content(ToBytes(record.file + "\n")) : std::nullopt);
+bool HasRecord(const Host& host, const Connector& connector) { return host.IsFolder(FolderOf(connector.Identity())); }
+
+std::vector<DisplayRecord> DisplayRecord::WithEarlier() const {
+    std::vector<DisplayRecord> all{*this};
+    for (const std::string& earlier : earlierFiles) {
+        all.push_back(*this);
+        all.back().file = earlier;
+        if (!all.back().lasting) all.back().lasting.emplace();
+    }
+    return all;
+}
+
+// What was earlier is remembered first, so that at no moment something of ours is there that no record tells of.
+void PlanRecord(Changes& changes, const DisplayRecord& record) {
+    const std::string folder = FolderOf(record.Identity()) + "/";
+    std::string files;
+    for (const std::string& file : record.earlierFiles) files += file + "\n";
+    changes.Record(folder + "earlier-now", record.earlierNow);
+    changes.Record(folder + "earlier-lasting", record.earlierLasting);
+    changes.Record(folder + "earlier-files", files.empty() ? Content() : ToBytes(files));
+    changes.Record(folder + "edid", record.IsEmpty() ? std::nullopt : record.reported);
+    changes.Record(folder + "now", record.now);
+    changes.Record(folder + "before", record.now ? record.before : std::nullopt);
+    changes.Record(folder + "lasting", record.lasting);
+    changes.Record(folder + "file", record.lasting ? Content(ToBytes(record.file + "\n")) : std::nullopt);
+}
+
+void PlanSettled(Changes& changes, const DisplayRecord& record) {
+    const std::string folder = FolderOf(record.Identity()) + "/";
+    for (const char* name : {"earlier-now", "earlier-lasting", "earlier-files"}) {
+        changes.Finish(folder + name, std::nullopt);
+    }
+}
+
+void PlanNoRecord(Changes& changes, const DisplayRecord& record) {
+    const std::string folder = FolderOf(record.Identity()) + "/";
+    for (const char* name :
+         {"edid", "before", "now", "lasting", "file", "earlier-now", "earlier-lasting", "earlier-files"}) {
+        changes.Finish(folder + name, std::nullopt);
+    }
 }
 
 }  // namespace VNT::Linux

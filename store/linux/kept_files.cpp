@@ -64,6 +64,7 @@ void KeptFiles::Forget(Changes& changes, const std::string& path) const {
 void KeptFiles::Plan(Changes& changes, const std::string& path, const Content& base, const Content& content,
                      bool executable) const {
     const Content current = host_.Read(path);
+    changes.Sweep(path);
     if (content == base) {
         if (current != content) changes.Put(path, content, executable);
         Forget(changes, path);

@@ -184,6 +184,14 @@ std::vector<Linux::Connector> LinuxPlatform::FindAll() const {
     return all;
 }
 
+std::wstring LinuxPlatform::InstanceIdOf(const std::wstring& name) {
+    for (const Linux::Connector& connector : Linux::FindConnectors(*host_)) {
+        const std::wstring fullName = String(connector.FullName()).ToWide();
+        if (UpperAscii(fullName) == UpperAscii(name)) return String(connector.Identity()).ToWide();
+    }
+    return name;
+}
+
 std::unique_ptr<DeviceSet> LinuxPlatform::OpenMonitorClass() {
     return std::make_unique<ConnectorSet>(*this, FindAll());
 }

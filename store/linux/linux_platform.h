@@ -18,6 +18,8 @@ public:
     // Whether the machine has connectors at all.
     static bool HasConnectors(const Linux::Host& host);
 
+    // The name that the kernel gives a connector, "card1-DP-2".
+    std::wstring InstanceIdOf(const std::wstring& name) override;
     std::unique_ptr<DeviceSet> OpenMonitorClass() override;
     std::unique_ptr<DeviceSet> OpenMonitor(const std::wstring& instanceId, bool presentOnly) override;
     bool ReadWmiMonitors(std::vector<WmiMonitorRecord>& out) override;

@@ -60,19 +60,18 @@ Bytes Overrides::Get(const Connector& connector) const {
     // An override in the running kernel is gone after a start, its record is not.
     const std::string file = OverrideFile(host_, connector);
     const Bytes inUse = file.empty() ? ReadEdid(host_, connector) : host_.Read(file).value_or(Bytes());
-    if (record.now && inUse == *record.now) return *record.now;
+    if (record.now == inUse || record.earlierNow == inUse) return inUse;
     return record.lasting.value_or(Bytes());
 }
 
 bool Overrides::IsOnRecord(const Connector& connector) const {
-    return !ReadRecord(host_, connector).IsEmpty() || host_.IsFile(PendingFile);
+    return HasRecord(host_, connector) || host_.IsFile(PendingFile);
 }
 
 Bytes Overrides::GetReported(const Connector& connector) const {
     const Bytes shown = ReadEdid(host_, connector);
     const DisplayRecord record = ReadRecord(host_, connector);
-    const bool isOurs = (record.now && shown == *record.now) || (record.lasting && shown == *record.lasting);
-    return isOurs && record.reported ? *record.reported : shown;
+    return record.IsOurs(shown) && record.reported ? *record.reported : shown;
 }
 
 bool Overrides::IsNameShared(const Connector& connector) const {
@@ -86,28 +85,27 @@ Overrides::Plan Overrides::MakePlan(const DisplayRecord& from, const DisplayReco
     Plan plan;
     std::vector<DisplayRecord> before;
     std::vector<DisplayRecord> after;
+    std::vector<DisplayRecord> replaced;
     for (const DisplayRecord& record : ReadRecords(host_)) {
         if (record.Identity() == from.Identity()) continue;
-        before.push_back(record);
+        for (const DisplayRecord& each : record.WithEarlier()) before.push_back(each);
         // A card that stood elsewhere in the machine had a connector of this name: the parameter knows but one.
         const bool isReplaced = to.lasting && record.lasting && record.name == to.name;
-        if (isReplaced) {
-            PlanRecord(changes, DisplayRecord{record.device, record.name, {}, {}, {}, {}, {}}, false);
-        } else {
-            after.push_back(record);
-        }
+        (isReplaced ? replaced : after).push_back(record);
     }
-    before.push_back(from);
+    for (const DisplayRecord& each : from.WithEarlier()) before.push_back(each);
     after.push_back(to);
-    PlanRecord(changes, to, !to.IsEmpty());
+    if (to.IsEmpty()) replaced.push_back(from);
+    if (!to.IsEmpty()) PlanRecord(changes, to);
     const bool isPending = host_.IsFile(PendingFile);
-    plan.changesLasting = isPending || from.lasting || to.lasting;
-    if (from.lasting == to.lasting && from.file == to.file && !isPending && options_.duration == Duration::Now) {
-        plan.changesLasting = false;
-    }
-    if (!plan.changesLasting) return plan;
+    plan.changesLasting = isPending || from.lasting || to.lasting || !from.earlierFiles.empty();
+    const bool isSame = from.lasting == to.lasting && from.file == to.file && from.earlierFiles.empty();
+    if (isSame && !isPending && options_.duration == Duration::Now) plan.changesLasting = false;
     const int count = changes.Count();
-    plan.lasting = PlanLasting(host_, before, after, isPending, changes);
+    if (plan.changesLasting) plan.lasting = PlanLasting(host_, before, after, isPending, changes);
+    // What tells of the rest is forgotten last.
+    for (const DisplayRecord& record : replaced) PlanNoRecord(changes, record);
+    if (!to.IsEmpty()) PlanSettled(changes, to);
     if (changes.Count() > count) {
         changes.Record(PendingFile, ToBytes("\n"));
         changes.Finish(PendingFile, std::nullopt);
@@ -141,11 +139,15 @@ bool Overrides::SetAttribute(const std::string& path, const Bytes& bytes, const 
     return false;
 }
 
-void Overrides::SetLive(const Plan& plan) const {
-    if (!plan.changesLasting || !plan.lasting.hasValue || !host_.MayWrite(LiveParameter)) return;
-    if (ReadLine(host_, LiveParameter) == plan.lasting.value) return;
-    SetAttribute(LiveParameter, ToBytes(plan.lasting.value + "\n"),
-                 plan.lasting.value.empty() ? "nothing" : plan.lasting.value);
+bool Overrides::SetLive(const std::string& value) const {
+    if (!host_.MayWrite(LiveParameter) || ReadLine(host_, LiveParameter) == value) return true;
+    return SetAttribute(LiveParameter, ToBytes(value + "\n"), value.empty() ? "nothing" : value);
+}
+
+void Overrides::PlanLive(const Plan& plan, Changes& changes) const {
+    if (!plan.changesLasting || !plan.lasting.hasValue) return;
+    const std::string before = ReadLine(host_, LiveParameter);
+    changes.Act([this, value = plan.lasting.value] { SetLive(value); }, [this, before] { return SetLive(before); });
 }
 
 void Overrides::Probe(const Connector& connector) const {
@@ -187,7 +189,9 @@ bool Overrides::Set(const Connector& connector, const Bytes& bytes) {
     const bool isHidden = mayBeNow && overrideFile.empty() && !host_.MayWrite(DebugFolder);
     const Content inUse = overrideFile.empty() ? Content() : NonEmpty(host_.Read(overrideFile));
     if (!overrideFile.empty()) {
-        if (!from.now || inUse != from.now) to.before = inUse;
+        const bool isOurs = inUse && (inUse == from.now || inUse == from.earlierNow);
+        if (!isOurs) to.before = inUse;
+        to.earlierNow = isOurs && inUse != bytes ? inUse : std::nullopt;
         to.now = bytes;
     } else if (options_.duration == Duration::Now && !isHidden) {
         return Fail(connector,
@@ -198,6 +202,9 @@ bool Overrides::Set(const Connector& connector, const Bytes& bytes) {
     if (options_.duration != Duration::Now && !isShared) {
         to.lasting = bytes;
         to.file = FirmwareName(bytes, connector.name);
+        if (from.lasting && from.lasting != bytes) to.earlierLasting = from.lasting;
+        if (from.lasting) to.earlierFiles.push_back(from.file);
+        std::erase(to.earlierFiles, to.file);
     }
     if (isShared) {
         Fail(connector, "another card has a connector of this name, and the kernel's parameter can't tell them apart");
@@ -223,17 +230,27 @@ bool Overrides::Set(const Connector& connector, const Bytes& bytes) {
         return true;
     }
     if (!MayCarryOut(changes, attributes, lock)) return false;
-    if (!changes.CarryOut()) return Fail(connector, "the override was not set");
-    SetLive(plan);
-    if (!overrideFile.empty() && inUse != bytes && !SetAttribute(overrideFile, bytes, SizeText(bytes))) {
+    bool isTaken = overrideFile.empty() || inUse == bytes;
+    const auto setOverride = [&] {
+        isTaken = SetAttribute(overrideFile, bytes, SizeText(bytes));
+        if (isTaken) return;
         DisplayRecord without = to;
-        without.now = from.now;
+        without.now = to.earlierNow ? to.earlierNow : from.now;
         without.before = from.before;
+        without.earlierNow.reset();
         Changes corrections(host_, report_);
-        PlanRecord(corrections, without, true);
+        PlanRecord(corrections, without);
         corrections.CarryOut();
-        if (!to.lasting || options_.duration == Duration::Now) return Fail(connector, "the override was not set");
-    }
+    };
+    const auto putBack = [&] {
+        const Bytes back = BytesForOverride(inUse);
+        return !isTaken || SetAttribute(overrideFile, back, inUse ? SizeText(back) : "reset");
+    };
+    PlanLive(plan, changes);
+    if (!isTaken) changes.Act(setOverride, putBack);
+    if (!changes.CarryOut()) return Fail(connector, "the override was not set");
+    if (!isTaken && (!to.lasting || options_.duration == Duration::Now))
+        return Fail(connector, "the override was not set");
     if (mayBeNow && ReadEdid(host_, connector) != bytes) Probe(connector);
     for (const std::string& line : plan.lasting.advice) report_.wrong(line);
     TellNamesakes(connector, plan, to);
@@ -243,13 +260,14 @@ bool Overrides::Set(const Connector& connector, const Bytes& bytes) {
 bool Overrides::TakeOff(const Connector& connector) {
     const std::shared_ptr<void> lock = options_.dryRun ? nullptr : host_.Lock(LockFile);
     const DisplayRecord from = ReadRecord(host_, connector);
+    const DisplayRecord to{from.device, from.name};
+    Changes changes(host_, report_);
     if (from.IsEmpty() && !host_.IsFile(PendingFile)) {
         report_.did(connector.FullName() + ": nothing of this program's to take off");
-        if (lock != nullptr) Changes(host_, report_).RemoveEmptyFolders();
-        return true;
+        // But for a record that was never finished.
+        PlanNoRecord(changes, to);
+        return lock == nullptr || changes.CarryOut();
     }
-    const DisplayRecord to{from.device, from.name, {}, {}, {}, {}, {}};
-    Changes changes(host_, report_);
     const Plan plan = MakePlan(from, to, changes);
     if (plan.lasting.isBlocked && !options_.dryRun) {
         for (const std::string& line : plan.lasting.advice) report_.wrong(line);
@@ -257,8 +275,9 @@ bool Overrides::TakeOff(const Connector& connector) {
     }
 
     const std::string overrideFile = OverrideFile(host_, connector);
-    const bool isInUse = from.now && !overrideFile.empty() && host_.Read(overrideFile) == from.now;
-    const bool isHidden = from.now && overrideFile.empty() && !host_.MayWrite(DebugFolder);
+    const Content inUse = overrideFile.empty() ? Content() : NonEmpty(host_.Read(overrideFile));
+    const bool isInUse = inUse && (inUse == from.now || inUse == from.earlierNow);
+    const bool isHidden = (from.now || from.earlierNow) && overrideFile.empty() && !host_.MayWrite(DebugFolder);
     const Bytes back = BytesForOverride(from.before);
     const std::string backText = from.before ? SizeText(back) : std::string("reset");
     std::vector<std::string> attributes{isInUse ? overrideFile : "", isHidden ? DebugFolder : ""};
@@ -273,17 +292,23 @@ bool Overrides::TakeOff(const Connector& connector) {
     if (!MayCarryOut(changes, attributes, lock)) return false;
     if (isInUse && !SetAttribute(overrideFile, back, backText))
         return Fail(connector, "the override was not taken off");
+    PlanLive(plan, changes);
+    bool isProbed = false;
+    const auto probe = [&] {
+        Probe(connector);
+        isProbed = true;
+    };
+    changes.Act(probe, [] { return true; });
     if (!changes.CarryOut()) {
-        if (isInUse && !SetAttribute(overrideFile, *from.now, SizeText(*from.now))) {
+        if (isInUse && !SetAttribute(overrideFile, *inUse, SizeText(*inUse))) {
             Fail(connector, "left: the override for every start; that of the running kernel is off");
         }
+        if (isProbed) Probe(connector);
         return Fail(connector, "the override was not taken off");
     }
-    SetLive(plan);
-    Probe(connector);
     for (const std::string& line : plan.lasting.advice) report_.wrong(line);
     const Bytes shown = ReadEdid(host_, connector);
-    const bool isShown = !shown.IsEmpty() && (shown == from.now || shown == from.lasting) && shown != from.reported;
+    const bool isShown = !shown.IsEmpty() && from.IsOurs(shown) && shown != from.reported;
     report_.did(connector.FullName() + (isShown ? ": taken off, but in use until the next start" : ": taken off"));
     return !plan.lasting.leavesFile;
 }

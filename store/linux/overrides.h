@@ -36,7 +36,8 @@ private:
     bool MayCarryOut(const Changes& changes, const std::vector<std::string>& attributes,
                      const std::shared_ptr<void>& lock) const;
     bool SetAttribute(const std::string& path, const Bytes& bytes, const std::string& what) const;
-    void SetLive(const Plan& plan) const;
+    bool SetLive(const std::string& value) const;
+    void PlanLive(const Plan& plan, Changes& changes) const;
     void Probe(const Connector& connector) const;
     void TellNamesakes(const Connector& connector, const Plan& plan, const DisplayRecord& record) const;
     bool TellState(const Connector& connector, const Bytes& bytes, bool isLasting) const;

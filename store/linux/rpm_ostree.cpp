@@ -70,8 +70,13 @@ public:
         Command undo = call;
         for (const std::string& file : before) Track(!has(after, file), "--untrack=/", "--track=/", file, call, undo);
         for (const std::string& file : after) Track(!has(before, file), "--track=/", "--untrack=/", file, call, undo);
-        if (call.size() == 2) {
-            if (!isDue) return true;
+        if (call.size() == 2 && !isDue) return true;
+        if (isDue) {
+            // What was tracked before may not have been, where a call was ended in the midst; to track it twice is as
+            // once.
+            for (const std::string& file : after) {
+                if (has(before, file)) call.push_back("--track=/" + file);
+            }
             call.push_back("--force-sync");
             undo.push_back("--force-sync");
         }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <deque>
+#include <climits>
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/file.h>
@@ -45,49 +45,45 @@ private:
 
 // All that can be read, until the end or more than `most`; false on an error.
 bool ReadAll(int file, std::size_t most, std::vector<std::uint8_t>& out) {
-    std::vector<std::uint8_t> piece(64 * 1024);
+    std::uint8_t piece[8 * 1024];
     while (out.size() <= most) {
-        const ssize_t count = read(file, piece.data(), std::min(piece.size(), most + 1 - out.size()));
+        const ssize_t count = read(file, piece, std::min(sizeof(piece), most + 1 - out.size()));
         if (count < 0 && errno == EINTR) continue;
         if (count <= 0) return count == 0;
-        out.insert(out.end(), piece.begin(), piece.begin() + count);
+        out.insert(out.end(), piece, piece + count);
     }
     return true;
-}
-
-void SplitPath(const fs::path& path, std::deque<std::string>& parts) {
-    std::vector<std::string> names;
-    for (const fs::path& part : path.relative_path()) {
-        if (!part.empty() && part != ".") names.push_back(part.string());
-    }
-    parts.insert(parts.begin(), names.begin(), names.end());
 }
 
 }  // namespace
 
 std::optional<std::string> SystemHost::Walk(const std::string& path) const {
     if (path.find('\0') != std::string::npos) return std::nullopt;
-    std::deque<std::string> parts;
-    SplitPath(path, parts);
-    fs::path done;
-    for (int links = 0; !parts.empty();) {
-        const std::string part = parts.front();
-        parts.pop_front();
+    const std::string root = root_.string() + "/";
+    std::string rest = path;
+    std::string done;
+    for (int links = 0; !rest.empty();) {
+        const std::size_t slash = rest.find('/');
+        const std::string part = rest.substr(0, slash);
+        rest.erase(0, slash == std::string::npos ? slash : slash + 1);
+        if (part.empty() || part == ".") continue;
         if (part == "..") {
-            done = done.parent_path();
+            const std::size_t last = done.rfind('/');
+            done.resize(last == std::string::npos ? 0 : last);
             continue;
         }
-        std::error_code error;
-        if (!fs::is_symlink(fs::symlink_status(root_ / done / part, error))) {
-            done /= part;
+        const std::string place = done.empty() ? part : done + "/" + part;
+        char target[PATH_MAX];
+        const ssize_t length = readlink((root + place).c_str(), target, sizeof(target));
+        if (length < 0) {  // no link, if it is there at all
+            done = place;
             continue;
         }
-        const fs::path target = fs::read_symlink(root_ / done / part, error);
-        if (error || ++links > MostLinks) return std::nullopt;
-        if (target.is_absolute()) done.clear();
-        SplitPath(target, parts);
+        if (length == PATH_MAX || ++links > MostLinks) return std::nullopt;
+        if (target[0] == '/') done.clear();
+        rest = std::string(target, static_cast<std::size_t>(length)) + "/" + rest;
     }
-    return done.string();
+    return done;
 }
 
 std::optional<fs::path> SystemHost::Place(const std::string& path) const {
@@ -146,12 +142,11 @@ std::error_code SystemHost::Write(const std::string& path, const Bytes& bytes, b
     fs::create_directories(place->parent_path(), error);
     if (error) return error;
     const fs::file_status before = fs::status(*place, error);
-    if (!WriteFile(*place, bytes)) return Error(std::errc::io_error);
     // A new one can be read by all, whatever the user's own new files can.
     fs::perms mode = fs::exists(before) ? before.permissions() : static_cast<fs::perms>(0644);
     if (executable) mode |= fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
-    fs::permissions(*place, mode, error);
-    return error;
+    if (!WriteFile(*place, bytes, Links::Follow, mode)) return Error(std::errc::io_error);
+    return {};
 }
 
 std::error_code SystemHost::Remove(const std::string& path) {

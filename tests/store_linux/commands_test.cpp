@@ -5,7 +5,7 @@
 
 #include "cli/command.h"
 #include "cli/linux_store.h"
-#include "tests/store_linux/machine.h"
+#include "tests/store_linux/machine_host.h"
 
 namespace VNT::Linux::Sample {
 
@@ -27,42 +27,12 @@ protected:
         std::ostringstream out;
         std::ostringstream err;
         const auto open = [this](const Cli::StoreMode& mode, const Cli::Console& console) {
-            return Cli::OpenLinuxStore(std::make_unique<SharedHost>(machine), mode, console);
+            return Cli::OpenLinuxStore(std::make_unique<MachineHost>(machine), mode, console);
         };
         const int status = Cli::Run(words, {in, out, err, open});
         return std::to_string(status) + "\n" + out.str() + err.str();
     }
     static bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
-
-    // The machine, for a door that wants to own one.
-    class SharedHost : public Host {
-    public:
-        explicit SharedHost(Machine& machine) : machine_(machine) {}
-        std::optional<std::string> Resolve(const std::string& path) const override { return machine_.Resolve(path); }
-        bool IsFile(const std::string& path) const override { return machine_.IsFile(path); }
-        bool IsFolder(const std::string& path) const override { return machine_.IsFolder(path); }
-        std::vector<std::string> Names(const std::string& folder) const override { return machine_.Names(folder); }
-        std::optional<Bytes> Read(const std::string& path, int most) const override {
-            return machine_.Read(path, most);
-        }
-        std::error_code Write(const std::string& path, const Bytes& bytes, bool executable) override {
-            return machine_.Write(path, bytes, executable);
-        }
-        std::error_code Remove(const std::string& path) override { return machine_.Remove(path); }
-        std::error_code RemoveFolder(const std::string& path) override { return machine_.RemoveFolder(path); }
-        std::error_code WriteAttribute(const std::string& path, const Bytes& bytes) override {
-            return machine_.WriteAttribute(path, bytes);
-        }
-        bool MayWrite(const std::string& path) const override { return machine_.MayWrite(path); }
-        bool MayRun() const override { return machine_.MayRun(); }
-        std::error_code Run(const Command& command, int& status, std::string* output) override {
-            return machine_.Run(command, status, output);
-        }
-        std::shared_ptr<void> Lock(const std::string& path) override { return machine_.Lock(path); }
-
-    private:
-        Machine& machine_;
-    };
 
     Machine machine;
     const Bytes wanted = MakeEdid(0x2001, 2);
@@ -87,6 +57,23 @@ TEST_F(LinuxCommands, ListReadWriteAndResetWorkOnTheConnectors) {
     machine.Delete("shown.bin");
     EXPECT_TRUE(Has(Call({"reset", second}), "card1-DP-2: taken off\nremoved the override of "));
     EXPECT_EQ(Differences(before, machine.Snapshot()), "");
+}
+
+TEST_F(LinuxCommands, TheKernelsNameOfAConnectorIsADisplayToo) {
+    const std::string written = Call({"write", "card1-DP-2", Path("new.bin"), "--now"});
+    EXPECT_TRUE(Has(written, "stored 256 bytes as the override of PCI0000:00/0000:00:01.0/0000:03:00.0/DP-2\n"))
+        << written;
+    EXPECT_EQ(Call({"read", "CARD1-dp-2", Path("shown.bin")}), "0\n");
+    EXPECT_EQ(machine.Get("shown.bin"), ToText(wanted));
+    machine.Delete("shown.bin");
+    EXPECT_TRUE(
+        Has(Call({"reset", "card1-DP-2"}), "removed the override of PCI0000:00/0000:00:01.0/0000:03:00.0/DP-2\n"));
+    EXPECT_TRUE(Call({"write", "card0-HDMI-A-1", Path("new.bin"), "--now"}).starts_with("0\n"));  // nothing on it
+    EXPECT_TRUE(Call({"reset", "card0-HDMI-A-1"}).starts_with("0\n"));
+    EXPECT_EQ(Differences(before, machine.Snapshot()), "");
+    for (const char* none : {"card1-DP-3", "DP-2", "card1", "card0-DP-2"}) {
+        EXPECT_TRUE(Has(Call({"write", none, Path("new.bin")}), "no such display")) << none;
+    }
 }
 
 TEST_F(LinuxCommands, NowAndLastingChooseOne) {

@@ -168,6 +168,7 @@ bool Machine::RunProgram(const Command& command, std::string& output) {
     } else if (name == "update-initramfs") {
         std::string files;
         for (const std::string& hook : Names("etc/initramfs-tools/hooks")) {
+            if (hook.starts_with(".")) continue;  // as the shell finds them
             const std::string path = "etc/initramfs-tools/hooks/" + hook;
             EXPECT_NE(fs::status(Root() / path).permissions() & fs::perms::owner_exec, fs::perms::none);
             EXPECT_EQ(Shell("sh " + path + " prereqs"), "");
@@ -250,13 +251,13 @@ void Machine::RunRpmOstree(const Command& command, std::string& output) {
     EXPECT_TRUE(command[1] == "kargs" || command[1] == "initramfs-etc");
     std::vector<std::string> words = Words(command[1] == "kargs" ? Get(Kargs) : Get(Image));
     for (const std::string& word : command) {
-        for (const char* name : {"delete", "untrack"}) {
-            const std::optional<std::string> gone = OptionOf(word, name);
-            if (!gone) continue;
+        if (const std::optional<std::string> gone = OptionOf(word, "delete")) {
             const auto found = std::find(words.begin(), words.end(), *gone);
             EXPECT_NE(found, words.end()) << word;
             if (found != words.end()) words.erase(found);
         }
+        // The files of the image are a set: to take out what is not in it changes nothing.
+        if (const std::optional<std::string> gone = OptionOf(word, "untrack")) std::erase(words, *gone);
         if (const std::optional<std::string> replaced = OptionOf(word, "replace")) {
             const std::size_t sign = replaced->find('=', replaced->find('=') + 1);
             const auto found = std::find(words.begin(), words.end(), replaced->substr(0, sign));
@@ -264,8 +265,10 @@ void Machine::RunRpmOstree(const Command& command, std::string& output) {
             if (found == words.end()) continue;
             *found = replaced->substr(0, replaced->find('=')) + replaced->substr(sign);
         }
-        for (const char* name : {"append", "track"}) {
-            if (const std::optional<std::string> added = OptionOf(word, name)) words.push_back(*added);
+        if (const std::optional<std::string> added = OptionOf(word, "append")) words.push_back(*added);
+        if (const std::optional<std::string> added = OptionOf(word, "track")) {
+            std::erase(words, *added);
+            words.push_back(*added);
         }
     }
     std::string image;

@@ -74,6 +74,7 @@ public:
     std::error_code Run(const Command& command, int& status, std::string* output) override;
 
 private:
+    std::map<std::string, std::string> FilesBelow(const std::string& folder) const;
     bool Fails() { return ++changes_ == failAt_; }
     void Probe(const std::string& folder);
     std::string Shell(const std::string& script) const;  // what it prints, run in the tree
