@@ -25,6 +25,14 @@ int InsertDescriptor(EdidDescriptorList& list, EdidDescriptor&& descriptor) {
     return index;
 }
 
+// Bytes don't tell an unused slot behind the last item from one that nobody listed: one that was moved there stays.
+template <class List>
+void KeepUnused(List& read, const List& edited, const typename List::ItemType& unused) {
+    const auto isKept = [&] { return read.GetCount() < edited.GetCount() && edited.At(read.GetCount()) == unused; };
+    while (isKept() && read.Add(unused)) {
+    }
+}
+
 // Runs `work`; what the system refuses it tells in a box.
 void ShowFailure(const UI::Window& owner, const std::function<void()>& work) {
     try {
@@ -117,7 +125,17 @@ void MainWindow::Update() {
     // What was not edited is as it was read.
     const bool isEdited = isOpen && Save();
     const int index = choice->GetSelection();
-    if (isEdited || index != loadedIndex) Load(index);
+    if (index != loadedIndex) {
+        Load(index);
+    } else if (isEdited) {
+        const auto descriptors = fields.descriptors;
+        const auto standardResolutions = fields.standardResolutions;
+        Load(index);
+        for (EdidFields* of : {&fields, &loaded}) {
+            KeepUnused(of->descriptors, descriptors, EdidDescriptor(EdidEmptyDescriptor().Clone()));
+            KeepUnused(of->standardResolutions, standardResolutions, EdidStandardResolution());
+        }
+    }
     isOpen = true;
     TFieldsWindow::Update();
 }

@@ -24,16 +24,27 @@ Bytes MakeNamedEdid(std::initializer_list<const char*> names) {
     return Edid(fields).GetBytes();
 }
 
+EdidStandardResolution MakeStandard(int index) {
+    EdidStandardResolutionFields resolution;
+    resolution.fieldsPresent = EdidStandardResolutionFieldsPresentEnum::WidthAndAspectRatio;
+    resolution.width = 800 + 8 * index;
+    resolution.refreshRate = 60 + index;
+    return EdidStandardResolution(resolution);
+}
+
 Bytes MakeStandardEdid(int count) {
     EdidFields fields;
-    for (int i = 0; i < count; ++i) {
-        EdidStandardResolutionFields resolution;
-        resolution.fieldsPresent = EdidStandardResolutionFieldsPresentEnum::WidthAndAspectRatio;
-        resolution.width = 800 + 8 * i;
-        resolution.refreshRate = 60 + i;
-        fields.standardResolutions.Add(EdidStandardResolution(resolution));
-    }
+    for (int i = 0; i < count; ++i) fields.standardResolutions.Add(MakeStandard(i));
     return Edid(fields).GetBytes();
+}
+
+// Two names, and an unused slot between them.
+EdidFields MakeFieldsWithAGap() {
+    EdidFields fields;
+    fields.descriptors.Add(MakeName("A"));
+    fields.descriptors.Add(EdidDescriptor(EdidEmptyDescriptor().Clone()));
+    fields.descriptors.Add(MakeName("B"));
+    return fields;
 }
 
 TEST_F(MainWindowForm, ShowsTheDisplaysAndTheFirstOnesLists) {
@@ -253,6 +264,42 @@ TEST_F(MainWindowForm, DeletingTheLastItemLeavesNothingSelected) {
         EXPECT_EQ(List(Descriptors(1)).GetSelection(), ListBox::NoSelection);
         EXPECT_FALSE(ButtonOf(Descriptors(1), L"Edit...").IsEnabled());
         EXPECT_FALSE(ButtonOf(Descriptors(1), L"Delete").IsEnabled());
+    });
+}
+
+TEST_F(MainWindowForm, AnUnusedSlotThatIsMovedToTheEndStaysAndComesBack) {
+    EdidFields fields = MakeFieldsWithAGap();
+    fields.standardResolutions.Add(MakeStandard(0));
+    fields.standardResolutions.Add(EdidStandardResolution());
+    fields.standardResolutions.Add(MakeStandard(1));
+    const Bytes bytes = Edid(fields).GetBytes();
+    displays[0].CurrentData = bytes;
+    Run([&] {
+        for (const std::wstring& caption : {Descriptors(3), Standards(3)}) {
+            const std::wstring before = Rows(List(caption));
+            driver.Click(List(caption), 1);
+            driver.Click(ButtonOf(caption, L"\u25BC"));
+            // It is listed still, and selected.
+            EXPECT_EQ(List(caption).GetCount(), 3);
+            EXPECT_EQ(List(caption).GetSelection(), 2);
+            EXPECT_NE(Rows(List(caption)), before);
+            driver.Click(ButtonOf(caption, L"\u25B2"));
+            EXPECT_EQ(Rows(List(caption)), before);
+        }
+        driver.Click(Button(L"OK"));
+    });
+    EXPECT_EQ(after[0].CurrentData, bytes);
+    EXPECT_TRUE(after[0].Saved);
+}
+
+TEST_F(MainWindowForm, UnusedSlotsAtTheEndAreNoneOfTheRowsOfADisplayThatIsChosen) {
+    displays[0].CurrentData = Edid(MakeFieldsWithAGap()).GetBytes();
+    Look([&] {
+        driver.Click(List(Descriptors(3)), 1);
+        driver.Click(ButtonOf(Descriptors(3), L"\u25BC"));
+        driver.Choose(Choice(), 1);
+        driver.Choose(Choice(), 0);
+        EXPECT_EQ(Rows(List(Descriptors(2))), L"Name: A|Name: B|");
     });
 }
 

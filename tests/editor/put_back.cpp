@@ -141,8 +141,7 @@ void PutBack::Touch(ListBox& list) {
     const auto& controls = driver.GetWindow().GetControls();
     const auto at = std::find(controls.begin(), controls.end(), &list);
     const auto get = [&at](ListButton which) -> Button& { return *As<Button>(*(at + which)); };
-    // An unused slot that comes last is no row of its list any more.
-    if (get(DeleteAll).IsEnabled() && list.GetCount() > 1 && list.GetItemText(0) != L"Empty") {
+    if (get(DeleteAll).IsEnabled() && list.GetCount() > 1) {
         driver.Click(list, 0);
         Try(
             L"first row down and up", [&] { driver.Click(get(Down)); }, [&] { driver.Click(get(Up)); });

@@ -1,5 +1,6 @@
 #include "tests/monkey/shown.h"
 
+#include <algorithm>
 #include <functional>
 #include <string_view>
 
@@ -61,13 +62,6 @@ private:
     std::size_t sum = 0;
 };
 
-std::vector<std::size_t> DigestAll(const Window& window) {
-    std::vector<std::size_t> all;
-    all.reserve(window.GetControls().size());
-    for (const Control* control : window.GetControls()) all.push_back(Digest(*control).Get());
-    return all;
-}
-
 std::wstring Differ(const std::wstring& what, const std::wstring& shown, const std::wstring& read) {
     return what + L" shows \"" + shown + L"\", not \"" + read + L"\"";
 }
@@ -78,6 +72,15 @@ std::wstring FindRowDifference(const AnyItemList& list, const std::vector<std::w
         if (shown != rows[i]) return Differ(L"row " + std::to_wstring(i), shown, rows[i]);
     }
     return list.GetCount() == static_cast<int>(rows.size()) ? std::wstring() : L"a list has rows too many";
+}
+
+// The bytes don't tell how many of the unused slots behind the last item are listed.
+template <class List>
+void AddUnused(List& read, const typename List::ItemType& unused, const ListBox& shown, const SlotListLimits& limits) {
+    String text;
+    unused.GetText(text);
+    const int most = std::min(shown.GetCount(), limits.slots);
+    while (read.GetCount() < most && shown.GetItemText(read.GetCount()) == text.ToWide()) read.Add(unused);
 }
 
 }  // namespace
@@ -114,16 +117,26 @@ void MainWindowView::ReadList(ListView& view, const List& list, const SlotListLi
     if (list.IsEmpty()) view.rows.push_back(String(captions.emptyRow).ToWide());
 }
 
+int MainWindowView::CountRows() const {
+    int rows = 0;
+    for (const ListView& view : lists) rows += view.list->GetCount();
+    return rows;
+}
+
 void MainWindowView::Read(std::size_t chosen) {
     const Display& display = window.GetDisplays()[chosen];
-    if (chosen == lastChosen && display.CurrentData == lastBytes) return;
+    const int rows = CountRows();
+    if (chosen == lastChosen && rows == lastRows && display.CurrentData == lastBytes) return;
     lastChosen = chosen;
+    lastRows = rows;
     lastBytes = display.CurrentData;
     displayRows[chosen] = GetDisplayRow(display).ToWide();
     Edid edid;
     edid.Read(lastBytes);
     lastEstablished = edid.established;
     const EdidLimits limits = edid.GetAllLimits();
+    AddUnused(edid.descriptors, EdidDescriptor(EdidEmptyDescriptor().Clone()), *lists[0].list, limits.descriptors);
+    AddUnused(edid.standardResolutions, EdidStandardResolution(), *lists[1].list, limits.standardResolutions);
     ReadList(lists[0], edid.descriptors, limits.descriptors, DescriptorCaptions);
     ReadList(lists[1], edid.standardResolutions, limits.standardResolutions, StandardResolutionCaptions);
     ReadList(lists[2], edid.extensionBlocks, limits.extensionBlocks, ExtensionBlockCaptions);
@@ -161,15 +174,27 @@ std::wstring MainWindowView::FindDifference() {
     return {};
 }
 
-std::wstring FindRestless(AnyWindow& window) {
-    const std::vector<std::size_t> before = DigestAll(window);
-    window.Update();
+std::vector<std::size_t> DigestAll(const Window& window) {
+    std::vector<std::size_t> all;
+    all.reserve(window.GetControls().size());
+    for (const Control* control : window.GetControls()) all.push_back(Digest(*control).Get());
+    return all;
+}
+
+std::wstring FindChanged(const Window& window, const std::vector<std::size_t>& before) {
     const std::vector<Control*>& controls = window.GetControls();
     for (std::size_t i = 0; i < before.size(); ++i) {
         if (before[i] != Digest(*controls[i]).Get())
-            return L"a refresh changes control " + std::to_wstring(i) + L", now \"" + controls[i]->GetText() + L"\"";
+            return L" changes control " + std::to_wstring(i) + L", now \"" + controls[i]->GetText() + L"\"";
     }
     return {};
+}
+
+std::wstring FindRestless(AnyWindow& window) {
+    const std::vector<std::size_t> before = DigestAll(window);
+    window.Update();
+    const std::wstring changed = FindChanged(window, before);
+    return changed.empty() ? changed : L"a refresh" + changed;
 }
 
 std::size_t GetLayoutDigest(const Window& window) {

@@ -32,7 +32,8 @@ private:
     static void ReadList(ListView& view, const List& list, const VNT::SlotListLimits& limits,
                          const VNT::ListCaptions& captions);
     static std::wstring FindDifference(const ListView& view);
-    // Reads the bytes of the chosen display, unless they are those that were read last.
+    int CountRows() const;
+    // Reads the bytes of the chosen display, unless they are those that were read last for as many rows.
     void Read(std::size_t chosen);
 
     const MainWindow& window;
@@ -42,8 +43,15 @@ private:
     std::vector<std::wstring> displayRows;
     std::size_t lastChosen = std::string::npos;  // none yet
     VNT::Bytes lastBytes;
+    int lastRows = 0;
     decltype(VNT::EdidFields::established) lastEstablished;
 };
+
+// A number for all that the user sees of each control.
+std::vector<std::size_t> DigestAll(const UI::Window& window);
+
+// The first control that is not seen as it was `before`, or nothing.
+std::wstring FindChanged(const UI::Window& window, const std::vector<std::size_t>& before);
 
 // What a refresh changes on a window that has just been refreshed, or nothing.
 std::wstring FindRestless(AnyWindow& window);
