@@ -36,18 +36,31 @@ void AnyWindow::BindCancel(Button& button) {
     });
 }
 
+std::size_t AnyWindow::FindPast(const String& text) const {
+    return static_cast<std::size_t>(std::find(past.begin(), past.end(), text) - past.begin());
+}
+
 void AnyWindow::TakeInput(Forms::Cell& cell, const Input& input) {
     if (lastInput != input.Source) {
         lastInput = input.Source;
-        before = input.Get();
+        lastText = input.Get();
+        past.clear();
+        ForgetPast();
+    }
+    // A bad text is none that the record has anything of.
+    const bool isKept = past.empty() || !cell.IsBadText;
+    constexpr std::size_t most = 64;
+    if (past.size() < most && isKept && FindPast(lastText) == past.size()) {
+        past.push_back(lastText);
         Remember();
     }
     if (lastCell) lastCell->IsBlamed = false;
     lastCell = &cell;
     input.Store();
     if (cell.OnChange) cell.OnChange();
-    const auto& getNow = input.GetTyped ? input.GetTyped : input.Get;
-    if (!cell.IsBadText && getNow() == before) Recall();
+    lastText = input.GetTyped ? input.GetTyped() : input.Get();
+    const std::size_t found = FindPast(lastText);
+    if (!cell.IsBadText && found < past.size()) Recall(found);
     Update();
 }
 

@@ -53,7 +53,7 @@ public:
     void BindCancel(UI::Controls::Button& cancel);
 
     // What input does: `Store` puts it into the field, then the cell's `OnChange` and `Update` run. What is put back as
-    // `Get` told it before, with nothing else touched in between, takes the whole record back to where it was.
+    // it was at any time since something else was touched takes the whole record back to where it was then.
     struct Input {
         const void* Source;  // the same for what belongs together
         std::function<VNT::String()> Get;
@@ -104,9 +104,10 @@ protected:
     virtual bool CanConfirm() const { return true; }
     // What OK does before the form ends.
     virtual void Commit() {}
-    // Keeps the record as it is now, and puts it back so.
+    // Keeps the record as it is now as the next of those that may be put back, puts one of them back, drops them all.
     virtual void Remember() {}
-    virtual void Recall() {}
+    virtual void Recall(std::size_t) {}
+    virtual void ForgetPast() {}
     // Whether what was put in last made the record something that can't be written, whatever its fields say.
     virtual bool IsBlocked() { return false; }
 
@@ -132,6 +133,8 @@ private:
     static bool UpdateCell(Forms::Cell& cell, bool isVisible);
     void SetState(Forms::Cell& cell) const;
     bool IsClosed() const;
+    // Where `text` stands in the past, or behind all of it.
+    std::size_t FindPast(const VNT::String& text) const;
     // Whether the focus is where a button that closed has left it.
     bool IsInRefuge() const;
 
@@ -142,5 +145,6 @@ private:
     bool isLaidOut = false;
     Forms::Cell* lastCell = nullptr;  // that took an input
     const void* lastInput = nullptr;  // its source, while what was before it is remembered
-    VNT::String before;
+    std::vector<VNT::String> past;    // what stood there with each record that is
+    VNT::String lastText;             // what stands there now
 };

@@ -2,7 +2,7 @@
 
 void ItemWindow::Update() {
     Build();
-    if (!isOpen) KeepAs(Opened);
+    if (!isOpen) KeepOpened();
     isOpen = true;
     AnyWindow::Update();
 }

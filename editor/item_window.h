@@ -34,13 +34,10 @@ protected:
     // What tells whether a field is open for input: the item's status, the item apart from it, or, where the item has a
     // size of its own, the bytes that it may take.
     enum class Opener { Status, Item, Size };
-    // The records that a form keeps.
-    enum Kept { Opened, BeforeInput };
-
     // Builds the item of the fields, takes the normalised fields back, and asks the item what it says of them.
     virtual void Build() = 0;
     virtual Opener GetOpener() const = 0;
-    virtual void KeepAs(Kept kept) = 0;
+    virtual void KeepOpened() = 0;
     // Whether the record is another than when the form was opened.
     virtual bool IsChanged() = 0;
     bool IsBlocked() override;
@@ -65,7 +62,6 @@ protected:
     int GetBytes() const { return bytes; }
     // The modal result. `newBytes` is what the item may take.
     int RunIn(int newBytes);
-    void Remember() override { KeepAs(BeforeInput); }
 
     int bytes = 0;
 
@@ -124,7 +120,7 @@ protected:
 
     // The item of the fields, normalised.
     virtual X MakeItem() const { return X(fields); }
-    bool IsChanged() override { return !(GetWhole() == kept[ItemWindow::Opened]); }
+    bool IsChanged() override { return !(GetWhole() == opened); }
 
     X item;
 
@@ -145,11 +141,13 @@ private:
         return whole;
     }
     ItemWindow::Records GetRecords() { return {&fields, &held, &static_cast<Record&>(item), sizeof(Record)}; }
-    void KeepAs(ItemWindow::Kept as) override { kept[as] = GetWhole(); }
-    void Recall() override {
-        fields = kept[ItemWindow::BeforeInput];
+    void KeepOpened() override { opened = GetWhole(); }
+    void Remember() override { past.push_back(GetWhole()); }
+    void Recall(std::size_t index) override {
+        fields = past[index];
         this->ForgetHeld();
     }
+    void ForgetPast() override { past.clear(); }
     void Build() override {
         this->PutBackHeld(GetRecords(), &fields);
         item = MakeItem();
@@ -166,7 +164,8 @@ private:
     }
 
     Record held;  // what the item was made of
-    Record kept[2];
+    Record opened;
+    std::vector<Record> past;  // what input may put back
 };
 
 namespace Forms {

@@ -282,4 +282,50 @@ TEST_F(ModeBoxes, AreOpenAsTheModeNeedsThem) {
     });
 }
 
+TEST_F(ResolutionForm, AModeThatIsChosenAgainBringsBackWhatItHad) {
+    EdidDetailedResolution item;
+    Run(item, [&] {
+        Choose(L"CVT standard");
+        driver.Enter(Box(L"Active:", Horizontal), L"1440");
+        const auto look = [&] {
+            return Counts(Horizontal) + L"|" + Counts(Vertical) + L"|" + Box(L"Pixel clock:").GetText();
+        };
+        const std::wstring cvt = look();
+        Choose(L"GTF standard");
+        Choose(L"Manual");
+        const std::wstring manual = look();
+        EXPECT_NE(manual, cvt);
+        Choose(L"Automatic PC");
+        EXPECT_NE(look(), manual);
+        Choose(L"Manual");
+        EXPECT_EQ(look(), manual);
+        Choose(L"CVT standard");
+        EXPECT_EQ(look(), cvt);
+        Leave();
+    });
+}
+
+TEST_F(ResolutionForm, ATextThatIsTypedAgainBringsBackWhatItHad) {
+    EdidDetailedResolution item;
+    Run(item, [&] {
+        auto& total = Box(L"Total:", Horizontal);
+        driver.Enter(total, L"900");
+        const std::wstring counts = Counts(Horizontal);
+        driver.Press(Key::Tab);
+        driver.Enter(total, L"");
+        driver.Type(L"x");
+        driver.Press(Key::Back);
+        driver.Type(L"900");
+        EXPECT_EQ(Counts(Horizontal), counts);
+        EXPECT_TRUE(total.HasValidStyle());
+        driver.Enter(total, L"x");
+        EXPECT_FALSE(total.HasValidStyle());
+        driver.Enter(total, L"");
+        driver.Enter(total, L"x");
+        EXPECT_FALSE(total.HasValidStyle());
+        EXPECT_FALSE(CanConfirm());
+        Leave();
+    });
+}
+
 }  // namespace
