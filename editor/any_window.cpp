@@ -121,14 +121,14 @@ void AnyWindow::AddOkAndCancel() {
 
 void AnyWindow::LayOutAnew() {
     if (!isLaidOut) return;
-    isLaidOut = false;
+    RequireLayout();
     Update();
 }
 
 int AnyWindow::RunForm() {
     AddOkAndCancel();
     NameCells();
-    isLaidOut = false;
+    RequireLayout();
     lastCell = nullptr;
     lastInput = nullptr;
     Update();
@@ -156,7 +156,11 @@ void AnyWindow::Update() {
     Forms::BottomButtons buttons{{}, {ok.get(), cancel.get()}};
     for (const auto& button : leftButtons) buttons.Left.push_back(button.get());
     Forms::LayOut(*this, groups, buttons);
-    if (GetRunning() == this) StayInWorkArea();
+    if (GetRunning() != this) return;
+    StayInWorkArea();
+    const auto focused = [](const UI::Control* control) { return control->HasFocus(); };
+    const auto found = std::find_if(GetControls().begin(), GetControls().end(), focused);
+    if (found != GetControls().end()) Reveal(**found);
 }
 
 bool AnyWindow::UpdateGroup(Forms::Group& group) {

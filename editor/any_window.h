@@ -70,6 +70,8 @@ public:
         BindChoice(
             box, [offset, &field](int row) { field = row + offset; }, std::move(onChange));
     }
+    // The form is laid out anew with the next refresh.
+    void RequireLayout() { isLaidOut = false; }
     // Something else than an input changes the record: what was put in before is not put back any more.
     void ForgetInput() { lastInput = nullptr; }
     // A field that a row shows.
@@ -119,6 +121,7 @@ protected:
 
     // After a change of the scale or the theme.
     void LayOutAnew() override;
+    void Scrolled(int by) override { Forms::MoveGroups(groups, by); }
 
 private:
     void AddOkAndCancel();

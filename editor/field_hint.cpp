@@ -1,6 +1,7 @@
 #include "editor/field_hint.h"
 
 #include <type_traits>
+#include <utility>
 
 using namespace VNT;
 
@@ -52,6 +53,55 @@ std::wstring Describe(const EnumLimits&, const FieldFormat&, const std::wstring&
 
 std::wstring DescribeLimits(const AnyLimits& limits, const FieldFormat& format, const std::wstring& unit) {
     return std::visit([&](const auto& of) { return Describe(of, format, unit); }, limits);
+}
+
+namespace {
+
+bool Contains(const AnyLimits& limits, std::int64_t value) {
+    return std::visit(
+        [value]<class L>(const L& of) {
+            if constexpr (std::is_same_v<L, LongLimits>) {
+                return of.Contains(value);
+            } else if constexpr (std::is_same_v<L, ValueLimits> || std::is_same_v<L, EnumLimits>) {
+                return std::in_range<int>(value) && of.Contains(static_cast<int>(value));
+            } else {
+                return true;
+            }
+        },
+        limits);
+}
+
+std::wstring Quoted(const std::wstring& text) { return L"\"" + text + L"\""; }
+
+}  // namespace
+
+std::wstring DescribeRows(const AnyLimits& limits, const std::vector<RowText>& rows, std::int64_t chosen) {
+    constexpr std::size_t most = 3;
+    std::vector<std::wstring> open;
+    std::wstring refused;
+    for (const RowText& row : rows) {
+        if (Contains(limits, row.Value)) {
+            open.push_back(Quoted(row.Text));
+        } else if (row.Value == chosen) {
+            refused = Quoted(row.Text);
+        }
+    }
+    if (open.empty()) return {};
+    if (open.size() > most || open.size() == rows.size())
+        return refused.empty() ? L"One of the rows" : L"Not " + refused + L" here";
+    std::wstring text = L"Only ";
+    for (std::size_t i = 0; i < open.size(); ++i)
+        text += (i == 0 ? L"" : i + 1 == open.size() ? L" or " : L", ") + open[i];
+    return text;
+}
+
+std::wstring DescribeList(const ListMeasure& measure) {
+    const auto count = [](int over, const std::wstring& what) {
+        return std::to_wstring(over) + L" " + what + (over == 1 ? L"" : L"s") + L" too many";
+    };
+    if (measure.count > measure.maxCount) return count(measure.count - measure.maxCount, L"row");
+    if (measure.size > measure.maxSize) return count(measure.size - measure.maxSize, L"byte");
+    return {};
 }
 
 std::wstring DescribeBadText(const FieldFormat& format) {

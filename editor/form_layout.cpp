@@ -1,5 +1,7 @@
 #include <algorithm>
 #include <numeric>
+#include <optional>
+#include <utility>
 
 #include "editor/form_rows.h"
 
@@ -7,10 +9,11 @@ namespace Forms {
 
 namespace {
 
-constexpr int MostPerColumn = 24;    // of a grid
-constexpr int WideForm = 3;          // form widths of a form with a list
-constexpr int MostSpacings = 80;     // of a form's height, as a screen of 1080 lines shows it at 150 %
-constexpr int WidestSpacings = 158;  // of its width, as one of 1920 pixels does
+constexpr int MostPerColumn = 24;  // of a grid
+constexpr int WideForm = 3;        // form widths of a form with a list
+constexpr int LeastRows = 3;       // of a list in a form that is too high
+// A form is no higher and no wider, as a screen of 1080 lines at 150 % shows it, where it need not be.
+constexpr UI::Size PlainSpacings{158, 80};
 
 using Cells = std::vector<std::unique_ptr<Cell>>;
 
@@ -26,8 +29,9 @@ UI::Size GetLargest(const Cells& cells) {
 
 class GroupLayout {
 public:
-    GroupLayout(Group& group, const UI::StyleTable& style)
-        : group(group), metrics(style.Metrics), columnGap(style.UncheckedRadio.Gap) {
+    // `most` is the height that a column of a grid may take.
+    GroupLayout(Group& group, const UI::StyleTable& style, int most)
+        : group(group), metrics(style.Metrics), columnGap(style.UncheckedRadio.Gap), most(most) {
         for (const auto& row : group.Rows) {
             labelWidth = std::max(labelWidth, GetLargest(row->Labels).Width);
             if (group.IsAligned && row->Kind == RowKind::Line) WidenColumns(*row, 1);
@@ -95,7 +99,8 @@ private:
                 column += static_cast<std::size_t>(cell->Span);
             }
         } else {
-            width = CountColumns(static_cast<int>(row.Cells.size())) * GetStep(row);
+            const int perColumn = GetMostPerColumn(row);
+            width = (static_cast<int>(row.Cells.size()) + perColumn - 1) / perColumn * GetStep(row);
         }
         return GetIndent(row) + width;
     }
@@ -141,8 +146,12 @@ private:
         return y + height;
     }
 
-    // The columns that the cells need, and what each takes.
-    static int CountColumns(int cells) { return (cells + MostPerColumn - 1) / MostPerColumn; }
+    int GetMostPerColumn(const Row& row) const {
+        const UI::Padding& padding = group.Box.GetStyle().ContentPadding;
+        const int around = group.Box.GetOverhang() + padding.Top + padding.Bottom + metrics.Spacing;
+        return std::clamp((most - around) / (GetLargest(row.Cells).Height + columnGap), 1, MostPerColumn);
+    }
+    // What a column of a grid takes.
     int GetStep(const Row& row) const { return GetLargest(row.Cells).Width + metrics.SmallSpacing; }
 
     int PlaceColumns(const Row& row, int x, int y, int width) const {
@@ -153,8 +162,10 @@ private:
         const int count = static_cast<int>(cells.size());
         const int height = GetLargest(row.Cells).Height;
         const int step = GetStep(row);
-        const int columnCount = std::max(CountColumns(count), row.Kind == RowKind::Columns ? width / step : 1);
-        const int lines = row.Kind == RowKind::Columns ? (count + columnCount - 1) / columnCount : MostPerColumn;
+        const int perColumn = GetMostPerColumn(row);
+        const int least = (count + perColumn - 1) / perColumn;
+        const int columnCount = std::max(least, row.Kind == RowKind::Columns ? width / step : 1);
+        const int lines = row.Kind == RowKind::Columns ? (count + columnCount - 1) / columnCount : perColumn;
         for (int i = 0; i < count; ++i) {
             const int top = y + i % lines * (height + columnGap);
             cells[static_cast<std::size_t>(i)]->Place(x + i / lines * step, top, step, height);
@@ -165,18 +176,19 @@ private:
     Group& group;
     const UI::LayoutMetrics& metrics;
     int columnGap;
+    int most;
     int labelWidth = 0;
     std::vector<int> columns;
 };
 
-// A whole number of form widths, wide enough for all groups.
-int GetGroupWidth(const std::vector<GroupLayout>& layouts, bool isWide, const UI::LayoutMetrics& metrics) {
+// A whole number of form widths, wide enough for all groups; no more than `most` where they don't need it.
+int GetGroupWidth(const std::vector<GroupLayout>& layouts, bool isWide, int most, const UI::LayoutMetrics& metrics) {
     int least = 0;
     for (const GroupLayout& layout : layouts) least = std::max(least, layout.GetLeastWidth());
     int width = metrics.FormWidth;
     if (isWide) width = WideForm * metrics.FormWidth + (WideForm - 1) * metrics.Spacing;
     while (width < least) width += metrics.Spacing + metrics.FormWidth;
-    return width;
+    return std::min(width, std::max(least, most));
 }
 
 bool HasWideCell(const Group& group) {
@@ -206,24 +218,24 @@ int GetTallest(const std::vector<int>& heights, const std::vector<int>& columns)
     return *std::max_element(sums.begin(), sums.end());
 }
 
-// The columns that the groups need so that none is higher than `most`, as far as single groups allow it.
-std::vector<int> Divide(const std::vector<int>& heights, int most) {
-    std::vector<int> columns(heights.size());
-    for (int count = 2; count <= static_cast<int>(heights.size()) && GetTallest(heights, columns) > most; ++count)
-        columns = DivideInto(count, heights);
-    return columns;
-}
-
-// Each column as wide as one of its own would be, or, where that is more than a screen shows, as it needs to be.
+// Each column as wide as one of its own would be, or, where that is more than `most`, as it needs to be, with its share
+// of what is left.
 std::vector<int> GetColumnWidths(const std::vector<GroupLayout>& layouts, const std::vector<int>& columns, int width,
-                                 const UI::LayoutMetrics& metrics) {
+                                 int most, const UI::LayoutMetrics& metrics) {
     std::vector<int> widths(static_cast<std::size_t>(columns.back()) + 1, width);
-    const int gaps = (columns.back() + 2) * metrics.Spacing;
-    if (std::accumulate(widths.begin(), widths.end(), gaps) <= WidestSpacings * metrics.Spacing) return widths;
+    const int gaps = columns.back() * metrics.Spacing;
+    if (std::accumulate(widths.begin(), widths.end(), gaps) <= most) return widths;
     std::fill(widths.begin(), widths.end(), metrics.FormWidth);
     for (std::size_t i = 0; i < layouts.size(); ++i) {
         int& column = widths[static_cast<std::size_t>(columns[i])];
         column = std::max(column, layouts[i].GetLeastWidth());
+    }
+    int left = most - std::accumulate(widths.begin(), widths.end(), gaps);
+    for (std::size_t i = 0; i < widths.size() && left > 0; ++i) {
+        const int share = left / static_cast<int>(widths.size() - i);
+        const int added = std::clamp(width - widths[i], 0, share);
+        widths[i] += added;
+        left -= added;
     }
     return widths;
 }
@@ -248,43 +260,163 @@ bool Row::IsVisible() const {
     return std::any_of(Cells.begin(), Cells.end(), [](const auto& cell) { return cell->IsVisible; });
 }
 
-void LayOut(UI::Window& window, const std::vector<std::unique_ptr<Group>>& groups, const BottomButtons& buttons) {
+namespace {
+
+// How groups stand: the column of each, and the width of each column.
+struct Plan {
+    std::vector<int> Columns;
+    std::vector<int> Widths;
+};
+
+// Finds a place for the groups of a form in the room that there is for them.
+class Planner {
+public:
+    Planner(const UI::Window& window, const Groups& groups, UI::Size room)
+        : metrics(window.GetStyle().Metrics), room(room) {
+        bool isWide = false;
+        for (const auto& group : groups) {
+            if (!group->IsVisible) continue;
+            layouts.emplace_back(*group, window.GetStyle(), room.Height);
+            visible.push_back(group.get());
+            isWide = isWide || HasWideCell(*group);
+        }
+        width = GetGroupWidth(layouts, isWide, room.Width, metrics);
+        ForEachCell([this](const auto& cell) { mostRows = std::max(mostRows, cell->GetRows()); });
+    }
+
+    // Places the groups so that they fit, in as few columns as can be and with as many rows of the lists as can be
+    // then; the lower edge, or none if they don't.
+    std::optional<int> Fit() {
+        for (int count = 1; count == 1 || count <= static_cast<int>(layouts.size()); ++count) {
+            for (int rows = mostRows; rows >= std::min(mostRows, LeastRows); --rows) {
+                LimitRows(rows);
+                plan = MakePlan(count);
+                if (count > 1 && GetWidth() > room.Width) return std::nullopt;
+                if (IsTooHigh()) continue;
+                if (const int bottom = Place(metrics.WindowPadding.Top); bottom <= room.Height) return bottom;
+            }
+        }
+        return std::nullopt;
+    }
+    // As many columns as there is room for, of lists with few rows.
+    void Squeeze() {
+        LimitRows(LeastRows);
+        plan = MakePlan(1);
+        for (int count = 2; count <= static_cast<int>(layouts.size()); ++count) {
+            Plan before = std::exchange(plan, MakePlan(count));
+            if (GetWidth() <= room.Width) continue;
+            plan = std::move(before);
+            return;
+        }
+    }
+    // Places the groups from `top` on; returns where something else can stand below them.
+    int Place(int top) const {
+        std::vector<int> bottoms(plan.Widths.size(), top);
+        for (std::size_t i = 0; i < layouts.size(); ++i) {
+            const auto column = static_cast<std::size_t>(plan.Columns[i]);
+            const int left = metrics.WindowPadding.Left + plan.Columns[i] * metrics.Spacing;
+            const int x = std::accumulate(plan.Widths.begin(), plan.Widths.begin() + plan.Columns[i], left);
+            bottoms[column] = layouts[i].Place(x, bottoms[column], plan.Widths[column]) + metrics.Spacing;
+        }
+        return *std::max_element(bottoms.begin(), bottoms.end());
+    }
+    int GetWidth() const {
+        const int gaps = (static_cast<int>(plan.Widths.size()) - 1) * metrics.Spacing;
+        return std::accumulate(plan.Widths.begin(), plan.Widths.end(), gaps);
+    }
+
+private:
+    template <class Visit>
+    void ForEachCell(const Visit& visit) const {
+        for (const Group* group : visible) {
+            for (const auto& row : group->Rows) std::for_each(row->Cells.begin(), row->Cells.end(), visit);
+        }
+    }
+    void LimitRows(int most) {
+        ForEachCell([most](const auto& cell) { cell->LimitRows(most); });
+        heights.clear();
+        for (const GroupLayout& layout : layouts)
+            heights.push_back(layout.Place(metrics.WindowPadding.Left, 0, width) + metrics.Spacing);
+    }
+    bool IsTooHigh() const {
+        return !layouts.empty() && metrics.WindowPadding.Top + GetTallest(heights, plan.Columns) > room.Height;
+    }
+    Plan MakePlan(int count) const {
+        if (layouts.empty()) return {{}, {width}};
+        Plan made{DivideInto(count, heights), {}};
+        made.Widths = GetColumnWidths(layouts, made.Columns, width, room.Width, metrics);
+        return made;
+    }
+
+    const UI::LayoutMetrics& metrics;
+    UI::Size room;
+    std::vector<GroupLayout> layouts;
+    std::vector<const Group*> visible;
+    int width = 0;
+    int mostRows = 0;  // of any list
+    std::vector<int> heights;
+    Plan plan;
+};
+
+template <class Visit>
+void ForEachControl(const Groups& groups, const Visit& visit) {
+    for (const auto& group : groups) {
+        visit(group->Box);
+        const auto visitAll = [&visit](const auto& cell) {
+            for (UI::Control* control : cell->GetControls()) visit(*control);
+        };
+        for (const auto& row : group->Rows) {
+            std::for_each(row->Labels.begin(), row->Labels.end(), visitAll);
+            std::for_each(row->Cells.begin(), row->Cells.end(), visitAll);
+        }
+    }
+}
+
+}  // namespace
+
+void LayOut(UI::Window& window, const Groups& groups, const BottomButtons& buttons) {
     const UI::LayoutMetrics& metrics = window.GetStyle().Metrics;
     const UI::Padding& padding = metrics.WindowPadding;
-    std::vector<GroupLayout> layouts;
-    bool isWide = false;
-    for (const auto& group : groups) {
-        if (!group->IsVisible) continue;
-        layouts.emplace_back(*group, window.GetStyle());
-        isWide = isWide || HasWideCell(*group);
+    const UI::Size plain{PlainSpacings.Width * metrics.Spacing, PlainSpacings.Height * metrics.Spacing};
+    const UI::Size screen = window.GetRoom().value_or(plain);
+    // What the groups may take of a window of that size.
+    const auto getRoom = [&](int width, int height) {
+        return UI::Size{width - padding.Left - padding.Right, height - metrics.OkButtonHeight - padding.Bottom};
+    };
+    const auto show = [&](const std::optional<UI::Rect>& view) {
+        ForEachControl(groups, [&view](UI::Control& control) { control.SetView(view); });
+    };
+    if (window.IsScrolling()) show(std::nullopt);
+    std::optional<Planner> planner;
+    std::optional<int> bottom;
+    for (const UI::Size& most :
+         {UI::Size{std::min(screen.Width, plain.Width), std::min(screen.Height, plain.Height)}, screen}) {
+        planner.emplace(window, groups, getRoom(most.Width, most.Height));
+        bottom = planner->Fit();
+        if (bottom) break;
     }
-    const int width = GetGroupWidth(layouts, isWide, metrics);
-    std::vector<int> heights;
-    int y = padding.Top;
-    for (const GroupLayout& layout : layouts) {
-        const int top = y;
-        y = layout.Place(padding.Left, top, width) + metrics.Spacing;
-        heights.push_back(y - top);
+    int width = padding.Left + planner->GetWidth() + padding.Right;
+    if (bottom) {
+        window.EndScrolling();
+    } else {
+        const int buttonTop = getRoom(screen.Width, screen.Height).Height;
+        planner.emplace(window, groups, getRoom(screen.Width - metrics.ScrollBarWidth, screen.Height));
+        planner->Squeeze();
+        const int height = planner->Place(padding.Top);
+        width = padding.Left + planner->GetWidth() + padding.Right;
+        const UI::Rect view{0, 0, width, buttonTop - metrics.Spacing};
+        window.BeginScrolling(view, height);
+        planner->Place(padding.Top - window.GetScrollPosition());
+        show(view);
+        bottom = buttonTop;
+        width += metrics.ScrollBarWidth;
     }
-    int right = padding.Left + width;
-    const int around = padding.Top + metrics.OkButtonHeight + padding.Bottom;
-    const int most = MostSpacings * metrics.Spacing - around;
-    if (y - padding.Top > most && !layouts.empty()) {
-        // Where they are too many for the screen they go on in a further column, as the rows of a chooser do.
-        const std::vector<int> columns = Divide(heights, most);
-        const std::vector<int> widths = GetColumnWidths(layouts, columns, width, metrics);
-        std::vector<int> bottoms(widths.size(), padding.Top);
-        for (std::size_t i = 0; i < layouts.size(); ++i) {
-            const auto column = static_cast<std::size_t>(columns[i]);
-            const auto before = widths.begin() + columns[i];
-            const int x = std::accumulate(widths.begin(), before, padding.Left + columns[i] * metrics.Spacing);
-            bottoms[column] = layouts[i].Place(x, bottoms[column], widths[column]) + metrics.Spacing;
-            right = x + widths[column];
-        }
-        y = *std::max_element(bottoms.begin(), bottoms.end());
-    }
-    window.SetClientSize(right + padding.Right,
-                         PlaceButtons(buttons, padding.Left, y, right, metrics) + padding.Bottom);
+    window.SetClientSize(width,
+                         PlaceButtons(buttons, padding.Left, *bottom, width - padding.Right, metrics) + padding.Bottom);
+}
+
+void MoveGroups(const Groups& groups, int by) {
+    ForEachControl(groups, [by](UI::Control& control) { control.SetPosition(control.GetX(), control.GetY() + by); });
 }
 
 }  // namespace Forms

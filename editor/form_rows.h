@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -39,6 +40,11 @@ public:
     // What it needs to be seen whole.
     virtual UI::Size GetLeast() const = 0;
     virtual void Place(int x, int y, int width, int height) = 0;
+    // What it consists of.
+    virtual std::vector<UI::Control*> GetControls() = 0;
+    // Of a list: the rows that it shows, and the most that it may show now.
+    virtual int GetRows() const { return 0; }
+    virtual void LimitRows(int) {}
     virtual void SetVisible(bool visible) = 0;
     virtual void Refresh(const FieldState& state) = 0;
     // The one that a hint and a name are about.
@@ -75,6 +81,9 @@ public:
             least = {std::max(least.Width, size.Width), std::max(least.Height, size.Height)};
         }
         least.Height += (Lines - 1) * Control.GetFont().GetMetrics().Height;
+        if constexpr (std::is_same_v<C, UI::Controls::ComboBox>) {
+            if (ShowsRows) least.Width = std::max(least.Width, GetRowWidth());
+        }
         return least;
     }
     void Place(int x, int y, int width, int height) override { Control.SetRect(x, y, width, height); }
@@ -85,11 +94,21 @@ public:
     }
 
     UI::Control& GetControl() override { return Control; }
+    std::vector<UI::Control*> GetControls() override { return {&Control}; }
 
     C Control;
     std::vector<std::wstring> Sizing;  // the texts that it must show whole
     int Lines = 1;
+    bool ShowsRows = false;                       // a combo box whose rows come and go: as far as there is room
     std::function<void(const FieldState&)> Show;  // null for what looks the same whatever the record holds
+
+private:
+    int GetRowWidth() const {
+        int width = 0;
+        for (int i = 0; i < Control.GetCount(); ++i)
+            width = std::max(width, Control.Measure(Control.GetItemText(i)).Width);
+        return std::min(width, 2 * Control.GetWindow().GetStyle().Metrics.FormWidth);
+    }
 };
 
 class ListCell : public Cell {
@@ -99,17 +118,23 @@ public:
         IsWide = true;
     }
 
-    UI::Size GetLeast() const override { return {Controls.GetMinWidth(), Controls.GetHeight(rows)}; }
+    UI::Size GetLeast() const override {
+        return {Controls.GetMinWidth(), Controls.GetHeight(std::min(rows, mostRows))};
+    }
+    int GetRows() const override { return rows; }
+    void LimitRows(int most) override { mostRows = most; }
     void Place(int x, int y, int width, int height) override { Controls.Place(x, y, width, height); }
     void SetVisible(bool visible) override { Controls.SetVisible(visible); }
     void Refresh(const FieldState& state) override { Editor->Update(state.IsAvailable); }
     UI::Control& GetControl() override { return Controls.ListBox; }
+    std::vector<UI::Control*> GetControls() override { return Controls.GetAll(); }
 
     ListControls Controls;
     std::unique_ptr<ListEditor> Editor;
 
 private:
     int rows;
+    int mostRows = rows;
 };
 
 // How the cells of a row stand: one behind the other; from top to bottom in as many columns as there is room for; or
@@ -143,7 +168,12 @@ struct BottomButtons {
     std::vector<UI::Controls::Button*> Right;
 };
 
-// Places all that is visible, and gives the window the size that it takes.
-void LayOut(UI::Window& window, const std::vector<std::unique_ptr<Group>>& groups, const BottomButtons& buttons);
+using Groups = std::vector<std::unique_ptr<Group>>;
+
+// Places all that is visible, and gives the window the size that it takes. Where the screen has no room for that, lists
+// give up rows, then the groups stand side by side, then they scroll above the buttons.
+void LayOut(UI::Window& window, const Groups& groups, const BottomButtons& buttons);
+// Moves what is visible in the groups down by so many pixels.
+void MoveGroups(const Groups& groups, int by);
 
 }  // namespace Forms

@@ -1,7 +1,5 @@
 #include "editor/group.h"
 
-#include "editor/field_hint.h"
-
 namespace Forms {
 
 using namespace VNT;
@@ -200,6 +198,9 @@ void GroupWriter::Combo(const AnyField& field, Choices choices) {
             if (chosen != ComboBox::NoSelection) field.SetNumber((*shared)[static_cast<std::size_t>(chosen)].Value);
         });
     window.Register(field);
+    cell.Explain = [field, shared](const AnyLimits* limits, const std::wstring&) {
+        return limits ? DescribeRows(*limits, *shared, field.GetNumber()) : std::wstring();
+    };
     cell.Show = [&box = cell.Control, field, shared, others](const FieldState&) {
         const int found = FindValue(*shared, field.GetNumber());
         box.SetSelection(found != ComboBox::NoSelection ? found : others);
@@ -250,6 +251,7 @@ ComboBox& GroupWriter::OpenCombo(Callback chosen) {
     Begin();
     auto& cell = AddCell<ComboBox>(L"");
     cell.Stretches = true;
+    cell.ShowsRows = true;
     cell.Control.AddNotificationHandler(ComboBox::SelectionChanged, std::move(chosen));
     return cell.Control;
 }
@@ -354,6 +356,9 @@ void GroupWriter::Actual(const AnyField& field, const std::wstring& pattern, con
 void GroupWriter::List(std::unique_ptr<ListCell> cell, const ListCaptions& captions) {
     group.Sizing.push_back(String(captions.noRoom).ToWide());
     group.RefreshCaption = [&box = group.Box, &editor = *cell->Editor] { box.SetText(editor.GetCaption().ToWide()); };
+    cell->Explain = [&editor = *cell->Editor](const AnyLimits*, const std::wstring&) {
+        return DescribeList(editor.Measure());
+    };
     Begin();
     last.push_back(cell.get());
     row->Cells.push_back(std::move(cell));

@@ -7,16 +7,14 @@
 
 #include "editor/any_window.h"
 #include "editor/field.h"
+#include "editor/field_hint.h"
 #include "editor/field_text.h"
 #include "model/core/flags.h"
 
 namespace Forms {
 
 // A row of a combo box.
-struct Choice {
-    std::int64_t Value;
-    std::wstring Text;
-};
+using Choice = RowText;
 using Choices = std::vector<Choice>;
 
 template <class Value>

@@ -52,9 +52,11 @@ void ListControls::Place(int x, int y, int width, int height) {
 }
 
 void ListControls::SetVisible(bool visible) {
-    for (Control* control : std::initializer_list<Control*>{&ListBox, &AddButton, &EditButton, &DeleteButton,
-                                                            &DeleteAllButton, &UpButton, &DownButton})
-        control->SetVisible(visible);
+    for (Control* control : GetAll()) control->SetVisible(visible);
+}
+
+std::vector<Control*> ListControls::GetAll() {
+    return {&ListBox, &AddButton, &EditButton, &DeleteButton, &DeleteAllButton, &UpButton, &DownButton};
 }
 
 void RefreshList(ListControls& controls, int select) {

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <utility>
+#include <vector>
 
 #include "model/core/text.h"
 #include "model/edid/captions.h"
@@ -27,6 +28,7 @@ struct ListControls {
     int GetHeight(int rows) const;
     void Place(int x, int y, int width, int height);
     void SetVisible(bool visible);
+    std::vector<UI::Control*> GetAll();
     // Whether the list box has the focus because the button that had it closed: Enter that was meant for the button
     // once more is not one for the form.
     bool IsRefuge() const { return isRefuge && ListBox.HasFocus(); }
@@ -90,6 +92,7 @@ public:
     ListControls& GetControls() { return controls; }
     virtual VNT::String GetCaption() const = 0;
     virtual bool IsWithinLimits() const = 0;
+    virtual VNT::ListMeasure Measure() const = 0;
 
     // Shows what the list holds now.
     void Update(bool enabled);
@@ -148,6 +151,7 @@ public:
     void SetInserter(Inserter inserter) { insert = std::move(inserter); }
     VNT::String GetCaption() const override { return GetListCaption(list, limits(), captions); }
     bool IsWithinLimits() const override { return limits().Contains(list); }
+    VNT::ListMeasure Measure() const override { return limits().Measure(list); }
 
 protected:
     int GetCount() const override { return list.GetCount(); }

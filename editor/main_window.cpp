@@ -145,6 +145,7 @@ void MainWindow::RefreshRow(int index, const std::wstring& text) {
     choice->RemoveItem(index);
     choice->InsertItem(index, text);
     choice->SetSelection(index);
+    RequireLayout();
 }
 
 void MainWindow::ClearSelections() {

@@ -2,9 +2,16 @@
 
 #include <algorithm>
 
+#include "ui/message.h"
 #include "ui/native.h"
 
 namespace UI {
+
+namespace {
+
+int presses = 0;  // of the mouse that are being handled
+
+}  // namespace
 
 Control::Control(Window& window, ControlKind kind, const std::wstring& text, unsigned style)
     : window(window), text(text), style(style), kind(kind) {
@@ -33,18 +40,30 @@ int Control::GetBottom() const { return y + height; }
 bool Control::SetPosition(int newX, int newY) {
     if (!Native::Move(handle, newX, newY)) return false;
     StorePosition(newX, newY);
+    ClipToView();
     return true;
 }
 
 bool Control::SetSize(int newWidth, int newHeight) {
     if (!Native::Resize(handle, newWidth, newHeight)) return false;
     StoreSize(newWidth, newHeight);
+    ClipToView();
     return true;
 }
 
 bool Control::SetRect(int newX, int newY, int newWidth, int newHeight) {
     const bool moved = SetPosition(newX, newY);
     return SetSize(newWidth, newHeight) && moved;
+}
+
+void Control::SetView(const std::optional<Rect>& newView) {
+    if (!view && !newView) return;
+    view = newView;
+    Native::Clip(handle, view);
+}
+
+void Control::ClipToView() {
+    if (view) Native::Clip(handle, view);
 }
 
 bool Control::PlaceAfter(Control& other) {
@@ -97,6 +116,10 @@ void Control::AddNotificationHandler(int code, NotificationHandler handler) {
 }
 
 bool Control::Dispatch(int message, WParam wParam, LParam lParam, MessageResult& result) {
+    // What takes the keys is seen. It doesn't slip away from under a pointer that is about to click it.
+    if (view && (message == Message::SetFocus || message == Message::KeyDown) && presses == 0 &&
+        !Native::IsPointerDown())
+        window.Reveal(*this);
     return DispatchMessageTo(MessageHandlers, ResultHandlers, message, wParam, lParam, result);
 }
 
@@ -107,6 +130,12 @@ bool Control::DispatchNotification(int code) {
 }
 
 MessageResult Control::CallPrevious(int message, WParam wParam, LParam lParam) {
+    struct Press {
+        explicit Press(bool isPress) : count(isPress ? 1 : 0) { presses += count; }
+        ~Press() { presses -= count; }
+        int count;
+    };
+    const Press press(message == Message::LeftButtonDown);
     return Native::CallPrevious(previous, handle, message, wParam, lParam);
 }
 

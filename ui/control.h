@@ -1,6 +1,7 @@
 // The base of all controls: a child window whose messages reach its tables of handlers first.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -37,6 +38,9 @@ public:
     virtual bool SetPosition(int x, int y);
     virtual bool SetSize(int width, int height);
     virtual bool SetRect(int x, int y, int width, int height);
+    // Of a control that scrolls with others: the part of the window's client area in which it shows; null for all.
+    virtual void SetView(const std::optional<Rect>& newView);
+    const std::optional<Rect>& GetView() const { return view; }
     // Puts this control behind the other in the Tab order.
     virtual bool PlaceAfter(Control& other);
     // The text last set or typed; never asks the system.
@@ -93,6 +97,8 @@ public:
     bool IsTabStop() const;
 
 protected:
+    // What shows of the control's own window where it stands now.
+    void ClipToView();
     // Text that the control got by other ways than `SetText`.
     void StoreText(std::wstring newText) { text = std::move(newText); }
     void StorePosition(int newX, int newY);
@@ -113,6 +119,7 @@ private:
     std::wstring text;
     std::wstring name;
     std::wstring hint;
+    std::optional<Rect> view;
     unsigned style;
     HandlerTable<MessageHandler> MessageHandlers;
     HandlerTable<ResultHandler> ResultHandlers;

@@ -24,6 +24,7 @@ bool GroupBox::PlaceEdges(int x, int y, int width, int height) {
 bool GroupBox::SetPosition(int x, int y) {
     if (!PlaceEdges(x, y, GetWidth(), GetHeight())) return false;
     StorePosition(x, y);
+    ClipToView();
     return true;
 }
 
@@ -36,6 +37,7 @@ bool GroupBox::SetSize(int width, int height) {
     sized = bottom.SetSize(width, edge.Bottom) && sized;
     sized = PlaceEdges(GetX(), GetY(), width, height) && sized;
     if (sized) StoreSize(width, height);
+    ClipToView();
     return sized;
 }
 
@@ -52,6 +54,11 @@ void GroupBox::SetVisible(bool visible) {
 void GroupBox::Redraw() {
     Control::Redraw();
     for (Control* edge : GetEdges()) edge->Redraw();
+}
+
+void GroupBox::SetView(const std::optional<Rect>& newView) {
+    Control::SetView(newView);
+    for (Control* edge : GetEdges()) edge->SetView(newView);
 }
 
 bool GroupBox::PlaceAfter(Control& other) {

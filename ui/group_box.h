@@ -22,6 +22,7 @@ public:
     void SetEnabled(bool enabled) override;
     void SetVisible(bool visible) override;
     void Redraw() override;
+    void SetView(const std::optional<Rect>& newView) override;
     bool PlaceAfter(Control& other) override;
 
     // Normal or invalid style: red caption and frame. Position and size are applied again, for the font may differ.

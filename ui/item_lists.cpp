@@ -130,6 +130,7 @@ bool ComboBox::DispatchNotification(int code) {
 bool ComboBox::SetSize(int width, int height) {
     if (!Native::ResizeComboBox(*this, width, height)) return false;
     StoreSize(width, height);
+    ClipToView();
     return true;
 }
 

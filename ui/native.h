@@ -73,6 +73,10 @@ std::optional<Size> GetFrameSize(Size client, unsigned style, unsigned extendedS
 std::optional<Rect> GetWorkArea(Handle handle);
 // The place that the system proposes in a `DpiChanged` message.
 std::optional<Rect> GetProposedPlace(LParam lParam);
+// Shows of a child what stands in `view`, a part of its parent's client area; all of it without one.
+void Clip(Handle handle, const std::optional<Rect>& view);
+// A scroll bar at `place`, or none. Moving it, and turning the wheel over the window, ends in `Window::ScrollTo`.
+void SetScrollBar(Window& window, const std::optional<Rect>& place, const ScrollRange& range);
 
 // State.
 // Sends `Message::SetText`; true when it answered 1. Lines end with "\n" here and in `GetText`.
@@ -92,6 +96,8 @@ void SetTabStop(Handle handle, bool stop);
 bool IsTabStop(Handle handle);
 // One `Message::MouseLeave` will come when the pointer leaves.
 void TrackMouseLeave(Handle handle);
+// Whether the user holds the main button of the mouse down, or has just pressed it.
+bool IsPointerDown();
 // The control's name (`Control::GetName`) or hint (`Control::GetHint`) is another. A screen reader reads the one as its
 // name and the other as its description; the hint also shows when the pointer rests on the control, enabled or not.
 void Describe(Handle handle);

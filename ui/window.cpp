@@ -164,7 +164,55 @@ void Window::Center() {
 
 void Window::StayInWorkArea() {
     const auto area = Native::GetWorkArea(handle);
-    if (area && y + height > area->Bottom) SetPosition(x, std::max(area->Top, area->Bottom - height));
+    if (!area || (y + height <= area->Bottom && x + width <= area->Right)) return;
+    const int left = x + width > area->Right ? std::max(area->Left, area->Right - width) : x;
+    const int top = y + height > area->Bottom ? std::max(area->Top, area->Bottom - height) : y;
+    SetPosition(left, top);
+}
+
+std::optional<Size> Window::GetRoom() const {
+    const auto area = Native::GetWorkArea(parent && !IsVisible() ? parent->handle : handle);
+    const auto frame = Native::GetFrameSize({}, style, extendedStyle, dpi);
+    if (!area || !frame) return std::nullopt;
+    return Size{area->Right - area->Left - frame->Width, area->Bottom - area->Top - frame->Height};
+}
+
+void Window::BeginScrolling(const Rect& newView, int newHeight) {
+    view = newView;
+    scroll.Page = newView.Bottom - newView.Top;
+    scroll.Height = newHeight;
+    scroll.Step = 2 * table.Metrics.ControlHeight;
+    scroll.Position = std::clamp(scroll.Position, 0, scroll.GetLast());
+    const Rect bar{newView.Right, newView.Top, newView.Right + table.Metrics.ScrollBarWidth, newView.Bottom};
+    Native::SetScrollBar(*this, bar, scroll);
+}
+
+void Window::EndScrolling() {
+    if (!view) return;
+    view.reset();
+    scroll = {};
+    Native::SetScrollBar(*this, std::nullopt, scroll);
+}
+
+void Window::ScrollTo(int position) {
+    if (!view) return;
+    const int before = scroll.Position;
+    scroll.Position = std::clamp(position, 0, scroll.GetLast());
+    if (scroll.Position == before) return;
+    BeginScrolling(*view, scroll.Height);
+    Scrolled(before - scroll.Position);
+}
+
+void Window::Reveal(const Control& control) {
+    if (!view || !control.GetView()) return;
+    // With a little of what stands around it.
+    const int above = control.GetY() - table.Metrics.ControlHeight - view->Top;
+    const int below = control.GetBottom() + table.Metrics.ControlHeight - view->Bottom;
+    if (above < 0) {
+        ScrollTo(scroll.Position + above);
+    } else if (below > 0) {
+        ScrollTo(scroll.Position + std::min(above, below));
+    }
 }
 
 void Window::AddMessageHandler(int message, MessageHandler handler) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,16 @@ class Control;
 
 // The backend's icon object.
 struct NativeIcon;
+
+// What a scroll bar stands for: `Page` of `Height` pixels show, from `Position` on; the wheel and the bar's arrows go
+// on by `Step`.
+struct ScrollRange {
+    int Position = 0;
+    int Page = 0;
+    int Height = 0;
+    int Step = 1;
+    int GetLast() const { return Height > Page ? Height - Page : 0; }
+};
 
 class Window {
 public:
@@ -43,8 +54,23 @@ public:
     // On the parent, or in the work area when there is none; all of it within the work area of the parent's monitor, or
     // its left and upper edge when it is larger.
     void Center();
-    // Moves a window that stands in the work area up so far that its lower edge does, too.
+    // Moves a window that stands in the work area up and to the left so far that all of it does.
     void StayInWorkArea();
+    // The largest client area for which the work area has room: of a hidden window that of its parent's monitor.
+    std::optional<Size> GetRoom() const;
+
+    // For what is higher than the screen: the controls that are given `view` (`Control::SetView`) are `height` pixels
+    // in all, and a scroll bar stands at its right. They are placed at `GetScrollPosition`, and moved by `Scrolled`.
+    void BeginScrolling(const Rect& view, int height);
+    void EndScrolling();
+    bool IsScrolling() const { return view.has_value(); }
+    const std::optional<Rect>& GetView() const { return view; }
+    int GetScrollPosition() const { return scroll.Position; }
+    int GetScrollHeight() const { return scroll.Height; }
+    // As far as there is something to show.
+    void ScrollTo(int position);
+    // Scrolls so far that the control shows.
+    void Reveal(const Control& control);
 
     void AddMessageHandler(int message, MessageHandler handler);
     void AddResultHandler(int message, ResultHandler handler);
@@ -79,6 +105,8 @@ public:
 protected:
     // What follows a new style table: the size that the controls need now.
     virtual void LayOutAnew() {}
+    // Moves the controls that have a view down by so many pixels.
+    virtual void Scrolled(int) {}
 
 private:
     friend class Control;
@@ -135,6 +163,8 @@ private:
     std::shared_ptr<NativeIcon> icon;
     std::shared_ptr<NativeIcon> smallIcon;
     StyleTable table;
+    std::optional<Rect> view;
+    ScrollRange scroll;
     HandlerTable<MessageHandler> MessageHandlers;
     HandlerTable<ResultHandler> ResultHandlers;
     HandlerTable<NotificationHandler> NotificationHandlers;

@@ -1,5 +1,6 @@
 #include "editor/displayid_data_block_windows.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "editor/displayid1_data_block_windows.h"
@@ -296,6 +297,31 @@ TEST_F(DisplayIdForm, AContainerIdTakesSixteenBytesAndNoOther) {
         EXPECT_EQ(box.GetText(), L"00 11 22 33 44 55 66 77 88 99 AA BB CC DD EE FF");
     });
     EXPECT_EQ(block.containerId.At(15), 0xFF);
+}
+
+TEST_F(DisplayIdForm, BytesThatAreNoTimingOfAListAreSeenAndCanBeTakenAway) {
+    DisplayId1DetailedResolutionListDataBlock block;
+    block.resolutions.Add(DisplayId1DetailedResolution());
+    block.Extra = Bytes{0x12, 0x34, 0x56};
+    constexpr int bytes = 60;
+    Edit<DisplayId1DetailedResolutionListDataBlockWindow>(block, bytes, [&] {
+        driver.Click(driver.Find<Button>(L"Delete all"));
+        const auto& controls = driver.GetWindow().GetControls();
+        const auto isCaption = [](const Control* control) { return control->GetText().starts_with(L"Hex data ("); };
+        const auto caption = std::find_if(controls.begin(), controls.end(), isCaption);
+        ASSERT_NE(caption, controls.end());
+        EXPECT_TRUE((*caption)->IsVisible());
+        auto& box = driver.Find<TextBox>((*caption)->GetText());
+        EXPECT_EQ(box.GetText(), L"12 34 56");
+        driver.Enter(box, L"");
+        EXPECT_TRUE((*caption)->IsVisible()) << "as long as the form is open";
+    });
+    EXPECT_TRUE(block.resolutions.IsEmpty());
+    EXPECT_TRUE(block.Extra.IsEmpty());
+    Edit<DisplayId1DetailedResolutionListDataBlockWindow>(block, bytes, [&] {
+        for (const Control* control : driver.GetWindow().GetControls())
+            EXPECT_FALSE(control->IsVisible() && control->GetText().starts_with(L"Hex data"));
+    });
 }
 
 }  // namespace

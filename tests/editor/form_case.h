@@ -1,6 +1,7 @@
 // A form with an item to try it on, whatever the item's class is.
 #pragma once
 
+#include <cctype>
 #include <memory>
 #include <set>
 #include <string>
@@ -29,6 +30,18 @@ public:
 };
 
 using FormCases = std::vector<std::shared_ptr<FormCase>>;
+
+// What a test of a case is called.
+struct NameOfCase {
+    template <class Info>
+    std::string operator()(const Info& info) const {
+        std::string name;
+        for (const char c : info.param->name) {
+            if (std::isalnum(static_cast<unsigned char>(c)) != 0) name += c;
+        }
+        return name + std::to_string(info.index);
+    }
+};
 
 // All forms, and all choosers.
 FormCases AllForms();

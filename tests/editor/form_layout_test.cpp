@@ -14,7 +14,10 @@ using UI::Headless::Driver;
 
 class FormLayout : public testing::TestWithParam<int> {
 protected:
-    void SetUp() override { driver.GetSystem().Dpi = GetParam(); }
+    void SetUp() override {
+        driver.GetSystem().Dpi = GetParam();
+        driver.GetSystem().WorkArea = {0, 0, 3840, 2160};
+    }
     // Opens the form, does the steps, and cancels it.
     template <class Form, class Item>
     void Open(Item item, const std::function<void()>& steps) {

@@ -156,15 +156,7 @@ TEST_P(EachForm, CutsNothingOffAndCoversNothing) {
     });
 }
 
-std::string NameOf(const testing::TestParamInfo<Param>& info) {
-    std::string name;
-    for (const char c : info.param->name) {
-        if (std::isalnum(static_cast<unsigned char>(c)) != 0) name += c;
-    }
-    return name + std::to_string(info.index);
-}
-
-INSTANTIATE_TEST_SUITE_P(Forms, EachForm, testing::ValuesIn(AllForms()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Forms, EachForm, testing::ValuesIn(AllForms()), NameOfCase());
 
 class EachChooser : public testing::TestWithParam<Param> {
 protected:
@@ -206,7 +198,7 @@ TEST_P(EachChooser, LeavesTheHolderEmptyWhenItIsCancelled) {
     EXPECT_TRUE(chooser.IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Choosers, EachChooser, testing::ValuesIn(AllChoosers()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Choosers, EachChooser, testing::ValuesIn(AllChoosers()), NameOfCase());
 
 // What a class of windows is called stands in its constructor, as L"...Window".
 std::set<std::string> NamesOfWindowClasses() {

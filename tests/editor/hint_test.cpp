@@ -3,6 +3,7 @@
 #include "editor/field_hint.h"
 #include "editor/resolution_windows.h"
 #include "tests/editor/one_form.h"
+#include "tests/editor/sample_form.h"
 
 namespace {
 
@@ -65,6 +66,59 @@ TEST_F(ResolutionNames, ComeWithTheHeadingOfTheColumn) {
         EXPECT_EQ(Box(L"Active:", 1).GetName(), L"Active Vertical");
         EXPECT_EQ(Box(L"Refresh rate:").GetName(), L"Refresh rate");
         EXPECT_EQ(Combo(L"Timing:").GetName(), L"Timing");
+        Leave();
+    });
+}
+
+TEST(Hint, SaysWhichRowsCanBeChosen) {
+    const std::vector<RowText> rows{{0, L"Red"}, {1, L"Green"}, {2, L"Blue"}, {3, L"Black"}, {9, L"White"}};
+    EXPECT_EQ(DescribeRows(EnumLimits{1}, rows, 3), L"Only \"Red\"");
+    EXPECT_EQ(DescribeRows(EnumLimits{2}, rows, 3), L"Only \"Red\" or \"Green\"");
+    EXPECT_EQ(DescribeRows(EnumLimits{2, {9}}, rows, 3), L"Only \"Red\", \"Green\" or \"White\"");
+    EXPECT_EQ(DescribeRows(ValueLimits{0, 3}, rows, 9), L"Not \"White\" here");
+    EXPECT_EQ(DescribeRows(LongLimits{2, 2}, rows, 0), L"Only \"Blue\"");
+    EXPECT_EQ(DescribeRows(ValueLimits{0, 3}, rows, 7), L"One of the rows") << "what is shown as none of them";
+    EXPECT_EQ(DescribeRows(EnumLimits{}, rows, 1), L"") << "as long as no row can be chosen";
+}
+
+TEST(Hint, SaysHowMuchAListHoldsTooMuch) {
+    EXPECT_EQ(DescribeList({4, 3, 4, 4}), L"1 row too many");
+    EXPECT_EQ(DescribeList({5, 12, 20, 12}), L"8 bytes too many");
+    EXPECT_EQ(DescribeList({3, 3, 12, 12}), L"");
+}
+
+class SampleHints : public TFormTest<Sample::ItemForm> {};
+
+TEST_F(SampleHints, TellWhyAddIsClosed) {
+    item.entries.Add(Sample::Entry());
+    item.entries.Add(Sample::Entry());
+    Run([&] {
+        const auto& add = Named(L"Add...");
+        EXPECT_TRUE(add.IsEnabled());
+        EXPECT_EQ(add.GetHint(), L"");
+        In(Named(L"Add..."), [&] { Confirm(); });
+        EXPECT_FALSE(add.IsEnabled());
+        EXPECT_EQ(add.GetHint(), L"No space left");
+        driver.Click(Named(L"Delete"));
+        EXPECT_TRUE(add.IsEnabled());
+        EXPECT_EQ(add.GetHint(), L"");
+        Leave();
+    });
+}
+
+TEST_F(SampleHints, TellWhyARowAndAListAreRefused) {
+    for (int i = 0; i < 4; ++i) item.entries.Add(Sample::Entry());
+    Run([&] {
+        auto& kind = Combo(L"Kind");
+        driver.Choose(kind, L"Odd");
+        EXPECT_EQ(kind.GetHint(), L"Only \"Plain\" or \"Fancy\"");
+        EXPECT_EQ(Named(L"OK").GetHint(), kind.GetName() + L": " + kind.GetHint());
+        driver.Choose(kind, L"Plain");
+        EXPECT_EQ(kind.GetHint(), L"");
+        const auto& list = driver.Find<UI::Controls::ListBox>(L"Entries (no space left)");
+        EXPECT_EQ(list.GetHint(), L"1 row too many");
+        EXPECT_FALSE(CanConfirm());
+        EXPECT_NE(Named(L"OK").GetHint().find(L"1 row too many"), std::wstring::npos);
         Leave();
     });
 }

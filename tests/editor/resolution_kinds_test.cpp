@@ -180,4 +180,100 @@ TEST_F(ResolutionForm, WithoutRoomForTheItemTheActualRatesGiveWayAndOkIsClosed) 
     look(21, L"(no space left)", false);
 }
 
+TEST_F(ResolutionForm, ANumberThatWasNoneIsPastedAsAnEmptyBox) {
+    EdidDetailedResolution from;
+    Run(from, [&] {
+        driver.Enter(Box(L"Active:", Horizontal), L"x");
+        driver.Enter(Box(L"Pixel clock:"), L"?");
+        Click(L"Copy");
+        EXPECT_EQ(Box(L"Active:", Horizontal).GetText(), L"x") << "stays as it was typed";
+        Leave();
+    });
+    EdidDetailedResolution to;
+    EXPECT_EQ(Run(to,
+                  [&] {
+                      driver.Enter(Box(L"Active:", Horizontal), L"1440");
+                      Click(L"Paste");
+                      for (auto* box : {&Box(L"Active:", Horizontal), &Box(L"Pixel clock:")}) {
+                          EXPECT_EQ(box->GetText(), L"");
+                          EXPECT_FALSE(box->HasValidStyle());
+                      }
+                      EXPECT_FALSE(CanConfirm());
+                      driver.Enter(Box(L"Active:", Horizontal), L"1280");
+                      driver.Enter(Box(L"Pixel clock:"), L"25.2");
+                      EXPECT_TRUE(CanConfirm());
+                      Click(L"OK");
+                  }),
+              IdOk);
+    EXPECT_EQ(to.hactive, 1280);
+}
+
+TEST_F(ResolutionForm, TheOtherFieldsMoveTheFormUpAndLeaveTheFocusOnTheArrow) {
+    const Rect area{0, 0, 1920, 1040};
+    driver.GetSystem().WorkArea = area;
+    DisplayId2DetailedResolution item;
+    Open<DisplayId2DetailedResolutionWindow>(item, [&] {
+        Window& form = driver.GetWindow();
+        form.SetPosition(300, area.Bottom - form.GetHeight());
+        const int top = form.GetY();
+        const int height = form.GetHeight();
+        driver.Find<Button>(L"\u25BC").SetFocus();
+        driver.Press(Key::Space);
+        EXPECT_GT(form.GetHeight(), height);
+        EXPECT_LT(form.GetY(), top);
+        EXPECT_EQ(form.GetX(), 300);
+        EXPECT_EQ(form.GetY() + form.GetHeight(), area.Bottom);
+        EXPECT_TRUE(driver.Find<Button>(L"\u25B2").HasFocus());
+        driver.Press(Key::Space);
+        EXPECT_EQ(form.GetHeight(), height);
+        EXPECT_TRUE(driver.Find<Button>(L"\u25BC").IsVisible());
+        Leave();
+    });
+}
+
+TEST_F(ResolutionForm, TheSyncTypeIsClosedInTheQftCalculator) {
+    EdidDetailedResolution item;
+    item.syncType = EdidDetailedResolutionSyncTypeEnum::AnalogComposite;
+    EXPECT_EQ(Run(item,
+                  [&] {
+                      const ComboBox& type = driver.Find<ComboBox>(L"Sync type:");
+                      EXPECT_TRUE(type.IsEnabled());
+                      Choose(L"QFT calculator");
+                      EXPECT_FALSE(type.IsEnabled());
+                      EXPECT_EQ(type.GetItemText(type.GetSelection()), L"Digital separate");
+                      Choose(L"Manual");
+                      EXPECT_TRUE(type.IsEnabled());
+                      Leave();
+                  }),
+              IdCancel);
+}
+
+TEST_F(ResolutionForm, ExtraBytesBeyondTheirRoomAreRedAndCloseOk) {
+    const auto look = [this](int bytes, const std::function<void(TextBox&)>& steps) {
+        DisplayId2DetailedResolution item;
+        driver.Then([&] {
+            Click(L"\u25BC");
+            steps(Box(L"Extra bytes:"));
+            Leave();
+        });
+        DisplayId2DetailedResolutionWindow(nullptr).Run(item, bytes);
+    };
+    look(22, [&](TextBox& box) {
+        driver.Enter(box, L"01 02");
+        EXPECT_TRUE(box.HasValidStyle());
+        EXPECT_TRUE(CanConfirm());
+        driver.Enter(box, L"01 02 03");
+        EXPECT_FALSE(box.HasValidStyle());
+        EXPECT_TRUE(box.IsEnabled()) << "what is too much can be taken away again";
+        EXPECT_NE(box.GetHint(), L"");
+        EXPECT_FALSE(CanConfirm());
+        driver.Press(Key::Back);
+        driver.Press(Key::Back);
+        driver.Press(Key::Back);
+        EXPECT_TRUE(box.HasValidStyle());
+        EXPECT_TRUE(CanConfirm());
+    });
+    look(20, [](TextBox& box) { EXPECT_FALSE(box.IsEnabled()) << "there is room for none"; });
+}
+
 }  // namespace

@@ -85,6 +85,7 @@ public:
     bool IsValid() const { return ValidityOf(*this, Size).proper; }
     bool IsValidAll() const { return ValidityOf(*this, Size).all; }
     ItemStatus GetStatus() const { return StatusOf(*this, Size); }
+    std::vector<FieldLimits> GetFieldLimits() const { return LimitsOf(*this, Size); }
     bool operator==(const Item&) const = default;
 
     template <class IO>

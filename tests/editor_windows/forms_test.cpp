@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <utility>
 
 #include "editor/all_forms.h"
@@ -126,6 +127,13 @@ std::vector<Scene> GetScenes() {
                                  {"contrast-96", {96, UI::Theme::HighContrast}},
                                  {"light-144", {144, Light}},
                                  {"dark-192", {192, Dark}}};
+    // Of a screen of another size alone: the script has one made, and says so by "SCENE DPI".
+    if (const char* small = std::getenv("VANTELLE_SCREEN")) {
+        static std::string name;
+        int dpi = 0;
+        std::istringstream(small) >> name >> dpi;
+        return {{name.c_str(), {dpi, Light}}};
+    }
     if (GetPictures()) scenes.insert(scenes.end(), std::begin(forPictures), std::end(forPictures));
     return scenes;
 }

@@ -27,15 +27,19 @@ class Digest {
 public:
     Digest() = default;
     explicit Digest(const Control& control) {
+        // Where something stands that nobody sees, and what would be on it, is nothing.
+        if (!control.IsVisible()) return;
         Add(control.GetText());
         AddPlace(control);
-        for (const bool state : {control.IsEnabled(), control.IsVisible(), control.IsTabStop()}) Add(state);
+        for (const bool state : {control.IsEnabled(), control.IsTabStop()}) Add(state);
         AddOwn(control);
     }
     void Add(int number) { sum = sum * 31 + static_cast<std::size_t>(number); }
     void Add(std::wstring_view text) { sum = sum * 31 + std::hash<std::wstring_view>()(text); }
+    // In what scrolls, as if it did not.
     void AddPlace(const Control& control) {
-        for (const int part : {control.GetX(), control.GetY(), control.GetWidth(), control.GetHeight()}) Add(part);
+        const int y = control.GetY() + (control.GetView() ? control.GetWindow().GetScrollPosition() : 0);
+        for (const int part : {control.GetX(), y, control.GetWidth(), control.GetHeight()}) Add(part);
     }
     std::size_t Get() const { return sum; }
 

@@ -20,9 +20,16 @@ inline bool IsFrame(const UI::Control& control) {
     return control.GetKind() == UI::ControlKind::Static && !dynamic_cast<const UI::Controls::Label*>(&control);
 }
 
+// In the client area, or in what scrolls there; what does not scroll stands apart from it.
 inline bool IsInside(const UI::Control& control, const UI::Window& window) {
-    return control.GetX() >= 0 && control.GetY() >= 0 && control.GetRight() <= window.GetClientWidth() &&
-           control.GetBottom() <= window.GetClientHeight();
+    if (control.GetX() < 0 || control.GetRight() > window.GetClientWidth()) return false;
+    if (control.GetView()) {
+        const int top = control.GetY() + window.GetScrollPosition();
+        const bool fits = control.GetRight() <= window.GetView()->Right;
+        return fits && top >= 0 && top + control.GetHeight() <= window.GetScrollHeight();
+    }
+    const int least = window.IsScrolling() ? window.GetView()->Bottom : 0;
+    return control.GetY() >= least && control.GetBottom() <= window.GetClientHeight();
 }
 
 inline bool IsCutOff(const UI::Control& control) {
@@ -78,14 +85,17 @@ inline std::wstring FindMisplaced(const UI::Window& window) {
         if (const auto* box = dynamic_cast<const UI::Controls::GroupBox*>(control)) boxes.push_back(box);
         if (IsFrame(*control)) continue;
         for (const auto* box : boxes) {
+            if (!control->GetView() && box->GetView()) continue;
             if (Crosses(*control, *box)) return Named(*control) + L" covers the frame of " + Named(*box);
         }
         for (const UI::Control* other : seen) {
+            if (control->GetView().has_value() != other->GetView().has_value()) continue;
             if (Overlap(*control, *other)) return Named(*control) + L" covers " + Named(*other);
         }
         seen.push_back(control);
         if (!control->IsTabStop()) continue;
-        if (last && control->GetBottom() <= last->GetY() && control->GetX() <= last->GetX())
+        const bool scrolled = last && last->GetView() && !control->GetView();
+        if (last && !scrolled && control->GetBottom() <= last->GetY() && control->GetX() <= last->GetX())
             return L"Tab goes up from " + Named(*last) + L" to " + Named(*control);
         last = control;
     }

@@ -84,6 +84,7 @@ struct Desktop {
     Handle Focus = nullptr;
     Handle UnderPointer = nullptr;
     bool ShiftDown = false;
+    bool PointerDown = false;
     std::vector<Handle> Loops;  // the innermost last
     std::optional<int> Quit;    // posted, and not yet taken by a loop
     std::deque<std::function<void()>> Script;
@@ -140,6 +141,9 @@ struct NativeWindow {
     int Selected = -1;  // lists
     int Top = 0;        // list box
     std::optional<Headless::Look> Drawn;
+    std::optional<Rect> View;       // of a child: all that shows of its parent's client area
+    std::optional<Rect> ScrollBar;  // of a top-level window
+    ScrollRange Scroll;
 
     bool IsTop() const { return !Parent; }
     NativeWindow& GetTop() { return Parent ? *Parent : *this; }

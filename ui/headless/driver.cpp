@@ -15,6 +15,7 @@ void Clear(Desktop& desktop) {
     desktop.Script.clear();
     desktop.UnderPointer = nullptr;
     desktop.ShiftDown = false;
+    desktop.PointerDown = false;
     desktop.System = {};
     desktop.Messages.clear();
     desktop.FileDialogs.clear();
@@ -123,12 +124,31 @@ bool Driver::PressDialogKey(Key key, Handle target) {
 bool Driver::ReachesPointer(Control& control) {
     RequireInput();
     NativeWindow& window = *control.GetHandle();
-    return &window.GetTop() == GetWindow().GetHandle() && CanTakeInput(window);
+    if (&window.GetTop() != GetWindow().GetHandle() || !CanTakeInput(window)) return false;
+    control.GetWindow().Reveal(control);
+    return true;
+}
+
+bool Driver::IsInView(const Control& control) {
+    const NativeWindow& window = *control.GetHandle();
+    const Rect& place = window.Place;
+    const Size client = Native::GetClientSize(window.Parent);
+    const Rect view = window.View.value_or(Rect{0, 0, client.Width, client.Height});
+    return Native::IsVisible(control.GetHandle()) && place.Left < view.Right && place.Right > view.Left &&
+           place.Top < view.Bottom && place.Bottom > view.Top;
+}
+
+void Driver::TurnWheel(int notches) {
+    RequireInput();
+    Window& window = GetWindow();
+    const NativeWindow& native = *window.GetHandle();
+    if (native.ScrollBar) window.ScrollTo(native.Scroll.Position + notches * native.Scroll.Step);
 }
 
 void Driver::SendMouse(Control& control, int message, int y) {
     // A press before this one may have opened or closed a window.
     if (desktop.Quit || &control.GetWindow() != &GetWindow() || !CanTakeInput(*control.GetHandle())) return;
+    desktop.PointerDown = message == Message::LeftButtonDown;
     Native::Send(control.GetHandle(), message, 0, static_cast<LParam>(y) * 0x10000);
 }
 

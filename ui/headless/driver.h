@@ -39,7 +39,7 @@ public:
     void Press(Key key, Modifier modifier = Modifier::None);
     // With the Control key; `letter` is a capital.
     void PressControl(wchar_t letter);
-    // What is hidden, disabled or behind a modal window takes no click.
+    // What is hidden, disabled or behind a modal window takes no click; to what is out of view the user scrolls.
     void Click(Control& control);
     void DoubleClick(Control& control);
     // An item of a list; a row past the last is the empty space below.
@@ -53,10 +53,14 @@ public:
     // Moves the pointer there, or away from all.
     void Hover(Control& control);
     void MovePointerAway();
+    // Turns the wheel over the window by so many notches, towards the user if they are more than 0.
+    void TurnWheel(int notches);
     void ClickCloseBox();
 
     // The window that takes the input.
     Window& GetWindow() const;
+    // Whether any of the control shows.
+    static bool IsInView(const Control& control);
     // Null when the window itself or nothing has the focus.
     Control* GetFocused() const;
     // What the control was drawn with last. It throws when the control was never drawn.

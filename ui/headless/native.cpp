@@ -197,6 +197,15 @@ std::optional<Rect> GetProposedPlace(LParam lParam) {
     return *reinterpret_cast<const Rect*>(lParam);
 }
 
+void Clip(Handle handle, const std::optional<Rect>& view) {
+    if (NativeWindow* window = GetDesktop().Find(handle)) window->View = view;
+}
+
+void SetScrollBar(Window& window, const std::optional<Rect>& place, const ScrollRange& range) {
+    window.GetHandle()->ScrollBar = place;
+    window.GetHandle()->Scroll = range;
+}
+
 bool SetText(Handle handle, const std::wstring& text) {
     return Send(handle, Message::SetText, 0, reinterpret_cast<LParam>(text.c_str())) == 1;
 }
@@ -254,6 +263,7 @@ bool ShowsFocus(Handle handle) { return handle->GetTop().ShowsFocus; }
 void SetTabStop(Handle handle, bool stop) { handle->IsTabStop = stop; }
 bool IsTabStop(Handle handle) { return handle->IsTabStop; }
 void TrackMouseLeave(Handle handle) { handle->TracksPointer = true; }
+bool IsPointerDown() { return GetDesktop().PointerDown; }
 void Describe(Handle) {}  // a test asks the control
 
 int RunLoop(Handle handle) {

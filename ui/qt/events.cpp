@@ -129,6 +129,8 @@ bool Paint(NativeWindow& window, QObject& watched, QEvent& event) {
     return true;
 }
 
+bool isPress = false;  // while the focus comes by the mouse
+
 // A menu or a list that drops down takes the keys, not the focus.
 bool MovesFocus(const QEvent& event) {
     const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
@@ -162,7 +164,10 @@ bool NativeWindow::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::KeyPress:
             return PressKey(*this, *static_cast<const QKeyEvent*>(event));
         case QEvent::FocusIn:
+            // Qt moves the focus before it tells of the press.
+            isPress = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
             if (MovesFocus(*event)) Ends(*this, Message::SetFocus, 0);
+            isPress = false;
             return false;
         case QEvent::FocusOut:
             if (!MovesFocus(*event)) return false;
@@ -203,6 +208,8 @@ bool NativeWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 namespace Native {
+
+bool IsPointerDown() { return isPress || QGuiApplication::mouseButtons().testFlag(Qt::LeftButton); }
 
 MessageResult CallPrevious(Procedure, Handle handle, int message, WParam wParam, LParam lParam) {
     NativeWindow* window = Find(handle);
