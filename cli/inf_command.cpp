@@ -125,7 +125,8 @@ Bytes EncodeInf(const std::string& text) {
         bytes.Append(Bytes{static_cast<std::uint8_t>(unit % byte), static_cast<std::uint8_t>(unit / byte)});
     };
     append(0xFEFF);
-    for (const char32_t c : String(std::string_view(text)).View()) {
+    const String characters{std::string_view(text)};
+    for (const char32_t c : characters.View()) {
         constexpr char32_t wide = 0x10000, half = 0x400;
         if (c < wide) {
             append(c);
