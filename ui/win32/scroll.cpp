@@ -66,6 +66,8 @@ void Clip(Handle handle, const std::optional<Rect>& view) {
     RECT before{};
     if (isWhole && GetWindowRgnBox(window, &before) == ERROR) return;
     OffsetRect(&shown, -place.left, -place.top);
+    // An empty region is none where the system keeps it as a list of rectangles.
+    if (IsRectEmpty(&shown)) shown = {-1, -1, 0, 0};
     SetWindowRgn(window, isWhole ? nullptr : CreateRectRgnIndirect(&shown), TRUE);
 }
 
