@@ -85,13 +85,11 @@ wine_sample_prefix() {
     scripts/install-stand-ins "$WINEPREFIX" build/windows/bin build/samples/displays
 }
 
-# run_program NAME: runs a test program once, under Wine where it is one for Windows, or the script of that name.
+# run_program NAME: runs a test program once, under Wine with windows/ before its name, or the script of that name.
 run_program() {
-    if [ -f "build/windows/bin/$1.exe" ]; then
-        on_screen 600 wine "build/windows/bin/$1.exe" --gtest_brief=1
-    elif [ -f "build/native/bin/$1" ]; then
-        timeout 600 "build/native/bin/$1" --gtest_brief=1
-    else
-        "scripts/$1"
-    fi
+    case $1 in
+        windows/*) on_screen 600 wine "build/windows/bin/${1#*/}.exe" --gtest_brief=1 ;;
+        *_test) timeout 600 "build/native/bin/$1" --gtest_brief=1 ;;
+        *) "scripts/$1" ;;
+    esac
 }

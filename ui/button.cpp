@@ -30,6 +30,7 @@ void Button::SetEnabled(bool enabled) {
 void Button::SetDefault(bool on) {
     if (on == isDefault) return;
     isDefault = on;
+    Native::Announce(*this, Native::Change::State);
     Redraw();
 }
 

@@ -20,6 +20,7 @@ void AnyCheckControl::SetChecked(bool on) {
     if (on == checked) return;
     Native::SetChecked(GetHandle(), on);
     checked = on;
+    Native::Announce(*this, Native::Change::State);
     Redraw();
 }
 

@@ -80,6 +80,7 @@ bool Control::SetText(const std::wstring& newText) {
     if (newText == text) return true;
     if (!Native::SetText(handle, newText)) return false;
     text = newText;
+    Native::Announce(*this, kind == ControlKind::Edit ? Native::Change::Value : Native::Change::Name);
     Redraw();
     return true;
 }
@@ -90,7 +91,9 @@ bool Control::IsEnabled() const { return Native::IsEnabled(handle); }
 
 void Control::SetEnabled(bool enabled) {
     if (!enabled && HasFocus()) window.SetFocus();
+    const bool changes = IsEnabled() != enabled;
     Native::SetEnabled(handle, enabled);
+    if (changes) Native::Announce(*this, Native::Change::State);
 }
 
 bool Control::HasFocus() const { return Native::GetFocus() == handle; }
@@ -161,13 +164,13 @@ void Control::StoreSize(int newWidth, int newHeight) {
 void Control::SetHint(const std::wstring& newHint) {
     if (newHint == hint) return;
     hint = newHint;
-    Native::Describe(handle);
+    Native::Announce(*this, Native::Change::Hint);
 }
 
 void Control::SetName(const std::wstring& newName) {
     if (newName == name) return;
     name = newName;
-    Native::Describe(handle);
+    Native::Announce(*this, Native::Change::Name);
 }
 
 std::wstring Control::GetName() const {

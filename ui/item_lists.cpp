@@ -52,7 +52,11 @@ int AnyItemList::FindRow(const std::wstring& text, int from) const {
 
 int AnyItemList::GetSelection() const { return Native::GetSelectedItem(*this); }
 
-void AnyItemList::SetSelection(int index) { Native::SetSelectedItem(*this, HasItem(index) ? index : NoSelection); }
+void AnyItemList::SetSelection(int index) {
+    const int before = GetSelection();
+    Native::SetSelectedItem(*this, HasItem(index) ? index : NoSelection);
+    if (GetSelection() != before) Native::AnnounceSelection(*this);
+}
 
 void AnyItemList::AddItem(const std::wstring& text, const Font& itemFont) { InsertItem(GetCount(), text, itemFont); }
 
@@ -124,6 +128,7 @@ ComboBox::ComboBox(Window& window) : AnyItemList(window, ControlKind::ComboBox, 
 
 bool ComboBox::DispatchNotification(int code) {
     if (code == Closed) Redraw();
+    if (code == Native::DroppedDown || code == Closed) Native::Announce(*this, Native::Change::State);
     return AnyItemList::DispatchNotification(code);
 }
 

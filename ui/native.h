@@ -98,9 +98,13 @@ bool IsTabStop(Handle handle);
 void TrackMouseLeave(Handle handle);
 // Whether the user holds the main button of the mouse down, or has just pressed it.
 bool IsPointerDown();
-// The control's name (`Control::GetName`) or hint (`Control::GetHint`) is another. A screen reader reads the one as its
-// name and the other as its description; the hint also shows when the pointer rests on the control, enabled or not.
-void Describe(Handle handle);
+// What is another of a control: a screen reader hears of it. It reads `Control::GetName` as the name and
+// `Control::GetHint` as the description. The hint also shows when the pointer rests on the control, enabled or not.
+enum class Change { Name, Hint, State, Value, Selection };
+void Announce(const Control& control, Change change);
+inline void AnnounceSelection(const Controls::AnyItemList& list) {
+    Announce(list, list.GetKind() == ControlKind::ListBox ? Change::Selection : Change::Value);
+}
 
 // Loop until the next `EndRun`; dialog keys are those of the window. The window is visible while it runs.
 int RunLoop(Handle handle);
@@ -121,6 +125,7 @@ bool RemoveItem(const Controls::AnyItemList& list, int index);
 void ClearItems(const Controls::AnyItemList& list);
 int GetTopItem(Handle listBox);
 void SetTopItem(Handle listBox, int index);
+constexpr int DroppedDown = 7;  // notification of a combo box, before `ComboBox::Closed`
 bool IsDroppedDown(Handle comboBox);
 void SetDroppedDown(Handle comboBox, bool down);
 

@@ -34,6 +34,7 @@ bool TextBox::DispatchNotification(int code) {
     if (code == Changed) {
         if (setting) return false;
         StoreText(Native::GetText(GetHandle()));
+        Native::Announce(*this, Native::Change::Value);
     }
     return AnyHotControl::DispatchNotification(code);
 }

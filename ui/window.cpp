@@ -88,7 +88,10 @@ MessageResult Window::HandleCommand(WParam wParam, LParam lParam) {
     constexpr WParam word = 0x10000;  // the low word is the command's ID, the high word a control's notification
     if (lParam) {
         Control* control = Native::FindControl(reinterpret_cast<Handle>(lParam));
-        if (control && control->DispatchNotification(static_cast<int>(wParam / word % word))) return 0;
+        const auto code = static_cast<int>(wParam / word % word);
+        const auto* list = dynamic_cast<Controls::AnyItemList*>(control);
+        if (list && code == Controls::AnyItemList::SelectionChanged) Native::AnnounceSelection(*list);
+        if (control && control->DispatchNotification(code)) return 0;
     } else if (auto handler = NotificationHandlers.Find(static_cast<int>(wParam % word))) {
         (*handler)();
         return 0;

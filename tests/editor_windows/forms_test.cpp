@@ -14,6 +14,7 @@
 #include "store/load.h"
 #include "store/windows/windows_platform.h"
 #include "tests/editor/form_tour.h"
+#include "tests/editor_windows/misread.h"
 #include "tests/support/window_layout.h"
 #include "ui/session.h"
 #include "ui/win32/picture.h"
@@ -87,6 +88,9 @@ protected:
         EXPECT_EQ(VNT::Testing::FindMisplaced(form), L"") << name;
         // A screen of 1080 lines at 150 % has this much room between title bar and task bar.
         EXPECT_LE(form.GetClientHeight(), 640 * GetParam().Appearance.Dpi / 96) << name;
+        if (reader) {
+            EXPECT_EQ(FindMisread(*reader, form), L"") << name;
+        }
         if (!pictures) return;
         const auto folder = std::filesystem::path(pictures) / GetParam().Name;
         std::filesystem::create_directories(folder);
@@ -96,12 +100,15 @@ protected:
 
     UI::Session session;
     const char* pictures = GetPictures();
+    std::optional<ScreenReader> reader;
 };
 
 }  // namespace
 
 TEST_P(FormsOnScreen, ShowTheirControlsWholeAndApart) {
     const VNT::DisplayList displays = GetDisplays();
+    // What is read is the same at each scale.
+    if (GetParam().Appearance.Dpi == 96) reader.emplace();
     MainWindow window(displays);
     NextStep next;
     FormTour tour([&next](auto step) { next.Set(std::move(step)); },

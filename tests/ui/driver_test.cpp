@@ -107,6 +107,25 @@ TEST(DriverScript, RunsItsNextStepsInTheWindowThatAStepOpens) {
     EXPECT_EQ(driver.CountStepsLeft(), 1u);
 }
 
+TEST(DriverScript, FindsAControlByWhatAScreenReaderCallsIt) {
+    Driver driver;
+    Form form;
+    form.Height.SetName(L"Height of the picture");
+    driver.Then([&] {
+        EXPECT_EQ(&driver.FindNamed<TextBox>(L"Width:"), &form.Width);
+        EXPECT_EQ(&driver.FindNamed<TextBox>(L"Width:", 1), &form.OtherWidth);
+        EXPECT_EQ(&driver.FindNamed<TextBox>(L"Height of the picture"), &form.Height);
+        EXPECT_EQ(&driver.FindNamed<CheckBox>(L"Auto"), &form.Auto);
+        EXPECT_EQ(&driver.FindNamed<Label>(L"Width:"), &form.WidthLabel);
+        EXPECT_EQ(GetError([&] { driver.FindNamed<TextBox>(L"Width:", 2); }), "Nothing is called \"Width:\".");
+        form.Height.SetVisible(false);
+        EXPECT_EQ(GetError([&] { driver.FindNamed<TextBox>(L"Height of the picture"); }),
+                  "Nothing is called \"Height of the picture\".");
+        EndRun(IdOk);
+    });
+    form.Run();
+}
+
 TEST(DriverScript, FailsInputThatNoWindowWouldTake) {
     Driver driver;
     Form form;

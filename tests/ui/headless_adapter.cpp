@@ -27,6 +27,7 @@ int RunWith(UI::Window& window, const Steps& steps) {
 }
 
 void Press(UI::Key key) { GetDriver().Press(key); }
+void Repeat(UI::Key key) { GetDriver().Repeat(key); }
 void PressShiftTab() { GetDriver().Press(UI::Key::Tab, UI::Headless::Modifier::Shift); }
 void PressControlA() { GetDriver().PressControl(L'A'); }
 void Type(std::wstring_view text) { GetDriver().Type(text); }
@@ -46,6 +47,17 @@ bool Shows(const UI::Control& control, UI::Color color) {
     const bool hasMark = look.Checked && look.Frame.Text == color;
     return hasMark || color == look.Frame.Border || color == look.Frame.Background || color == look.Text ||
            color == look.Background;
+}
+
+bool Hears(const UI::Control& control, UI::Native::Change change, const std::function<void()>& action) {
+    bool heard = false;
+    auto& reader = UI::Headless::GetDesktop().Reader;
+    reader = [&](const UI::Control& of, UI::Native::Change what) {
+        heard = heard || (&of == &control && what == change);
+    };
+    action();
+    reader = nullptr;
+    return heard;
 }
 
 void Break(UI::Handle handle) { UI::Headless::Break(*handle); }

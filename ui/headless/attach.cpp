@@ -1,4 +1,5 @@
 // How each class of control looks now: what a backend with a screen would paint.
+#include "ui/closed_box.h"
 #include "ui/headless/desktop.h"
 #include "ui/message.h"
 
@@ -84,6 +85,7 @@ void Attach(Controls::RadioButton& button) {
 void Attach(Controls::ComboBox& box) {
     AttachLook(box, Message::Paint, [&box] {
         Look look = GetFramedLook(box, box.GetStyle().States);
+        look.Text = GetClosedStyle(box.GetStyle(), look.State).Text;
         look.Caption = box.GetItemText(box.GetSelection());
         if (box.IsDroppedDown()) look.Items = GetItemLooks(box);
         return look;

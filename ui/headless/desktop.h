@@ -92,6 +92,8 @@ struct Desktop {
     std::vector<ShownMessage> Messages;
     std::vector<FileDialog> FileDialogs;
     std::deque<FileAnswer> FileAnswers;
+    // Hears of what changes.
+    std::function<void(const Control&, Native::Change)> Reader;
 
     // Null unless `handle` is a window that the system still has.
     NativeWindow* Find(Handle handle) const;

@@ -20,6 +20,7 @@ void Clear(Desktop& desktop) {
     desktop.Messages.clear();
     desktop.FileDialogs.clear();
     desktop.FileAnswers.clear();
+    desktop.Reader = nullptr;
 }
 
 // The character that a key types, or 0.
@@ -101,21 +102,29 @@ void Driver::PressControl(wchar_t letter) {
 void Driver::Press(Key key, Modifier modifier) {
     RequireInput();
     desktop.ShiftDown = modifier == Modifier::Shift;
-    PressKey(key);
+    PressKey(key, false);
     desktop.ShiftDown = false;
 }
 
-void Driver::PressKey(Key key) {
+void Driver::Repeat(Key key) {
+    RequireInput();
+    PressKey(key, true);
+}
+
+void Driver::PressKey(Key key, bool isHeld) {
     const Handle target = desktop.Focus;
-    if (!target || PressDialogKey(key, target)) return;
-    Native::Send(target, Message::KeyDown, static_cast<WParam>(key), 0);
+    if (!target || PressDialogKey(key, target, isHeld)) return;
+    constexpr LParam wasDown = 0x40000000;  // see IsHeld
+    Native::Send(target, Message::KeyDown, static_cast<WParam>(key), isHeld ? wasDown : 0);
     if (const wchar_t c = GetCharacter(key)) Native::Send(target, Message::Char, static_cast<WParam>(c), 0);
-    Native::Send(desktop.Focus, Message::KeyUp, static_cast<WParam>(key), 0);
+    if (!isHeld) Native::Send(desktop.Focus, Message::KeyUp, static_cast<WParam>(key), 0);
 }
 
 // What the modal loop makes of a key before the control sees it.
-bool Driver::PressDialogKey(Key key, Handle target) {
+bool Driver::PressDialogKey(Key key, Handle target, bool isHeld) {
     Window& window = GetWindow();
+    const bool isCommand = key == Key::Return || key == Key::Escape;
+    if (isHeld && isCommand && !DialogKeys::Wants(target, key, DialogCode::WantAllKeys)) return true;
     if (!DialogKeys::Press(window, target, key, desktop.ShiftDown)) return false;
     if (key == Key::Tab && !std::exchange(window.GetHandle()->ShowsFocus, true)) DrawAll(*window.GetHandle());
     return true;
@@ -236,16 +245,30 @@ void Driver::ClickCloseBox() {
     Native::Send(GetWindow().GetHandle(), Message::Close, 0, 0);
 }
 
+namespace {
+
+std::vector<Control*> GetVisible(const Window& window) {
+    std::vector<Control*> visible;
+    std::ranges::copy_if(window.GetControls(), std::back_inserter(visible), &Control::IsVisible);
+    return visible;
+}
+
+}  // namespace
+
+Control& Driver::FindNamedWhere(std::wstring_view name, int nth, const std::function<bool(Control*)>& isWanted) const {
+    for (Control* control : GetVisible(GetWindow())) {
+        if (isWanted(control) && control->GetName() == name && nth-- == 0) return *control;
+    }
+    throw ScriptError(L"Nothing is called \"" + std::wstring(name) + L"\".");
+}
+
 Control& Driver::FindWhere(std::initializer_list<std::wstring_view> path, int nth,
                            const std::function<bool(Control*)>& isWanted) const {
     // What the user reads on a control is its label; what stands in a text box is not.
     const auto reads = [](Control* control, std::wstring_view text) {
         return control->GetText() == text && control->GetKind() != ControlKind::Edit;
     };
-    std::vector<Control*> seen;
-    for (Control* control : GetWindow().GetControls()) {
-        if (control->IsVisible()) seen.push_back(control);
-    }
+    std::vector<Control*> seen = GetVisible(GetWindow());
     auto from = seen.begin();
     const auto goTo = [&](std::wstring_view text) {
         from = std::find_if(from, seen.end(), [&](Control* control) { return reads(control, text); });

@@ -37,6 +37,8 @@ public:
     // Characters for whatever has the focus; "\t" and "\n" are the keys Tab and Enter.
     void Type(std::wstring_view text);
     void Press(Key key, Modifier modifier = Modifier::None);
+    // The key is down still from `Press`, and tells so again.
+    void Repeat(Key key);
     // With the Control key; `letter` is a capital.
     void PressControl(wchar_t letter);
     // What is hidden, disabled or behind a modal window takes no click; to what is out of view the user scrolls.
@@ -80,7 +82,15 @@ public:
         return Find<T>({text}, nth);
     }
 
+    // The visible control of the front window that a screen reader calls so; `nth` counts those of that name.
+    template <class T>
+    T& FindNamed(std::wstring_view name, int nth = 0) const {
+        return static_cast<T&>(
+            FindNamedWhere(name, nth, [](Control* control) { return dynamic_cast<T*>(control) != nullptr; }));
+    }
+
 private:
+    Control& FindNamedWhere(std::wstring_view name, int nth, const std::function<bool(Control*)>& isWanted) const;
     Control& FindWhere(std::initializer_list<std::wstring_view> path, int nth,
                        const std::function<bool(Control*)>& isWanted) const;
     void RequireInput() const;
@@ -88,8 +98,8 @@ private:
     void SendMouse(Control& control, int message, int y = 0);
     void DoubleClickAt(Control& control, int y);
     int ScrollTo(Controls::ListBox& list, int row);
-    void PressKey(Key key);
-    bool PressDialogKey(Key key, Handle target);
+    void PressKey(Key key, bool isHeld);
+    bool PressDialogKey(Key key, Handle target, bool isHeld);
 
     Desktop& desktop;
 };

@@ -264,7 +264,10 @@ void SetTabStop(Handle handle, bool stop) { handle->IsTabStop = stop; }
 bool IsTabStop(Handle handle) { return handle->IsTabStop; }
 void TrackMouseLeave(Handle handle) { handle->TracksPointer = true; }
 bool IsPointerDown() { return GetDesktop().PointerDown; }
-void Describe(Handle) {}  // a test asks the control
+
+void Announce(const Control& control, Change change) {
+    if (const auto& reader = GetDesktop().Reader) reader(control, change);
+}
 
 int RunLoop(Handle handle) {
     Desktop& desktop = GetDesktop();
@@ -344,6 +347,8 @@ void SetDroppedDown(Handle comboBox, bool down) {
     if (comboBox->IsDropped == down) return;
     comboBox->IsDropped = down;
     Headless::Draw(*comboBox);
+    const int code = down ? DroppedDown : Controls::ComboBox::Closed;
+    Send(comboBox->Parent, Message::Command, static_cast<WParam>(code) * 0x10000, reinterpret_cast<LParam>(comboBox));
 }
 
 // Every character is 7/16 of the line's height wide, or half of it in bold and fixed-width faces.

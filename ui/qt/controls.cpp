@@ -40,6 +40,7 @@ public:
     void showPopup() override {
         window.IsDropped = true;
         QComboBox::showPopup();
+        Notify(window, Native::DroppedDown);
     }
     void hidePopup() override {
         QComboBox::hidePopup();

@@ -100,13 +100,17 @@ std::optional<Rect> GetWorkArea(Handle handle) {
 // The desktop scales by itself: it proposes nothing.
 std::optional<Rect> GetProposedPlace(LParam) { return std::nullopt; }
 
-void Describe(Handle handle) {
-    const NativeWindow* window = Find(handle);
-    if (!window || !window->Widget || !window->Control) return;
-    const QString hint = Widgets::ToQt(std::wstring_view(window->Control->GetHint()));
-    window->Widget->setToolTip(hint);
-    window->Widget->setAccessibleDescription(hint);
-    if (const std::wstring& name = window->Control->GetGivenName(); !name.empty())
+// Of all else the widgets tell by themselves.
+void Announce(const Control& control, Change change) {
+    const NativeWindow* window = Find(control.GetHandle());
+    if (!window || !window->Widget) return;
+    if (change == Change::Hint) {
+        const QString hint = Widgets::ToQt(std::wstring_view(control.GetHint()));
+        window->Widget->setToolTip(hint);
+        window->Widget->setAccessibleDescription(hint);
+    }
+    const std::wstring& name = control.GetGivenName();
+    if (change == Change::Name && !name.empty())
         window->Widget->setAccessibleName(Widgets::ToQt(std::wstring_view(name)));
 }
 

@@ -79,17 +79,14 @@ void FollowPointer(HWND window, const MSG& message) {
     SendMessageW(tip.Window, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
 }
 
-}  // namespace Win32
-
-void Native::Describe(Handle handle) {
-    using namespace Win32;
-    HWND window = ToWindow(handle);
+void ShowNewHint(const Control& control) {
+    HWND window = ToWindow(control.GetHandle());
     HWND owner = GetParent(window);
     const auto found = tips.find(owner);
     if (found != tips.end() && found->second.Shown == window && IsWindow(found->second.Window))
-        PointTo(owner, found->second, window, FindControl(handle)->GetHint());
-    for (const DWORD event : {EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_DESCRIPTIONCHANGE})
-        NotifyWinEvent(event, window, OBJID_CLIENT, CHILDID_SELF);
+        PointTo(owner, found->second, window, control.GetHint());
 }
+
+}  // namespace Win32
 
 }  // namespace UI

@@ -44,7 +44,7 @@ static_assert(TextBox::MultiLine == (WS_VSCROLL | WS_TABSTOP | ES_MULTILINE | ES
 
 static_assert(Button::Clicked == BN_CLICKED && AnyCheckControl::Clicked == BN_CLICKED);
 static_assert(AnyItemList::SelectionChanged == LBN_SELCHANGE && AnyItemList::SelectionChanged == CBN_SELCHANGE);
-static_assert(ComboBox::Closed == CBN_CLOSEUP);
+static_assert(Native::DroppedDown == CBN_DROPDOWN && ComboBox::Closed == CBN_CLOSEUP);
 static_assert(ListBox::DoubleClicked == LBN_DBLCLK && AnyItemList::NoSelection == LB_ERR);
 static_assert(TextBox::Changed == EN_CHANGE && TextBox::FocusLost == EN_KILLFOCUS);
 static_assert(Label::Left == (DT_LEFT | DT_VCENTER | DT_SINGLELINE) && Label::Center == (Label::Left | DT_CENTER));

@@ -1,6 +1,7 @@
 // List boxes and combo boxes.
 #include <array>
 
+#include "ui/closed_box.h"
 #include "ui/message.h"
 #include "ui/win32/paint.h"
 
@@ -65,10 +66,7 @@ void DrawArrow(Canvas& canvas, const RECT& area, Color color) {
 
 void DrawClosed(const Controls::ComboBox& box, HDC dc) {
     const ComboBoxStyle& style = box.GetStyle();
-    const StateStyle& state = style.States[box.GetState()];
-    const StateStyle& normal = style.States[ControlState::Normal];
-    // High contrast keeps the normal face in the hot states, where their text could not be read.
-    const bool isPlain = box.IsEnabled() && state.Background == normal.Background;
+    const StateStyle state = GetClosedStyle(style, box.GetState());
     const RECT area = GetClientArea(ToWindow(box.GetHandle()));
     Canvas canvas(dc, area, style.WindowBackground);
     canvas.DrawRounded(area, state);
@@ -84,7 +82,7 @@ void DrawClosed(const Controls::ComboBox& box, HDC dc) {
     text.left = style.TextPadding.Left;
     const int selected = box.GetSelection();
     canvas.DrawString(box.GetItemText(selected), text, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS,
-                      box.GetItemFont(selected), isPlain ? normal.Text : state.Text, state.Background);
+                      box.GetItemFont(selected), state.Text, state.Background);
     if (box.HasFocus() && box.ShowsFocus()) canvas.DrawFocusMark(inside);
     canvas.Show();
 }

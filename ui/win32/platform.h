@@ -41,6 +41,8 @@ void RethrowKept();
 
 // Shows the hint of the control under the pointer as a message of the mouse tells.
 void FollowPointer(HWND window, const MSG& message);
+// Where the hint of the control shows already.
+void ShowNewHint(const Control& control);
 
 // What the modal loop of `window` does with a message.
 void Process(HWND window, MSG& message);

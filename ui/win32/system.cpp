@@ -60,6 +60,17 @@ const Dwm& GetDwm() {
     return found;
 }
 
+const Oleacc& GetOleacc() {
+    static const Oleacc found = [] {
+        Oleacc oleacc;
+        HMODULE library = LoadFromSystemFolder(L"oleacc.dll");
+        Find(library, "CreateStdAccessibleObject", oleacc.CreateStdAccessibleObject);
+        Find(library, "LresultFromObject", oleacc.LresultFromObject);
+        return oleacc;
+    }();
+    return found;
+}
+
 int GetMetric(int index, int dpi) {
     const auto forDpi = GetUser32().GetSystemMetricsForDpi;
     return forDpi ? forDpi(index, static_cast<UINT>(dpi)) : GetSystemMetrics(index);

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "ui/message.h"
-#include "ui/win32/platform.h"
+#include "ui/win32/accessible.h"
 
 namespace UI {
 
@@ -45,6 +45,9 @@ LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPAR
     MessageResult result = 0;
     try {
         if (object->Dispatch(static_cast<int>(message), wParam, lParam, result)) return result;
+        if (message == WM_GETOBJECT) {
+            if (const LRESULT answer = AnswerReader(*object, wParam, lParam)) return answer;
+        }
         return object->CallPrevious(static_cast<int>(message), wParam, lParam);
     } catch (...) {
         KeepException();
@@ -77,6 +80,16 @@ void RethrowKept() {
 }
 
 namespace {
+
+struct LoopLevel {
+    LoopLevel() { ++depth; }
+    LoopLevel(const LoopLevel&) = delete;
+    LoopLevel& operator=(const LoopLevel&) = delete;
+    ~LoopLevel() {
+        if (--depth == 0) DismissReaders();
+    }
+    inline static int depth = 0;
+};
 
 // Enter or Esc that is still down from before, perhaps from the window before: no command for this one. A box of
 // several lines breaks the line again.
@@ -188,6 +201,7 @@ void SetMinimumTrackSize(LParam lParam, Size size) {
 }
 
 int RunLoop(Handle handle) {
+    const LoopLevel level;
     MSG message;
     BOOL got = 0;
     while ((got = GetMessageW(&message, nullptr, 0, 0)) > 0) Process(ToWindow(handle), message);

@@ -7,6 +7,7 @@
 
 #include "ui/controls.h"
 #include "ui/message.h"
+#include "ui/native.h"
 #include "ui/window.h"
 
 namespace Conformance {
@@ -19,6 +20,8 @@ using Steps = std::vector<std::function<void()>>;
 int RunWith(UI::Window& window, const Steps& steps);
 
 void Press(UI::Key key);
+// The key is down still from `Press`, and tells so again.
+void Repeat(UI::Key key);
 void PressShiftTab();
 void PressControlA();
 void Type(std::wstring_view text);
@@ -37,6 +40,9 @@ void ClickCloseBox(UI::Window& window);
 
 // Whether the control, as it was drawn last, has that colour anywhere.
 bool Shows(const UI::Control& control, UI::Color color);
+
+// Whether a screen reader hears of that change of the control while `action` runs.
+bool Hears(const UI::Control& control, UI::Native::Change change, const std::function<void()>& action);
 
 // Destroys a window behind the back of the object that owns it.
 void Break(UI::Handle handle);

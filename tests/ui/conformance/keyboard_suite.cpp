@@ -196,6 +196,45 @@ TEST(Keyboard, SpaceClicksButtonsAndCheckBoxes) {
     EXPECT_FALSE(all.Check.IsChecked()) << "the check state is the form's";
 }
 
+TEST(Keyboard, AHeldKeyGivesOneCommand) {
+    Form form;
+    AllControls& all = form.All;
+    EXPECT_EQ(form.Do([&] {
+        all.Box.SetFocus();
+        for (const Key key : {Key::Return, Key::Escape}) {
+            Press(key);
+            Repeat(key);
+            Repeat(key);
+        }
+        all.Check.SetFocus();
+        Repeat(Key::Return);
+        Repeat(Key::Escape);
+    }),
+              "ok cancel left ");
+    EXPECT_EQ(form.Do([&] {
+        all.Ok.SetFocus();
+        Press(Key::Return);
+        Repeat(Key::Return);
+    }),
+              "button ");
+}
+
+TEST(Keyboard, AHeldKeyGoesOnWhereItIsNoCommand) {
+    Form form;
+    AllControls& all = form.All;
+    all.List.SetSelection(0);
+    form.Do([&] {
+        all.List.SetFocus();
+        Press(Key::Down);
+        Repeat(Key::Down);
+        EXPECT_EQ(all.List.GetSelection(), 2);
+        Press(Key::Tab);
+        EXPECT_TRUE(all.Ok.HasFocus());
+        Repeat(Key::Tab);
+        EXPECT_TRUE(all.Box.HasFocus());
+    });
+}
+
 TEST(Keyboard, FocusMarksComeWithTab) {
     Form form;
     form.Do([&] {

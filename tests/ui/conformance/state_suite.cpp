@@ -145,6 +145,51 @@ TEST(State, AnInvalidTextBoxIsRedAndKeepsItsTextAndFocus) {
     });
 }
 
+TEST(State, HasANameOfTheControlsOwnOrFromWhatItStandsBehind) {
+    TestWindow window;
+    AllControls all(window);
+    EXPECT_EQ(all.Ok.GetName(), L"OK");
+    EXPECT_EQ(all.Check.GetName(), L"Check");
+    EXPECT_EQ(all.Box.GetName(), L"Label:");
+    all.Box.SetText(L"typed");
+    EXPECT_EQ(all.Box.GetName(), L"Label:") << "what stands in it is its value";
+    all.Box.SetName(L"Width");
+    EXPECT_EQ(all.Box.GetName(), L"Width");
+    all.Box.SetName(L"");
+    EXPECT_EQ(all.Box.GetName(), L"Label:");
+    EXPECT_TRUE(all.Label.PlaceAfter(all.Box));
+    EXPECT_EQ(all.Box.GetName(), L"Group");
+    EXPECT_EQ(all.Lines.GetName(), L"Label:");
+}
+
+TEST(State, ABoxThatTurnsRedKeepsAllButItsLooks) {
+    WithOpenWindow([](TestWindow&, AllControls& all) {
+        for (TextBox* box : {&all.Box, &all.Lines}) {
+            int others = 0;
+            for (const int message : {Message::ThemeChanged, Message::SetText})
+                box->AddMessageHandler(message, [&](WParam, LParam) { ++others; });
+            box->SetText(L"abcdef");
+            box->SetFocus();
+            box->Select(2, 4);
+            others = 0;
+            const Rect place = Native::GetWindowPlace(box->GetHandle());
+            const std::wstring name = box->GetName();
+            for (const bool valid : {false, true}) {
+                box->SetValidStyle(valid);
+                int begin = -1;
+                int end = -1;
+                box->GetSelection(begin, end);
+                EXPECT_EQ(begin, 2);
+                EXPECT_EQ(end, 4);
+                EXPECT_EQ(Native::GetWindowPlace(box->GetHandle()), place);
+                EXPECT_EQ(box->GetName(), name);
+                EXPECT_TRUE(box->HasFocus());
+            }
+            EXPECT_EQ(others, 0);
+        }
+    });
+}
+
 TEST(State, OfACheckIsWhatTheProgramSets) {
     TestWindow window;
     CheckBox check(window, L"Check");

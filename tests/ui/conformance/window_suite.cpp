@@ -214,6 +214,72 @@ TEST(Windows, KeepTheirStyleWhenTheDpiChanges) {
     EXPECT_EQ(window.GetStyle(), before);
 }
 
+TEST(Windows, TakeTheStyleOfAnotherDpiAndAreLaidOutAnew) {
+    struct Form : TestWindow {
+        int LaidOut = 0;
+
+    protected:
+        void LayOutAnew() override { ++LaidOut; }
+    };
+    Form window;
+    AllControls all(window);
+    const Theme theme = window.GetStyle().Theme;
+    const int before = window.GetStyle().NormalFont.GetSpec().Height;
+    int laidOut = 0;
+    for (const int dpi : {144, 192, 120, 96}) {
+        SetAppearance(Appearance{dpi, theme});
+        Native::Send(window.GetHandle(), Message::DpiChanged, 0, 0);
+        SetAppearance(std::nullopt);
+        EXPECT_EQ(window.LaidOut, ++laidOut) << dpi;
+        const StyleTable& table = window.GetStyle();
+        EXPECT_TRUE(LooksAlike(table, BuildStyleTable(dpi, theme))) << dpi;
+        EXPECT_EQ(table.NormalFont.GetSpec().Height == before, dpi == 96) << dpi;
+        for (Control* control : all.All()) {
+            const Font& font = control == &all.Lines ? table.MonospaceFont : table.NormalFont;
+            EXPECT_EQ(control->GetFont(), font) << dpi;
+        }
+        EXPECT_EQ(all.Ok.GetStyle(), table.Button) << dpi;
+        EXPECT_EQ(all.List.GetStyle().ItemHeight, table.ListBox.ItemHeight) << dpi;
+        EXPECT_EQ(all.Group.GetStyle().Thickness, table.GroupBox.Thickness) << dpi;
+    }
+    Native::Send(window.GetHandle(), Message::DpiChanged, 0, 0);
+    EXPECT_EQ(window.LaidOut, laidOut) << "the same DPI changes nothing";
+}
+
+TEST(Windows, OnTopOfAnotherOpenInItsThemeAndAtItsPlace) {
+    TestWindow outer;
+    outer.SetPosition(120, 90);
+    for (const Theme theme : {Theme::Dark, Theme::HighContrast, Theme::Light}) {
+        ApplyTheme(outer, BuildStyleTable(outer.GetDpi(), theme));
+        TestWindow inner(&outer, L"ConformanceChild");
+        TextBox box(inner);
+        EXPECT_EQ(inner.GetStyle().Theme, theme);
+        EXPECT_EQ(box.GetStyle().States, outer.GetStyle().TextBox.States);
+    }
+    const std::wstring name = L"ConformanceChild";
+    const UI::Window plain(&outer, name, L"Plain");
+    const Rect place = Native::GetWindowPlace(plain.GetHandle());
+    EXPECT_EQ(place.Left, outer.GetX()) << "on the monitor that gives it its scale";
+    EXPECT_EQ(place.Top, outer.GetY());
+}
+
+TEST(Windows, FollowTheThemeOfTheSystemAtOnce) {
+    TestWindow outer;
+    TestWindow window(&outer, L"ConformanceChild");
+    AllControls all(window);
+    for (const int message : {Message::SettingsChanged, Message::ThemeChanged, Message::SystemColorsChanged}) {
+        for (const Theme theme : {Theme::Dark, Theme::HighContrast, Theme::Light}) {
+            SetAppearance(Appearance{window.GetDpi(), theme});
+            Native::Send(window.GetHandle(), message, 0, 0);
+            SetAppearance(std::nullopt);
+            EXPECT_EQ(window.GetStyle().Theme, theme) << message;
+            EXPECT_EQ(all.Ok.GetStyle(), window.GetStyle().Button) << message;
+            EXPECT_EQ(all.Lines.GetStyle(), window.GetStyle().MonospaceTextBox) << message;
+            EXPECT_EQ(all.Group.GetStyle(), window.GetStyle().GroupBox) << message;
+        }
+    }
+}
+
 TEST(Windows, GiveANewStyleToEachOfTheirControls) {
     TestWindow window;
     AllControls all(window);

@@ -1,6 +1,7 @@
 // The conformance suite's user on Qt's windows: keys and clicks come as from the window system, to the window in front.
 #include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QListView>
 #include <QTest>
 #include <QTimer>
@@ -147,6 +148,12 @@ int RunWith(UI::Window& window, const Steps& steps) {
 }
 
 void Press(UI::Key key) { PressKey(ToQt(key)); }
+void Repeat(UI::Key key) {
+    QKeyEvent event(QEvent::KeyPress, ToQt(key), Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(QApplication::focusWidget(), &event);
+    ProcessAll();
+}
+
 void PressShiftTab() { PressKey(Qt::Key_Backtab, Qt::ShiftModifier); }
 void PressControlA() { PressKey(Qt::Key_A, Qt::ControlModifier); }
 

@@ -1,7 +1,6 @@
-// What only widgets have: keys that are held, the wheel, a moved window, names for screen readers.
+// What only widgets have: the wheel, a moved window, names for screen readers.
 #include <QApplication>
 #include <QComboBox>
-#include <QKeyEvent>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
@@ -26,32 +25,11 @@ protected:
                 }});
     }
 
-    void Repeat(Control& control, Qt::Key key) {
-        for (const bool repeats : {false, true, true}) {
-            QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, QString(), repeats);
-            QApplication::sendEvent(&GetWidget(control), &event);
-        }
-    }
-
     TestWindow window;
     AllControls all{window};
 };
 
 }  // namespace
-
-TEST_F(QtWidgets, GiveACommandOnceWhileItsKeyIsHeld) {
-    int clicks = 0;
-    int commands = 0;
-    all.Ok.AddNotificationHandler(Button::Clicked, [&] { ++clicks; });
-    for (const int id : {IdOk, IdCancel}) window.AddCommandHandler(id, [&] { ++commands; });
-    Do([&] {
-        Repeat(all.Ok, Qt::Key_Return);
-        EXPECT_EQ(clicks, 1);
-        Repeat(all.Box, Qt::Key_Return);
-        Repeat(all.Box, Qt::Key_Escape);
-        EXPECT_EQ(commands, 2);
-    });
-}
 
 TEST_F(QtWidgets, LetTheWheelPassAComboBoxThatHasNotTheFocus) {
     all.Combo.SetSelection(0);

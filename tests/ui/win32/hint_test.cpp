@@ -1,4 +1,4 @@
-// Hints on real windows, what lists tell others of their rows, and held keys.
+// Hints on real windows.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -58,51 +58,6 @@ TEST(Hints, ShowOfTheControlUnderThePointerEnabledOrNot) {
                      },
                      [&] {
                          EXPECT_EQ(GetShownHint(window), L"");
-                         EndRun(IdOk);
-                     }});
-}
-
-TEST(Readers, AreToldTheRowsOfListsAndTheStateOfChecks) {
-    TestWindow window;
-    Controls::ListBox list(window);
-    Controls::ComboBox combo(window);
-    for (Controls::AnyItemList* each :
-         {static_cast<Controls::AnyItemList*>(&list), static_cast<Controls::AnyItemList*>(&combo)}) {
-        each->AddItem(L"first");
-        each->AddItem(L"the second");
-    }
-    combo.SetSelection(1);
-    wchar_t text[64] = {};
-    const auto out = reinterpret_cast<LPARAM>(text);
-    EXPECT_EQ(Tell(list.GetHandle(), LB_GETTEXTLEN, 1), 10);
-    EXPECT_EQ(Tell(list.GetHandle(), LB_GETTEXT, 1, out), 10);
-    EXPECT_STREQ(text, L"the second");
-    EXPECT_EQ(Tell(combo.GetHandle(), CB_GETLBTEXTLEN, 0), 5);
-    EXPECT_EQ(Tell(combo.GetHandle(), CB_GETLBTEXT, 0, out), 5);
-    EXPECT_STREQ(text, L"first");
-    EXPECT_EQ(Tell(combo.GetHandle(), WM_GETTEXT, std::size(text), out), 10);
-    EXPECT_STREQ(text, L"the second");
-    Controls::CheckBox check(window, L"Check");
-    EXPECT_EQ(Tell(check.GetHandle(), BM_GETCHECK), BST_UNCHECKED);
-    check.SetChecked(true);
-    EXPECT_EQ(Tell(check.GetHandle(), BM_GETCHECK), BST_CHECKED);
-}
-
-TEST(Keys, ThatAreHeldGiveOneCommand) {
-    TestWindow window;
-    AllControls all(window);
-    int commands = 0;
-    window.AddCommandHandler(IdOk, [&] { ++commands; });
-    RunWith(window, {[&] {
-                         all.Check.SetFocus();
-                         PostMessageW(ToWindow(all.Check.GetHandle()), WM_KEYDOWN, VK_RETURN, 0x40000001);
-                     },
-                     [&] {
-                         EXPECT_EQ(commands, 0);
-                         PostMessageW(ToWindow(all.Check.GetHandle()), WM_KEYDOWN, VK_RETURN, 1);
-                     },
-                     [&] {
-                         EXPECT_EQ(commands, 1);
                          EndRun(IdOk);
                      }});
 }

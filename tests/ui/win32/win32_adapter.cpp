@@ -137,9 +137,13 @@ void PressWith(int modifier, int key) {
 
 // The system tells of a pointer that left, but not at once.
 void AwaitLeave() {
-    for (int tries = 0; hovered && hovered->IsHot() && tries < 200; ++tries) {
+    constexpr DWORD patience = 20000;  // milliseconds until what does not come is said never to come
+    for (const DWORD begin = GetTickCount(); hovered && hovered->IsHot(); Sleep(1)) {
         ProcessAll();
-        Sleep(10);
+        if (GetTickCount() - begin > patience) {
+            ADD_FAILURE() << "Waited in vain for the system to tell that the pointer left.";
+            break;
+        }
     }
     hovered = nullptr;
 }
@@ -160,6 +164,11 @@ int RunWith(UI::Window& window, const Steps& steps) {
 }
 
 void Press(UI::Key key) { PressWith(0, static_cast<int>(key)); }
+void Repeat(UI::Key key) {
+    constexpr LPARAM wasDown = 0x40000001;
+    Post(GetFocus(), WM_KEYDOWN, static_cast<WPARAM>(key), wasDown);
+}
+
 void PressShiftTab() { PressWith(VK_SHIFT, VK_TAB); }
 void PressControlA() { PressWith(VK_CONTROL, 'A'); }
 
@@ -221,6 +230,50 @@ bool Shows(const UI::Control& control, UI::Color color) {
         }
     }
     return false;
+}
+
+namespace {
+
+struct Heard {
+    HWND Window;
+    DWORD Event;
+    bool Found = false;
+};
+Heard* listening = nullptr;
+
+void CALLBACK Listen(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG, DWORD, DWORD) {
+    // The system tells of some changes as of the whole window.
+    const bool isWhole = object == OBJID_CLIENT || object == OBJID_WINDOW;
+    if (listening && isWhole && window == listening->Window && event == listening->Event) listening->Found = true;
+}
+
+DWORD GetEvent(UI::Native::Change change) {
+    switch (change) {
+        case UI::Native::Change::Name:
+            return EVENT_OBJECT_NAMECHANGE;
+        case UI::Native::Change::Hint:
+            return EVENT_OBJECT_DESCRIPTIONCHANGE;
+        case UI::Native::Change::State:
+            return EVENT_OBJECT_STATECHANGE;
+        case UI::Native::Change::Value:
+            return EVENT_OBJECT_VALUECHANGE;
+        case UI::Native::Change::Selection:
+            return EVENT_OBJECT_SELECTION;
+    }
+    return 0;
+}
+
+}  // namespace
+
+bool Hears(const UI::Control& control, UI::Native::Change change, const std::function<void()>& action) {
+    Heard heard{ToWindow(control.GetHandle()), GetEvent(change)};
+    listening = &heard;
+    HWINEVENTHOOK hook = SetWinEventHook(heard.Event, heard.Event, GetModuleHandleW(nullptr), Listen,
+                                         GetCurrentProcessId(), GetCurrentThreadId(), WINEVENT_INCONTEXT);
+    action();
+    UnhookWinEvent(hook);
+    listening = nullptr;
+    return heard.Found;
 }
 
 void ClickCloseBox(UI::Window& window) { Post(ToWindow(window.GetHandle()), WM_SYSCOMMAND, SC_CLOSE); }

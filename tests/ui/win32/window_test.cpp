@@ -206,6 +206,18 @@ TEST(Frame, GrowsWithTheDpiWhereTheSystemTells) {
     EXPECT_GT(large->Height, normal->Height);
 }
 
+TEST(Frame, GoesWhereTheSystemWantsItAtAnotherDpi) {
+    TestWindow window;
+    const RECT proposed{300, 200, 1000, 700};
+    SetAppearance(Appearance{144, window.GetStyle().Theme});
+    Tell(window.GetHandle(), WM_DPICHANGED, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&proposed));
+    SetAppearance(std::nullopt);
+    EXPECT_EQ(Native::GetWindowPlace(window.GetHandle()), FromRect(proposed));
+    EXPECT_EQ(window.GetX(), 300);
+    EXPECT_EQ(window.GetHeight(), 500);
+    EXPECT_EQ(window.GetStyle().NormalFont.GetSpec().Height, 24);
+}
+
 TEST(Frame, IsThatOfADialogWithACloseBox) {
     TestWindow window;
     HWND handle = ToWindow(window.GetHandle());
