@@ -1,6 +1,7 @@
 // Every form of the editor in the desktop's style. With VANTELLE_PICTURES=FOLDER in the environment a picture of each
 // is left in there.
 #include <QAccessible>
+#include <QApplication>
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -51,6 +52,18 @@ std::string Describe(const UI::Window& form, const UI::Control& control) {
     return {text.begin(), text.end()};
 }
 
+void ExpectRows(QAccessibleInterface& face, const UI::Controls::AnyItemList& list, const std::string& what) {
+    ASSERT_EQ(face.childCount(), list.GetCount()) << what;
+    for (int i = 0; i < list.GetCount(); ++i) {
+        QAccessibleInterface* row = face.child(i);
+        EXPECT_EQ(row->role(), QAccessible::ListItem) << what;
+        EXPECT_EQ(row->text(QAccessible::Name), UI::Widgets::ToQt(list.GetItemText(i))) << what;
+        // That of a combo box is told by its value: the list below is asked for it when it drops down.
+        const bool isDropDown = list.GetKind() == UI::ControlKind::ComboBox;
+        EXPECT_TRUE(isDropDown || row->state().selected == (i == list.GetSelection())) << what;
+    }
+}
+
 void ExpectAccessible(const UI::Window& form) {
     for (const UI::Control* control : form.GetControls()) {
         QWidget* widget = control->GetHandle()->Widget;
@@ -77,12 +90,7 @@ void ExpectAccessible(const UI::Window& form) {
             EXPECT_EQ(state.checked, check->IsChecked()) << what;
         }
         if (const auto* list = dynamic_cast<const UI::Controls::ListBox*>(control)) {
-            ASSERT_EQ(face->childCount(), list->GetCount()) << what;
-            for (int i = 0; i < list->GetCount(); ++i) {
-                QAccessibleInterface* row = face->child(i);
-                EXPECT_EQ(row->text(QAccessible::Name), UI::Widgets::ToQt(list->GetItemText(i))) << what;
-                EXPECT_EQ(row->state().selected, i == list->GetSelection()) << what;
-            }
+            ExpectRows(*face, *list, what);
         }
         if (const auto* box = dynamic_cast<const UI::Controls::TextBox*>(control)) {
             EXPECT_EQ(face->text(QAccessible::Value), UI::Widgets::ToQt(box->GetText())) << what;
@@ -90,14 +98,37 @@ void ExpectAccessible(const UI::Window& form) {
         if (const auto* combo = dynamic_cast<const UI::Controls::ComboBox*>(control)) {
             EXPECT_EQ(face->text(QAccessible::Value), UI::Widgets::ToQt(combo->GetItemText(combo->GetSelection())))
                 << what;
+            // The rows that drop down are a list inside.
+            QAccessibleInterface* rows = face->child(0);
+            ASSERT_TRUE(rows && rows->role() == QAccessible::List) << what;
+            ExpectRows(*rows, *combo, what);
         }
     }
 }
 
+// As desktops have it for eyes that need it.
+QPalette MakeContrastPalette() {
+    QPalette palette(Qt::white, Qt::black, Qt::white, Qt::white, Qt::white, Qt::white, Qt::black);
+    palette.setColor(QPalette::Button, Qt::black);
+    palette.setColor(QPalette::ButtonText, Qt::white);
+    palette.setColor(QPalette::Highlight, Qt::yellow);
+    palette.setColor(QPalette::HighlightedText, Qt::black);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, Qt::green);
+    }
+    return palette;
+}
+
 class FormsInQt : public testing::TestWithParam<UI::Theme> {
 protected:
-    FormsInQt() { UI::SetAppearance(UI::Appearance{96, GetParam()}); }
-    ~FormsInQt() override { UI::SetAppearance(std::nullopt); }
+    FormsInQt() {
+        if (GetParam() == UI::Theme::HighContrast) QApplication::setPalette(MakeContrastPalette());
+        UI::SetAppearance(UI::Appearance{96, GetParam()});
+    }
+    ~FormsInQt() override {
+        QApplication::setPalette(QPalette());
+        UI::SetAppearance(std::nullopt);
+    }
 
     void Look(UI::Window& form, const std::string& name) {
         EXPECT_EQ(VNT::Testing::FindMisplaced(form), L"") << name;
@@ -130,7 +161,12 @@ TEST_P(FormsInQt, ShowTheirControlsWholeApartAndToEveryReader) {
     EXPECT_GT(tour.GetSeen().size(), 30u);
 }
 
-INSTANTIATE_TEST_SUITE_P(In, FormsInQt, testing::Values(UI::Theme::Light, UI::Theme::Dark),
-                         [](const auto& info) { return info.param == UI::Theme::Dark ? "Dark" : "Light"; });
+static std::string NameOf(const testing::TestParamInfo<UI::Theme>& info) {
+    if (info.param == UI::Theme::HighContrast) return "Contrast";
+    return info.param == UI::Theme::Dark ? "Dark" : "Light";
+}
+
+INSTANTIATE_TEST_SUITE_P(In, FormsInQt, testing::Values(UI::Theme::Light, UI::Theme::Dark, UI::Theme::HighContrast),
+                         &NameOf);
 
 }  // namespace Testing
