@@ -113,6 +113,18 @@ TEST_P(Programs, AreLoadedAnywhereAndRunNoData) {
     EXPECT_EQ(headers.FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED, 0);
 }
 
+TEST_P(Programs, TellTheirNameAndVersion) {
+    HMODULE file = LoadLibraryExW((GetProgramFolder() / GetParam()).c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    ASSERT_NE(file, nullptr);
+    HRSRC found = FindResourceW(file, MAKEINTRESOURCEW(VS_VERSION_INFO), RT_VERSION);
+    ASSERT_NE(found, nullptr);
+    const std::wstring_view told(static_cast<const wchar_t*>(LockResource(LoadResource(file, found))),
+                                 SizeofResource(file, found) / sizeof(wchar_t));
+    EXPECT_NE(told.find(GetParam()), told.npos);
+    EXPECT_NE(told.find(L"ProductVersion"), told.npos);
+    FreeLibrary(file);
+}
+
 INSTANTIATE_TEST_SUITE_P(Both, Programs, testing::Values(L"Vantelle.exe", L"vantelle-cli.exe"),
                          [](const auto& info) { return std::string(info.index == 0 ? "Editor" : "CommandLine"); });
 
