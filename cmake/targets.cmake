@@ -45,10 +45,12 @@ function(vantelle_program name description)
         return()
     endif()
     set(program $<TARGET_FILE:${name}>)
+    # On a program for Windows these tools put the time of day, which would make each build another.
+    set(timeless ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0)
     add_custom_command(TARGET ${name} POST_BUILD
-        COMMAND ${CMAKE_OBJCOPY} --only-keep-debug ${program} ${program}.debug
-        COMMAND ${CMAKE_STRIP} ${program}
-        COMMAND ${CMAKE_OBJCOPY} --add-gnu-debuglink=${program}.debug ${program}
+        COMMAND ${timeless} ${CMAKE_OBJCOPY} --only-keep-debug ${program} ${program}.debug
+        COMMAND ${timeless} ${CMAKE_STRIP} ${program}
+        COMMAND ${timeless} ${CMAKE_OBJCOPY} --add-gnu-debuglink=${program}.debug ${program}
         VERBATIM)
 endfunction()
 
