@@ -97,7 +97,7 @@ TEST_P(SmallScreen, HoldsTheMainWindowAndEveryFormWithAllButtons) {
         driver.Choose(driver.Find<ComboBox>(L"Display:"), 1);
         tour.Begin(window, "two");
     });
-    std::cout << "Scroll:" << scrolling << "\n";
+    RecordProperty("scrolling", scrolling);
     EXPECT_GT(tour.GetSeen().size(), 50u);
 }
 
