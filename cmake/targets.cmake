@@ -1,10 +1,10 @@
 # Helpers for the rooms. Sources are found by folder, so that a new item needs no line here or in a CMakeLists.txt.
 
 # vantelle_precompiled_header(KIND HEADER [libraries...]): the precompiled header KIND of cmake/precompiled/HEADER, with the
-# options of the current folder. Only a sanitized build, where every room and test is compiled, has such: the others go
-# without, so that a source which doesn't include what it uses fails there.
+# options of the current folder. Only builds where every room and test is compiled have such, as the sanitized one: the
+# others go without, so that a source which doesn't include what it uses fails there.
 function(vantelle_precompiled_header kind header)
-    if(NOT VANTELLE_SANITIZE)
+    if(NOT VANTELLE_PRECOMPILED)
         return()
     endif()
     set(target vantelle-precompiled-${kind})
@@ -19,7 +19,7 @@ endfunction()
 function(vantelle_precompiled target kind)
     get_target_property(libraries ${target} LINK_LIBRARIES)
     # What stands on Qt is position-independent code, which can't take another's header.
-    if(VANTELLE_SANITIZE AND NOT libraries MATCHES "qt|Qt|app")
+    if(VANTELLE_PRECOMPILED AND NOT libraries MATCHES "qt|Qt|app")
         target_precompile_headers(${target} REUSE_FROM vantelle-precompiled-${kind})
         target_compile_options(${target} PRIVATE -fpch-preprocess)
     endif()

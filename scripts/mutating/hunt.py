@@ -4,9 +4,9 @@ import hashlib
 import json
 import os
 import re
+import resource
 import subprocess
 import sys
-import tempfile
 import time
 from pathlib import Path
 
@@ -14,13 +14,23 @@ import sites as changing
 
 ROOT = Path(__file__).resolve().parents[2]
 WORK = ROOT / 'build' / 'mutants'
+SCRATCH = WORK / 'scratch'  # all that a program with a change can write to
 MUTATED = ['model', 'store']
 LEFT_OUT = ['store/windows/']  # no native test can reach it
-PROGRAMS = ['core', 'timing', 'cta', 'displayid', 'edid', 'store', 'cli', 'golden', 'corpus', 'editor', 'monkey']
-# Where a change is made for good, the programs that are built for it: those of the room, and those that look at all.
-NEAR = {'model/core': ['core', 'timing', 'edid'], 'model/timing': ['timing'], 'model/cta': ['cta'],
-        'model/displayid': ['displayid'], 'model/edid': ['edid'], 'store': ['store']}
-FAR = {'model': ['golden', 'corpus', 'cli', 'editor'], 'store': ['cli', 'editor']}
+SAMPLES = 'samples'  # no test program, but what vantelle-cli says of the sample displays
+# The programs that could notice a change of a room, the likeliest first. A change that is built by itself is built for one
+# after the other; of a table in a source file the facts tell most, and little is built for them.
+FACTS = 'golden'
+NOTICING = {
+    'model/core': ['core', 'timing', FACTS, 'cta', 'edid', 'displayid', 'corpus', SAMPLES],
+    'model/timing': ['timing', FACTS, 'edid', 'cta', 'displayid', 'corpus', SAMPLES],
+    'model/cta': ['cta', FACTS, 'edid', 'displayid', 'corpus', SAMPLES],
+    'model/displayid': ['displayid', FACTS, 'edid', 'corpus', SAMPLES],
+    'model/edid': ['edid', FACTS, 'store', 'corpus', SAMPLES],
+    'store/linux': ['store_linux'],
+    'store': ['store', 'store_linux', SAMPLES],
+}
+PROGRAMS = sorted({p for programs in NOTICING.values() for p in programs})
 MOST_SURVIVE = 0.03
 MOST_NUMBERS = 999983  # below what mutants.h has room for
 EQUIVALENT = Path(__file__).resolve().parent / 'equivalent.txt'
@@ -31,6 +41,10 @@ def tracked_files():
     return [f for f in listed.stdout.split('\n') if f and (ROOT / f).is_file()]
 
 
+def digest(text):
+    return hashlib.sha256(text.encode()).hexdigest()
+
+
 def put(path, text):
     if path.exists() and path.read_bytes() == text:
         return
@@ -39,30 +53,51 @@ def put(path, text):
 
 
 class Tree:
-    """A copy of the sources and its build."""
+    """A copy of the sources and its build: quick to compile and without a look at memory."""
 
-    def __init__(self, name, flags):
-        self.source, self.build, self.flags = WORK / name / 'tree', WORK / name / 'build', flags
+    def __init__(self, name):
+        self.source, self.build = WORK / name / 'tree', WORK / name / 'build'
+        # What a change is taken back to has been compiled before. Not the user's own cache: of the rest nothing is asked for again.
+        self.environment = {**os.environ, 'CCACHE_DIR': str(WORK / 'ccache'), 'CCACHE_MAXSIZE': '3G'}
 
     def copy(self, changed):
-        for name in tracked_files():
+        wanted = tracked_files()
+        for name in wanted:
             put(self.source / name, changed[name].encode() if name in changed else (ROOT / name).read_bytes())
+        gone = {str(f.relative_to(self.source)) for f in self.source.rglob('*') if f.is_file()} - set(wanted)
+        for name in gone:
+            if not name.startswith('build/'):
+                (self.source / name).unlink()
+        shared = self.source.parent / 'shared'
+        if not shared.is_symlink() and (ROOT.parent / 'shared').exists():
+            shared.symlink_to(ROOT.parent / 'shared')
         if not (self.build / 'build.ninja').exists():
             subprocess.run(['cmake', '-S', self.source, '-B', self.build, '-G', 'Ninja', '-DCMAKE_BUILD_TYPE=Debug',
-                            f'-DCMAKE_CXX_FLAGS_DEBUG={self.flags}', '-DCMAKE_CXX_COMPILER_LAUNCHER=', '-DCCACHE=CCACHE-NOTFOUND'],
-                           check=True, capture_output=True)
+                            '-DCMAKE_CXX_FLAGS_DEBUG=-O0 -w', '-DVANTELLE_PRECOMPILED=ON', '-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=gold'],
+                           check=True, capture_output=True, env=self.environment)
 
     def make(self, programs, jobs, seconds):
-        done = subprocess.run(['timeout', str(max(1, int(seconds))), 'ninja', '-C', self.build, '-k', '0', f'-j{jobs}']
-                              + [f'{p}_test' for p in programs], capture_output=True, text=True)
+        targets = [t for p in programs for t in (['vantelle-cli', 'make-samples'] if p == SAMPLES else [f'{p}_test'])]
+        done = subprocess.run(['timeout', str(max(1, int(seconds))), 'ninja', '-C', self.build, '-k', '0', f'-j{jobs}'] + targets,
+                              capture_output=True, text=True, env=self.environment)
         return done.returncode, done.stdout
 
-    def run(self, program, environment, limit):
-        """Whether it passes."""
-        with tempfile.TemporaryDirectory(prefix='vantelle-mutant-') as folder:
-            command = f'ulimit -v 8000000; exec timeout -k 2 {limit:.0f} {self.build}/bin/{program}_test --gtest_brief=1'
-            return subprocess.run(['bash', '-c', command], cwd=folder, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                                  env={**os.environ, 'TMPDIR': folder, 'GTEST_FAIL_FAST': '1', **environment}).returncode == 0
+    def run(self, program, environment, seconds):
+        """Whether it passes within so many seconds of the processor: how busy the machine is doesn't count."""
+        if program == SAMPLES:
+            what = f'{self.source}/scripts/golden --built {self.build}/bin'
+        else:
+            what = f'{self.build}/bin/{program}_test --gtest_brief=1'
+        (self.source / 'build').mkdir(exist_ok=True)
+        SCRATCH.mkdir(exist_ok=True)
+        # A change may write or delete anything, where the program has the right to: it sees no file that it could.
+        command = ' && '.join([
+            f'mount --bind {SCRATCH} {SCRATCH}', 'mount -o remount,bind,ro /',
+            *(f'mount -t tmpfs tmpfs {folder}' for folder in ('/tmp', '/dev/shm', self.source / 'build')), 'cd /tmp',
+            f'ulimit -v 8000000 -t {seconds:.0f}', f'exec timeout -k 2 {60 + 20 * seconds:.0f} {what}'])
+        alone = ['unshare', '--mount'] + ([] if os.geteuid() == 0 else ['--map-root-user'])
+        return subprocess.run(alone + ['bash', '-c', command], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                              env={**os.environ, 'TMPDIR': '/tmp', 'GTEST_FAIL_FAST': '1', **environment}).returncode == 0
 
 
 class Hunt:
@@ -72,40 +107,36 @@ class Hunt:
         self.texts = {f: (ROOT / f).read_text() for f in tracked_files()
                       if f.startswith(tuple(m + '/' for m in MUTATED)) and f.endswith(('.h', '.cpp')) and not f.startswith(tuple(LEFT_OUT))}
         self.sites = [s for f in sorted(self.texts) for s in changing.find_sites(f, self.texts[f])]
-        # By what they are and not by their order, so that a change of one file leaves the others built.
-        for site in self.sites:
-            site.number = int(hashlib.sha256(self.key(site).encode()).hexdigest()[:8], 16) % MOST_NUMBERS
-        self.switched = Tree('switched', f'-O0 -w -include {ROOT}/scripts/mutating/mutants.h')
-        self.plain = Tree('plain', '-O0 -w')
+        self.name_sites()
+        self.switched, self.plain = Tree('switched'), Tree('plain')
         self.reached, self.seconds = {}, {}
         self.is_copied = False
-        self.programs = PROGRAMS
-        state = hashlib.sha256(''.join(f + t for f, t in self.texts.items()).encode()).hexdigest()
         self.notes = WORK / 'found.json'
-        self.found = {}
-        if self.notes.exists() and not options.again:
-            noted = json.loads(self.notes.read_text())
-            # What the tests noticed they notice still; what survived is tried again when anything has changed.
-            self.found = {k: v for k, v in noted['found'].items() if v != 'survived' or noted['state'] == self.tests_state(state)}
-        self.state = self.tests_state(state)
+        # What the tests noticed they notice still; what survived is tried again when anything has changed.
+        self.found = json.loads(self.notes.read_text()) if self.notes.exists() and not options.again else {}
+        self.state = digest(''.join(f + (ROOT / f).read_text(errors='replace') for f in tracked_files()
+                                    if f.startswith(('tests/', 'model/', 'store/', 'samples/')) and f.endswith(('.h', '.cpp', '.txt'))))
 
-    def tests_state(self, state):
-        tests = ''.join(f + (ROOT / f).read_text(errors='replace') for f in tracked_files() if f.startswith('tests/') and f.endswith(('.h', '.cpp', '.txt')))
-        return state + hashlib.sha256(tests.encode()).hexdigest()
-
-    def key(self, site):
-        text = self.texts[site.path]
-        start = text.rfind('\n', 0, site.begin) + 1
-        line = text[start:text.find('\n', site.end)].strip()
-        return f'{site.path} | {line} | {site.begin - start} | {site.kind} {" ".join(site.plain.split())}'
+    def name_sites(self):
+        """By what they are and not by their place, so that a change of one file leaves the others built and drawn."""
+        seen = {}
+        for site in self.sites:
+            text = self.texts[site.path]
+            start = text.rfind('\n', 0, site.begin) + 1
+            line = text[start:text.find('\n', site.end)].strip()
+            key = f'{site.path} | {" ".join(line.split())} | {site.begin - start} | {site.kind} {" ".join(site.plain.split())}'
+            seen[key] = seen.get(key, 0) + 1
+            site.key = key if seen[key] == 1 else f'{key} #{seen[key]}'
+            site.number = int(digest(site.key)[:8], 16) % MOST_NUMBERS
 
     @staticmethod
-    def room_of(site):
-        return next(r for r in NEAR if site.path.startswith(r + '/'))
+    def noticing(site):
+        return NOTICING[next(r for r in NOTICING if site.path.startswith(r + '/'))]
 
     def save(self):
-        self.notes.parent.mkdir(parents=True, exist_ok=True)
-        self.notes.write_text(json.dumps({'state': self.state, 'found': self.found}, indent=0))
+        fresh = self.notes.with_suffix('.new')
+        fresh.write_text(json.dumps(self.found, indent=0))
+        fresh.rename(self.notes)
 
     def left(self):
         return self.deadline - time.time()
@@ -116,11 +147,13 @@ class Hunt:
         refused_file = WORK / 'refused.json'
         refused = set(json.loads(refused_file.read_text())) if refused_file.exists() else set()
         for _ in range(40):
-            changed = {f: changing.with_switches(t, [s for s in self.sites if s.path == f and s.number in wanted and self.key(s) not in refused])
-                       for f, t in self.texts.items()}
+            changed = {}
+            for f, text in self.texts.items():
+                sites = [s for s in self.sites if s.path == f and s.number in wanted and s.has_switch() and s.key not in refused]
+                if sites:
+                    changed[f] = '#include "scripts/mutating/mutants.h"\n#line 1\n' + changing.with_switches(text, sites)
             self.switched.copy(changed)
-            status, output = self.switched.make(self.programs, self.options.jobs, min(self.left(), 1e6))
-            refused_file.write_text(json.dumps(sorted(refused)))
+            status, output = self.switched.make(PROGRAMS, self.options.jobs, min(self.left(), 1e6))
             if status == 0:
                 return True
             if self.left() <= 5:
@@ -128,106 +161,118 @@ class Hunt:
             before = len(refused)
             # The line of the error is to blame, or one that it was come to from.
             for path, line in set(re.findall(r'tree/((?:model|store)/[\w/.]+):(\d+):\d+: error', output)):
-                refused |= {self.key(s) for s in self.sites if s.path == path and s.line == int(line)}
+                refused |= {s.key for s in self.sites if s.path == path and s.line == int(line) and s.number in wanted}
             if len(refused) == before:
                 for path, line in set(re.findall(r'tree/((?:model|store)/[\w/.]+):(\d+):', output)):
-                    refused |= {self.key(s) for s in self.sites if s.path == path and abs(s.line - int(line)) <= 1}
+                    refused |= {s.key for s in self.sites if s.path == path and abs(s.line - int(line)) <= 1 and s.number in wanted}
             if len(refused) == before:
                 sys.exit('the tree with switches does not build:\n' + '\n'.join(output.split('\n')[-60:]))
+            refused_file.write_text(json.dumps(sorted(refused)))
         return False
 
     def look_once(self):
         """Which switches each program comes to, and how long it takes."""
-        for program in self.programs:
-            reached = WORK / f'reached-{program}'
-            begin = time.time()
-            if not self.switched.run(program, {'VANTELLE_REACHED': str(reached)}, 600):
-                sys.exit(f'{program}_test fails without any change')
-            self.seconds[program] = time.time() - begin
-            self.reached[program] = set(map(int, reached.read_text().split()))
+        looked_file = WORK / 'looked.json'
+        looked = json.loads(looked_file.read_text()) if looked_file.exists() else {}
+        for program in PROGRAMS:
+            binary = self.switched.build / 'bin' / ('vantelle-cli' if program == SAMPLES else f'{program}_test')
+            stamp = str(binary.stat().st_mtime_ns) + digest(self.state if program in (SAMPLES, FACTS) else '')
+            if looked.get(program, {}).get('stamp') != stamp:
+                reached = SCRATCH / f'reached-{program}'
+                reached.unlink(missing_ok=True)
+                before = resource.getrusage(resource.RUSAGE_CHILDREN)
+                if not self.switched.run(program, {'VANTELLE_REACHED': str(reached)}, 600):
+                    sys.exit(f'{program} fails without any change')
+                after = resource.getrusage(resource.RUSAGE_CHILDREN)
+                taken = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
+                numbers = sorted(set(map(int, reached.read_text().split()))) if reached.exists() else []
+                looked[program] = {'stamp': stamp, 'seconds': taken, 'reached': numbers}
+                looked_file.write_text(json.dumps(looked))
+            self.seconds[program] = looked[program]['seconds']
+            self.reached[program] = set(looked[program]['reached'])
         print('programs: ' + ', '.join(f'{p} {s:.1f} s' for p, s in self.seconds.items()), flush=True)
 
-    def try_switched(self, site, programs):
-        for program in programs:
-            if not self.switched.run(program, {'VANTELLE_MUTANT': str(site.number)}, 10 + 5 * self.seconds[program]):
-                return f'noticed by {program}_test'
-        return 'survived'
+    def most_seconds(self, program):
+        return 3 + 4 * self.seconds[program]
+
+    def try_switched(self, site):
+        for program in self.noticing(site):
+            if site.number in self.reached[program]:
+                if not self.switched.run(program, {'VANTELLE_MUTANT': str(site.number)}, self.most_seconds(program)):
+                    return f'noticed by {program}'
+        return self.survived()
+
+    def survived(self):
+        return f'survived {self.state}'
 
     def try_plain(self, site):
         text = self.texts[site.path]
-        room = self.room_of(site)
         if not self.is_copied:
             self.plain.copy({})
-            self.plain.make(self.programs, self.options.jobs, min(self.left(), 1e6))
+            if self.plain.make(PROGRAMS, self.options.jobs, min(self.left(), 1e6))[0] != 0:
+                return None
             self.is_copied = True
+        programs = self.noticing(site)
+        if site.path.endswith('.cpp') and FACTS in programs and site.kind in ('constant', 'rows swapped'):
+            programs = sorted(programs, key=lambda p: p != FACTS)
         file = self.plain.source / site.path
         file.write_text(text[:site.begin] + site.plain + text[site.end:])
         try:
-            for programs in (NEAR[room], [] if self.options.near else FAR[room.split('/')[0]]):
-                for program in programs:
-                    status, output = self.plain.make([program], self.options.jobs, min(self.left(), 1e6))
-                    if status != 0:
-                        return 'out of time' if self.left() <= 1 else 'refused by the compiler'
-                    if not self.plain.run(program, {}, 120):
-                        return f'noticed by {program}_test'
-            return 'survived'
+            for program in programs:
+                status, _ = self.plain.make([program], self.options.jobs, min(self.left(), 1e6))
+                if status != 0:
+                    return None if self.left() <= 1 else 'refused by the compiler'
+                if not self.plain.run(program, {}, self.most_seconds(program)):
+                    return f'noticed by {program}'
+            return self.survived()
         finally:
             file.write_text(text)
 
+    def is_switched(self, site):
+        return any(site.number in self.reached[p] for p in self.noticing(site))
+
     def run(self):
-        equivalent = [line.split(' || ')[0] for line in EQUIVALENT.read_text().split('\n') if ' || ' in line]
+        equivalent = {line.split(' || ')[0] for line in EQUIVALENT.read_text().split('\n') if ' || ' in line}
         wanted = tuple(p.rstrip('/') for p in self.options.paths)
-        drawn = [s for s in changing.choose(self.sites, self.options.seed)
-                 if any(s.path == w or s.path.startswith(w + '/') for w in wanted)]
+        drawn = sorted((s for s in self.sites if any(s.path == w or s.path.startswith(w + '/') for w in wanted)),
+                       key=lambda s: digest(f'{self.options.seed} {s.key}'))
         print(f'{len(self.sites)} changes, {len(drawn)} of them in {" ".join(wanted)}', flush=True)
         # Some more than are wanted: not all of them compile.
-        drawn = [s for s in drawn if self.key(s) not in equivalent][:self.options.count * 5 // 4]
-        if self.options.near:
-            near = {p for s in drawn for p in NEAR[self.room_of(s)]}
-            self.programs = [p for p in PROGRAMS if p in near]
+        drawn = [s for s in drawn if s.key not in equivalent][:self.options.count * 5 // 4]
         if not self.build_switched(drawn):
             print('out of time while building; call again')
             return 2
         self.look_once()
-        queue, later = [], []
-        counted = 0
-        for site in drawn:
-            known = self.found.get(self.key(site))
-            if known == 'refused by the compiler':
-                continue
-            counted += 1
-            if counted > self.options.count:
-                break
-            if known is not None:
-                continue
-            programs = sorted((p for p in self.programs if site.number in self.reached[p]), key=lambda p: self.seconds[p])
-            (queue if programs else later).append((site, programs))
+        # What has never been tried comes first, and what has a switch before what must be built.
+        tried = [s for s in drawn if self.found.get(s.key) is None]
+        again = [s for s in drawn if (self.found.get(s.key) or '').startswith('survived') and self.found[s.key] != self.survived()]
         with concurrent.futures.ThreadPoolExecutor(self.options.jobs) as pool:
-            def work(item):
-                if self.left() > 20:
-                    self.found[self.key(item[0])] = self.try_switched(*item)
-            list(pool.map(work, queue))
-        self.save()
-        for site, _ in later:
+            def work(site):
+                if self.left() > 20 and not self.is_enough(drawn, site):
+                    self.found[site.key] = self.try_switched(site)
+                    self.save()
+            list(pool.map(work, [s for s in tried + again if self.is_switched(s)]))
+        for site in [s for s in tried + again if not self.is_switched(s)]:
             if self.left() <= 30:
                 break
-            outcome = self.try_plain(site)
-            if outcome != 'out of time':
-                self.found[self.key(site)] = outcome
+            outcome = None if self.is_enough(drawn, site) else self.try_plain(site)
+            if outcome is not None:
+                self.found[site.key] = outcome
                 self.save()
         return self.report(drawn)
 
+    def is_enough(self, drawn, site):
+        """Whether as many as are wanted stand before it in the order that was drawn, whatever comes of those still to try."""
+        before = drawn[:drawn.index(site)]
+        return sum(self.found.get(s.key) != 'refused by the compiler' for s in before) >= self.options.count
+
     def report(self, drawn):
-        outcomes = []
-        for site in drawn:
-            outcome = self.found.get(self.key(site))
-            if outcome is not None and outcome != 'refused by the compiler':
-                outcomes.append((site, outcome))
-        outcomes = outcomes[:self.options.count]
-        survivors = [s for s, outcome in outcomes if outcome == 'survived']
+        outcomes = [(s, self.found.get(s.key)) for s in drawn if self.found.get(s.key) != 'refused by the compiler'][:self.options.count]
+        outcomes = [(s, outcome) for s, outcome in outcomes if outcome is not None]
+        survivors = [s for s, outcome in outcomes if outcome.startswith('survived')]
         for site in sorted(survivors, key=lambda s: (s.path, s.line)):
             print('survived ' + site.says(self.texts[site.path]))
-            print('    ' + self.key(site))
+            print('    ' + site.key)
         if not outcomes:
             print('nothing tried')
             return 2

@@ -1,5 +1,5 @@
-// Put before every source in a tree of mutants: the switches of the changes. VANTELLE_MUTANT is the one that is on, and
-// VANTELLE_REACHED names a file that gets the numbers of those that were asked for.
+// Included by every source of a tree of mutants that has been changed: the switches of the changes. VANTELLE_MUTANT is the
+// one that is on, and to the file that VANTELLE_REACHED names each process adds the numbers of those it asked for.
 #pragma once
 
 #include <concepts>
@@ -15,7 +15,7 @@ inline bool Reached[Most];
 inline int Active = -2;
 
 inline void SaveReached() {
-    std::FILE* file = std::fopen(std::getenv("VANTELLE_REACHED"), "w");
+    std::FILE* file = std::fopen(std::getenv("VANTELLE_REACHED"), "a");
     if (file == nullptr) return;
     for (int i = 0; i < Most; ++i) {
         if (Reached[i]) std::fprintf(file, "%d\n", i);

@@ -4,7 +4,6 @@ A change that can be switched on at run time is written into the source together
 (`VNT_MUTANT(7)` is true while change 7 is on), so that one build holds them all. Where the compiler has settled the
 value, as in a table, the change has no effect there and is made in the source itself instead (`plain`).
 """
-import random
 import re
 from dataclasses import dataclass
 
@@ -21,6 +20,7 @@ class Site:
     behind: str = ''
     instead: str = ''  # or in place of them; nothing at all where there is no switch
     number: int = 0
+    key: str = ''  # its name, whatever else changes
 
     def has_switch(self):
         return bool(self.before or self.instead)
@@ -54,7 +54,7 @@ OPERATORS = {'<': '<=', '<=': '<', '>': '>=', '>=': '>', '==': '!=', '!=': '==',
 PROXIES = {'<': 'Relation', '<=': 'Relation', '>': 'Relation', '>=': 'Relation', '==': 'Equality', '!=': 'Equality',
            '+': 'Sum', '-': 'Sum', '*': 'Product', '/': 'Product', '%': 'Product'}
 
-SKIPPED_LINE = re.compile(r'static_assert|\boperator\b|^\s*template\b|^\s*using\b|\brequires\b|^\s*namespace\b|'
+SKIPPED_LINE = re.compile(r'static_assert|= (?:default|delete);|\boperator\b|^\s*template\b|^\s*using\b|\brequires\b|^\s*namespace\b|'
                           r'^\s*(class|struct|friend|public|private|protected)\b')
 # An assignment to, or a call of, what is one word: what begins with two words declares something.
 STATEMENT = re.compile(r'^ {4,}(?!return|if|for|while|switch|throw)[\w.:>()\[\]*-]+(?: (?:[-+*/%|&]?=) [^;{}]*|\([^;{}]*\)|\+\+|--);$')
@@ -143,10 +143,3 @@ def with_switches(text, sites):
         out += [text[at:begin], new]
         at = end
     return ''.join(out + [text[at:]])
-
-
-def choose(sites, seed):
-    """In a random order, the same for the same seed."""
-    sites = sorted(sites, key=lambda s: (s.path, s.begin, s.plain))
-    random.Random(seed).shuffle(sites)
-    return sites

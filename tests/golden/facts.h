@@ -1,8 +1,9 @@
-// The facts that the program knows, as texts: one for each file of this folder. They are written down here once more so
-// that a row of a table, a text or a caption can't change unseen.
+// The facts that the program knows, as texts: one for each file of this folder, those of the forms in the one beneath it.
+// They are written down here once more so that a row of a table, a text or a caption can't change unseen.
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace VNT::Testing {
 
@@ -11,24 +12,19 @@ struct FactFile {
     std::string (*print)();
 };
 
+struct Facts {
+    const char* folder;  // in the project
+    std::vector<FactFile> files;
+};
+
+// Those of this program.
+const Facts& GetFacts();
+
 std::string PrintPresetTimings();
 std::string PrintVideoFormats();
 std::string PrintEstablishedResolutions();
 std::string PrintCalculatedTimings();
 std::string PrintVocabularies();
 std::string PrintKinds();
-std::string PrintChoosers();
-std::string PrintForms();
-
-inline constexpr FactFile FactFiles[] = {
-    {"preset_timings.txt", &PrintPresetTimings},
-    {"video_formats.txt", &PrintVideoFormats},
-    {"established_resolutions.txt", &PrintEstablishedResolutions},
-    {"calculated_timings.txt", &PrintCalculatedTimings},
-    {"vocabularies.txt", &PrintVocabularies},
-    {"kinds.txt", &PrintKinds},
-    {"choosers.txt", &PrintChoosers},
-    {"forms.txt", &PrintForms},
-};
 
 }  // namespace VNT::Testing

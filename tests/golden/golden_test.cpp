@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <iterator>
 #include <set>
+#include <sstream>
 
 #include "tests/golden/facts.h"
 #include "tests/support/difference.h"
@@ -12,7 +13,7 @@
 namespace VNT::Testing {
 namespace {
 
-const std::filesystem::path Folder = VANTELLE_SOURCE_DIR "/tests/golden";
+const std::filesystem::path Folder = std::filesystem::path(VANTELLE_SOURCE_DIR) / GetFacts().folder;
 
 std::string ReadFile(const std::filesystem::path& path) {
     std::ifstream file(path);
@@ -49,49 +50,16 @@ std::string NameOf(const testing::TestParamInfo<FactFile>& info) {
     }
     return name;
 }
-INSTANTIATE_TEST_SUITE_P(Facts, EachFactFile, testing::ValuesIn(FactFiles), NameOf);
+INSTANTIATE_TEST_SUITE_P(Facts, EachFactFile, testing::ValuesIn(GetFacts().files), NameOf);
 
 TEST(FactFiles, AreAllThatStandHere) {
     std::set<std::string> known, there;
-    for (const FactFile& facts : FactFiles) known.insert(facts.name);
+    for (const FactFile& facts : GetFacts().files) known.insert(facts.name);
     for (const auto& entry : std::filesystem::directory_iterator(Folder)) {
         if (entry.path().extension() == ".txt" && entry.path().filename() != "CMakeLists.txt")
             there.insert(entry.path().filename().string());
     }
     EXPECT_TRUE(HaveNoDifference(known, there));
-}
-
-// The arrays of texts in the headers of the model, as "Structure::Array".
-std::set<std::string> NamesOfVocabularies() {
-    std::set<std::string> names;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(VANTELLE_SOURCE_DIR "/model")) {
-        if (entry.path().extension() != ".h") continue;
-        std::ifstream file(entry.path());
-        std::string scope;
-        for (std::string line; std::getline(file, line);) {
-            for (const std::string opening : {"struct ", "class "}) {
-                if (line.starts_with(opening))
-                    scope = line.substr(opening.size(), line.find_first_of(" ;", opening.size()) - opening.size());
-            }
-            if (line.starts_with("}")) scope.clear();
-            std::size_t at = line.find("constexpr ValueText<");
-            if (at == std::string::npos) at = line.find("constexpr const char* ");
-            const std::size_t end = line.find("[", at);
-            if (at == std::string::npos || end == std::string::npos) continue;
-            const std::size_t begin = line.find_last_of(" ", end) + 1;
-            names.insert((scope.empty() ? "" : scope + "::") + line.substr(begin, end - begin));
-        }
-    }
-    return names;
-}
-
-TEST(Vocabularies, LeaveNoArrayOfTextsOfTheModelOut) {
-    std::set<std::string> printed;
-    std::istringstream text(PrintVocabularies());
-    for (std::string line; std::getline(text, line);) {
-        if (!line.empty() && line[0] != ' ') printed.insert(line);
-    }
-    EXPECT_TRUE(HaveNoDifference(NamesOfVocabularies(), printed));
 }
 
 }  // namespace

@@ -130,9 +130,14 @@ std::string PrintMainWindow() {
     return out.str();
 }
 
-}  // namespace
-
 std::string PrintForms() { return PrintMainWindow() + PrintAll(AllForms()); }
 std::string PrintChoosers() { return PrintAll(AllChoosers()); }
+
+}  // namespace
+
+const Facts& GetFacts() {
+    static const Facts facts{"tests/golden/forms", {{"choosers.txt", &PrintChoosers}, {"forms.txt", &PrintForms}}};
+    return facts;
+}
 
 }  // namespace VNT::Testing

@@ -1,0 +1,16 @@
+#include "tests/golden/facts.h"
+
+namespace VNT::Testing {
+
+const Facts& GetFacts() {
+    static const Facts facts{"tests/golden",
+                             {{"preset_timings.txt", &PrintPresetTimings},
+                              {"video_formats.txt", &PrintVideoFormats},
+                              {"established_resolutions.txt", &PrintEstablishedResolutions},
+                              {"calculated_timings.txt", &PrintCalculatedTimings},
+                              {"vocabularies.txt", &PrintVocabularies},
+                              {"kinds.txt", &PrintKinds}}};
+    return facts;
+}
+
+}  // namespace VNT::Testing
