@@ -85,7 +85,7 @@ class Tree:
     def run(self, program, environment, seconds):
         """Whether it passes within so many seconds of the processor: how busy the machine is doesn't count."""
         if program == SAMPLES:
-            what = f'{self.source}/scripts/golden --built {self.build}/bin'
+            what = f'bash {self.source}/scripts/golden --built {self.build}/bin'
         else:
             what = f'{self.build}/bin/{program}_test --gtest_brief=1'
         (self.source / 'build').mkdir(exist_ok=True)
@@ -209,8 +209,6 @@ class Hunt:
         text = self.texts[site.path]
         if not self.is_copied:
             self.plain.copy({})
-            if self.plain.make(PROGRAMS, self.options.jobs, min(self.left(), 1e6))[0] != 0:
-                return None
             self.is_copied = True
         programs = self.noticing(site)
         if site.path.endswith('.cpp') and FACTS in programs and site.kind in ('constant', 'rows swapped'):

@@ -1,5 +1,5 @@
-// The facts that the program knows, as texts: one for each file of this folder, those of the forms in the one beneath it.
-// They are written down here once more so that a row of a table, a text or a caption can't change unseen.
+// The facts that the program knows, as texts: one for each file of this folder, those of the forms in the one beneath
+// it. They are written down here once more so that a row of a table, a text or a caption can't change unseen.
 #pragma once
 
 #include <string>
@@ -20,6 +20,7 @@ struct Facts {
 // Those of this program.
 const Facts& GetFacts();
 
+std::string PrintCodePage();
 std::string PrintPresetTimings();
 std::string PrintVideoFormats();
 std::string PrintEstablishedResolutions();

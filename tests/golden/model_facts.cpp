@@ -4,7 +4,8 @@ namespace VNT::Testing {
 
 const Facts& GetFacts() {
     static const Facts facts{"tests/golden",
-                             {{"preset_timings.txt", &PrintPresetTimings},
+                             {{"code_page.txt", &PrintCodePage},
+                              {"preset_timings.txt", &PrintPresetTimings},
                               {"video_formats.txt", &PrintVideoFormats},
                               {"established_resolutions.txt", &PrintEstablishedResolutions},
                               {"calculated_timings.txt", &PrintCalculatedTimings},
