@@ -216,6 +216,12 @@ TEST(HexText, BreaksLinesAndGroups) {
     EXPECT_EQ(HexText(Bytes{1, 2, 3, 4, 5}, format), U"01, 02,\n03, 04,\n05");
 }
 
+TEST(HexText, AGroupMayHaveOneLine) {
+    HexFormat format;
+    format.bytesPerLine = format.linesPerGroup = 1;
+    EXPECT_EQ(HexText(Bytes{1, 2, 3}, format), U"01\n\n02\n\n03");
+}
+
 TEST(HexText, GroupsNeedLines) {
     HexFormat format;
     format.linesPerGroup = 1;

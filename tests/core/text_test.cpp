@@ -111,6 +111,10 @@ TEST(Replace, TenPassesResolveTenStepsBackAndNoMore) {
                                    {U"{k}", U"{j}"}});
     EXPECT_EQ(Replace(U"{j}", ten), U"end");
     EXPECT_EQ(Replace(U"{k}", ten), U"{a}");
+    TextTable toNumber = ten;
+    toNumber.Set(U"{a}", std::int64_t{7});
+    EXPECT_EQ(Replace(U"{j}", toNumber), U"7");
+    EXPECT_EQ(Replace(U"{k}", toNumber), U"{a}");
 }
 
 // The engine goes back to the start after each replacement, so a key that two texts form together counts.

@@ -27,5 +27,6 @@ std::string PrintEstablishedResolutions();
 std::string PrintCalculatedTimings();
 std::string PrintVocabularies();
 std::string PrintKinds();
+std::string PrintFields();
 
 }  // namespace VNT::Testing

@@ -10,7 +10,8 @@ const Facts& GetFacts() {
                               {"established_resolutions.txt", &PrintEstablishedResolutions},
                               {"calculated_timings.txt", &PrintCalculatedTimings},
                               {"vocabularies.txt", &PrintVocabularies},
-                              {"kinds.txt", &PrintKinds}}};
+                              {"kinds.txt", &PrintKinds},
+                              {"fields.txt", &PrintFields}}};
     return facts;
 }
 

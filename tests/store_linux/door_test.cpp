@@ -5,7 +5,9 @@
 #include "model/core/text_string.h"
 #include "store/linux/linux_platform.h"
 #include "store/load.h"
+#include "store/registry_layout.h"
 #include "store/save.h"
+#include "store/values.h"
 #include "tests/store_linux/machine.h"
 
 namespace VNT::Linux::Sample {
@@ -76,6 +78,20 @@ TEST_F(Door, SavesAnOverrideAsAWholeAndReadsItBack) {
     ASSERT_TRUE(display.Save(*platform)) << told.wrong;
     EXPECT_EQ(Differences(before, machine->Snapshot()), "");
     EXPECT_TRUE(Find(L"/DP-2").OverrideData.IsEmpty());
+}
+
+TEST_F(Door, AnOverrideHasAValueForEachBlockAndNoOther) {
+    Display display = Find(L"/DP-2");
+    ASSERT_TRUE(display.SetData(wanted));
+    ASSERT_TRUE(display.Save(*platform)) << told.wrong;
+    const auto set = platform->OpenMonitor(display.InstanceId, false);
+    ASSERT_TRUE(set->EnumDevice(0));
+    const auto device = set->OpenHardwareKey(KeyAccess::Read);
+    std::shared_ptr<RegistryKey> key;
+    ASSERT_EQ(device->OpenKey(RegistryLayout::OverrideKey, KeyAccess::Read, key), SystemErrors::None);
+    std::vector<std::wstring> names;
+    EXPECT_EQ(ListValues(*key, names), SystemErrors::NoMoreItems);
+    EXPECT_EQ(names, (std::vector<std::wstring>{L"0", L"1"}));
 }
 
 TEST_F(Door, TwoEqualMonitorsAreTwoDisplays) {
