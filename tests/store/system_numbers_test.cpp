@@ -62,8 +62,8 @@ TEST(SystemNumbers, StructuresOfTheDriversHaveTheirLayouts) {
     EXPECT_EQ(offsetof(Nvapi::Edid, EDID_Data), 4u);
     EXPECT_EQ(offsetof(Nvapi::Edid, sizeofEDID), 260u);
     EXPECT_EQ(offsetof(Nvapi::Edid, offset), 268u);
-    EXPECT_EQ(offsetof(Adl::AdapterInfo, strDisplayName), 532u);
-    EXPECT_EQ(offsetof(Adl::AdapterInfo, strDriverPathExt), 1052u);
+    EXPECT_EQ(offsetof(Adl::AdapterInfo, strDisplayName), 536u);
+    EXPECT_EQ(offsetof(Adl::AdapterInfo, strDriverPathExt), 1056u);
     EXPECT_EQ(offsetof(Adl::DisplayInfo, iDisplayLogicalAdapterIndex), 8u);
     EXPECT_EQ(offsetof(Adl::DisplayEdidData, iEDIDSize), 8u);
     EXPECT_EQ(offsetof(Adl::DisplayEdidData, cEDIDData), 16u);
