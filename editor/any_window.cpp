@@ -94,9 +94,13 @@ void AnyWindow::SetCaption(UI::Control& control, const String& text, bool availa
 
 void AnyWindow::SetActual(UI::Controls::Label& label, const DecimalFormat& format, const std::wstring& unit,
                           bool enabled, Decimal value) {
-    const bool isNone = value.IsUndefined() || value == Forms::BadDecimal;
-    const std::wstring number = isNone ? L"–" : DecimalToText(value, format).ToWide();
-    label.SetText(enabled ? L"Actual: " + number + L" " + unit : L"(no space left)");
+    std::wstring text = L"(no space left)";
+    if (enabled) {
+        const bool isNone = value.IsUndefined() || value == Forms::BadDecimal;
+        text = L"Actual: ";
+        text.append(isNone ? L"–" : DecimalToText(value, format).ToWide()).append(L" ").append(unit);
+    }
+    label.SetText(text);
 }
 
 Forms::Group& AnyWindow::AddGroup(const std::wstring& caption) {
@@ -307,7 +311,8 @@ void AnyWindow::Explain() {
                     hint = Explain(*row, i, limits);
                     if (first.empty()) first = Join(cell.GetControl().GetName(), hint);
                 }
-                cell.GetControl().SetHint(hint);
+                UI::Control& control = cell.GetControl();
+                if (!hint.empty() || !control.GetHint().empty()) control.SetHint(hint);
             }
         }
     }

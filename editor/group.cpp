@@ -30,6 +30,11 @@ int FindValue(const Choices& choices, std::int64_t value) {
     return FindRow(choices, [value](const Choice& choice) { return choice.Value == value; });
 }
 
+// Choosing what is chosen would draw the box all the same.
+void Choose(ComboBox& box, int row) {
+    if (box.GetSelection() != row) box.SetSelection(row);
+}
+
 void AddChoice(TControlCell<ComboBox>& cell, const std::wstring& text) {
     cell.Control.AddItem(text);
     cell.Sizing.push_back(text);
@@ -93,9 +98,9 @@ void GroupWriter::BeginRow(const std::wstring& label) {
 
 void GroupWriter::RadioRow(const AnyField& field, std::int64_t value, const std::wstring& text) {
     BeginRow(RowKind::Line);
-    const auto isOpen = [form = &window, name = field.Name] { return form->IsAvailable(name); };
-    AddRadio(row->Labels, field, value, text).VisibleIf = isOpen;
-    AddTo<UI::Controls::Label>(row->Labels, text, text).VisibleIf = [isOpen] { return !isOpen(); };
+    auto& radio = AddRadio(row->Labels, field, value, text);
+    radio.VisibleIf = [form = &window, name = field.Name] { return form->IsAvailable(name); };
+    AddTo<UI::Controls::Label>(row->Labels, text, text).VisibleIf = [&radio] { return !radio.IsVisible; };
     last.clear();
 }
 
@@ -203,7 +208,7 @@ void GroupWriter::Combo(const AnyField& field, Choices choices) {
     };
     cell.Show = [&box = cell.Control, field, shared, others](const FieldState&) {
         const int found = FindValue(*shared, field.GetNumber());
-        box.SetSelection(found != ComboBox::NoSelection ? found : others);
+        Choose(box, found != ComboBox::NoSelection ? found : others);
     };
 }
 
@@ -241,7 +246,7 @@ void GroupWriter::ComboOther(const AnyField& field, Choices choices, const std::
             others->isChosen = false;
         }
         shown = value;
-        box.SetSelection(others->isChosen ? other : found);
+        Choose(box, others->isChosen ? other : found);
     };
     number.VisibleIf = [others] { return others->isChosen; };
     last.push_back(&cell);

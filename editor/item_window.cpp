@@ -1,5 +1,32 @@
 #include "editor/item_window.h"
 
+#include <algorithm>
+
+namespace {
+
+// Most names differ in their first letter.
+bool IsName(const char* name, std::string_view wanted) {
+    for (const char c : wanted) {
+        if (*name++ != c) return false;
+    }
+    return *name == '\0';
+}
+
+}  // namespace
+
+const VNT::FieldStatus* ItemWindow::Status::Find(std::string_view field) const {
+    const std::vector<VNT::FieldStatus>& all = status.Fields();
+    if (field.empty()) return nullptr;
+    const auto front = static_cast<unsigned char>(field.front());
+    const auto back = static_cast<unsigned char>(field.back());
+    std::uint8_t& place = places[(field.size() + 5U * front + 11U * back) % places.size()];
+    if (place < all.size() && IsName(all[place].name, field)) return &all[place];
+    const auto found = std::find_if(all.begin(), all.end(), [field](const auto& of) { return IsName(of.name, field); });
+    if (found == all.end()) return nullptr;
+    place = static_cast<std::uint8_t>(found - all.begin());
+    return &*found;
+}
+
 void ItemWindow::Update() {
     Build();
     if (!isOpen) KeepOpened();
@@ -18,19 +45,20 @@ bool ItemWindow::HasRoom(std::string_view field) const {
 
 bool ItemWindow::IsBlocked() {
     const bool fits = status.IsProper("Size") && status.IsProper("size");
-    return (!fits || !status.IsValidAll()) && IsChanged();
+    return (!fits || !status.Get().IsValidAll()) && IsChanged();
 }
 
 Forms::FieldState ItemWindow::GetFieldState(std::string_view field) const {
-    const bool isProper = status.IsProper(field);
-    const bool closesOk = AllowsUnsound() ? !status.IsAll(field) : !isProper;
+    const VNT::FieldStatus* found = status.Find(field);
+    const bool isProper = !found || found->proper;
+    const bool closesOk = found && !(AllowsUnsound() ? found->all : found->proper);
     switch (GetOpener()) {
         case Opener::Size:
             return {isProper, available.IsPresent(field) && available.IsProper(field), closesOk};
         case Opener::Item:
             return {isProper, available.IsProper(field), closesOk};
         default:
-            return {isProper, status.IsPresent(field), closesOk};
+            return {isProper, found != nullptr, closesOk};
     }
 }
 

@@ -1,6 +1,8 @@
 // The form of one item: it edits the item's record of fields, and what it shows has always been through the item.
 #pragma once
 
+#include <array>
+
 #include "editor/group.h"
 #include "model/core/layout.h"
 
@@ -66,10 +68,29 @@ protected:
     int bytes = 0;
 
 private:
+    // A status that is asked for each field of a form after each key: a field most likely stands where one of a like
+    // name was found last.
+    class Status {
+    public:
+        void operator=(VNT::ItemStatus newStatus) { status = std::move(newStatus); }
+        const VNT::ItemStatus& Get() const { return status; }
+        // Null for a field that doesn't apply.
+        const VNT::FieldStatus* Find(std::string_view field) const;
+        bool IsPresent(std::string_view field) const { return Find(field) != nullptr; }
+        bool IsProper(std::string_view field) const {
+            const VNT::FieldStatus* found = Find(field);
+            return !found || found->proper;
+        }
+
+    private:
+        VNT::ItemStatus status;
+        mutable std::array<std::uint8_t, 64> places{};
+    };
+
     std::vector<Forms::AnyField> shown;
     std::vector<Forms::AnyField> away;  // those that are held
-    VNT::ItemStatus status;
-    VNT::ItemStatus available;
+    Status status;
+    Status available;
     bool isOpen = false;
 };
 

@@ -24,8 +24,15 @@ void SystemSettings::SetTheme(Theme theme) {
 }
 
 NativeWindow* Desktop::Find(Handle handle) const {
-    auto found = Windows.find(handle);
-    return found != Windows.end() && handle->IsAlive ? handle : nullptr;
+    // Most is asked of a window many times on end.
+    if (!handle || (handle != lastFound && !Windows.contains(handle))) return nullptr;
+    lastFound = handle;
+    return handle->IsAlive ? handle : nullptr;
+}
+
+void Desktop::Remove(Handle handle) {
+    lastFound = nullptr;
+    Windows.erase(handle);
 }
 
 Desktop& GetDesktop() {

@@ -9,6 +9,7 @@
 #include <set>
 #include <stdexcept>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "ui/control.h"
@@ -79,7 +80,7 @@ struct FileAnswer {
 };
 
 struct Desktop {
-    std::map<Handle, std::unique_ptr<NativeWindow>> Windows;
+    std::unordered_map<Handle, std::unique_ptr<NativeWindow>> Windows;
     std::set<std::wstring> Classes;
     Handle Focus = nullptr;
     Handle UnderPointer = nullptr;
@@ -97,6 +98,10 @@ struct Desktop {
 
     // Null unless `handle` is a window that the system still has.
     NativeWindow* Find(Handle handle) const;
+    void Remove(Handle handle);
+
+private:
+    mutable Handle lastFound = nullptr;
 };
 
 Desktop& GetDesktop();

@@ -110,7 +110,7 @@ void Destroy(Handle handle) {
     }
     for (NativeWindow* child : handle->Children) child->Parent = nullptr;
     if (handle->Parent) std::erase(handle->Parent->Children, handle);
-    GetDesktop().Windows.erase(handle);
+    GetDesktop().Remove(handle);
 }
 
 MessageResult Send(Handle handle, int message, WParam wParam, LParam lParam) {
