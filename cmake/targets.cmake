@@ -13,13 +13,24 @@ function(vantelle_precompiled_header kind header)
     target_precompile_headers(${target} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/precompiled/${header})
     # Without it ccache can't tell what a precompiled header holds.
     target_compile_options(${target} PUBLIC -fpch-preprocess)
+    if(ARGN MATCHES "Qt6")
+        vantelle_qt(${target})
+    endif()
 endfunction()
 
-# vantelle_precompiled(TARGET KIND): TARGET takes its standard headers from that of this KIND.
+# vantelle_qt(TARGET): Qt would have "slots" and "emit" mean something everywhere.
+function(vantelle_qt target)
+    target_compile_definitions(${target} PUBLIC QT_NO_KEYWORDS)
+endfunction()
+
+# vantelle_precompiled(TARGET KIND): TARGET takes its standard headers from that of this KIND, or of KIND-qt where it stands
+# on Qt: that is position-independent code, which can't take another's header.
 function(vantelle_precompiled target kind)
     get_target_property(libraries ${target} LINK_LIBRARIES)
-    # What stands on Qt is position-independent code, which can't take another's header.
-    if(VANTELLE_PRECOMPILED AND NOT libraries MATCHES "qt|Qt|app")
+    if(libraries MATCHES "qt|Qt")
+        string(APPEND kind -qt)
+    endif()
+    if(VANTELLE_PRECOMPILED AND TARGET vantelle-precompiled-${kind} AND NOT libraries MATCHES "app")
         target_precompile_headers(${target} REUSE_FROM vantelle-precompiled-${kind})
         target_compile_options(${target} PRIVATE -fpch-preprocess)
     endif()
@@ -65,6 +76,8 @@ endfunction()
 # vantelle_test(NAME FOLDER [libraries...]): one GoogleTest program of the .cpp files in tests/FOLDER.
 function(vantelle_test name folder)
     file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)
+    get_property(shared GLOBAL PROPERTY VANTELLE_SHARED)
+    list(REMOVE_ITEM sources ${shared} "")
     add_executable(${name} ${sources})
     target_link_libraries(${name} PRIVATE vantelle_options gtest gtest_main ${ARGN})
     vantelle_precompiled(${name} tests)
@@ -78,6 +91,22 @@ function(vantelle_test name folder)
     endforeach()
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+endfunction()
+
+# vantelle_long(TEST...): tests that take their time, by trying much. A quick run goes without.
+function(vantelle_long)
+    set_tests_properties(${ARGN} PROPERTIES LABELS long)
+endfunction()
+
+# vantelle_shared(NAME LIBRARIES FILE...): what stands in tests/FILE.cpp as a static library, for the test programs that need it
+# besides the one of its folder. Those link it by name.
+function(vantelle_shared name libraries)
+    list(TRANSFORM ARGN PREPEND ${PROJECT_SOURCE_DIR}/tests/ OUTPUT_VARIABLE sources)
+    list(TRANSFORM sources APPEND .cpp)
+    add_library(${name} STATIC EXCLUDE_FROM_ALL ${sources})
+    target_link_libraries(${name} PUBLIC vantelle_options gtest ${libraries})
+    vantelle_precompiled(${name} tests)
+    set_property(GLOBAL APPEND PROPERTY VANTELLE_SHARED ${sources})
 endfunction()
 
 # vantelle_link_model(TARGET): links a program that drives the model as a whole (a fuzzer, the benchmarks) to each of

@@ -3,6 +3,6 @@
 
 namespace VNT {
 
-template struct TMadeKinds<decltype(CtaDataBlockKindList), 2, 4>;
+template struct TMadeKinds<decltype(CtaDataBlockKindList), 2, 5>;
 
 }  // namespace VNT

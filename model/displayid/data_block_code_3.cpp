@@ -3,6 +3,6 @@
 
 namespace VNT {
 
-template struct TMadeKinds<decltype(DisplayIdDataBlockKindList), 2, 4>;
+template struct TMadeKinds<decltype(DisplayIdDataBlockKindList), 2, 5>;
 
 }  // namespace VNT

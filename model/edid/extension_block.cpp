@@ -45,6 +45,6 @@ void EdidExtensionBlockList::FillUp(int count) {
     }
 }
 
-template struct TMadeKinds<decltype(EdidExtensionBlockKindList), 0, 2>;
+template struct TMadeKinds<decltype(EdidExtensionBlockKindList), 0, 3>;
 
 }  // namespace VNT

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "store/source.h"
+#include "store/write_file.h"
 
 namespace VNT::Linux {
 
@@ -57,6 +58,19 @@ std::vector<DisplayRecord> ReadRecords(const Host& host) {
 DisplayRecord ReadRecord(const Host& host, const Connector& connector) { return Read(host, connector.Identity()); }
 
 bool HasRecord(const Host& host, const Connector& connector) { return host.IsFolder(FolderOf(connector.Identity())); }
+
+std::string FindUnreadable(const Host& host, const Connector& connector) {
+    const std::string folder = FolderOf(connector.Identity());
+    for (const std::string& name : host.Names(folder)) {
+        const std::string path = folder + "/" + name;
+        if (IsFreshName(name)) continue;  // what a write that was ended has left
+        if (!host.Read(path, Source::MostEdidBytes)) return path;
+        if (name != "file" && name != "earlier-files") continue;
+        const std::vector<std::string> files = ReadLines(host, path);
+        if (files.empty() || !std::all_of(files.begin(), files.end(), IsFirmwareFile)) return path;
+    }
+    return {};
+}
 
 std::vector<DisplayRecord> DisplayRecord::WithEarlier() const {
     std::vector<DisplayRecord> all{*this};

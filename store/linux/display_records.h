@@ -37,6 +37,9 @@ std::vector<DisplayRecord> ReadRecords(const Host& host);
 DisplayRecord ReadRecord(const Host& host, const Connector& connector);
 // Whether there is one, though it may have nothing that can be read.
 bool HasRecord(const Host& host, const Connector& connector);
+// The path of a file of its record that says nothing: one that can't be read, or that names no file of ours. Empty if
+// there is none, as if there is no record.
+std::string FindUnreadable(const Host& host, const Connector& connector);
 // Has the folder hold the record before anything is changed; and, once all is done that was planned before, forget what
 // was earlier, or all of it.
 void PlanRecord(Changes& changes, const DisplayRecord& record);

@@ -55,6 +55,9 @@ LastingPlan PlanLasting(Host& host, const std::vector<DisplayRecord>& before, co
                         bool isDue, Changes& changes) {
     LastingPlan plan;
     const EntryChange entries{EntriesOf(before), EntriesOf(after)};
+    const bool isChange = std::any_of(entries.before.begin(), entries.before.end(), [&](const FirmwareEntry& entry) {
+        return std::find(entries.after.begin(), entries.after.end(), entry) == entries.after.end();
+    });
     const KeptFiles kept(host);
     const std::unique_ptr<BootLoader> loader = FindBootLoader(host);
     const std::string folder = loader ? loader->FirmwareFolder() : UsualFirmwareFolder(host);
@@ -62,6 +65,7 @@ LastingPlan PlanLasting(Host& host, const std::vector<DisplayRecord>& before, co
     if (folder.empty()) {
         plan.advice = {"this system has no folder for firmware files that this program knows; to be set by hand:",
                        parameter};
+        plan.losesOwn = plan.isBlocked = isChange;
         return plan;
     }
     const int count = changes.Count();
@@ -83,6 +87,7 @@ LastingPlan PlanLasting(Host& host, const std::vector<DisplayRecord>& before, co
     }
     plan.isComplete = loader && loader->Plan(entries, isDue, kept, changes);
     plan.isBlocked = loader && !plan.isComplete;
+    plan.losesOwn = plan.isBlocked && isChange;
     if (!plan.isComplete) {
         plan.advice.push_back(entries.after.empty() ? "to be taken off the kernel's command line by hand: entries of " +
                                                           std::string(EdidParameter)

@@ -10,6 +10,7 @@ namespace VNT::Linux {
 struct LastingPlan {
     bool isComplete = false;          // planned as a whole; else `advice` tells what the user has to do
     bool isBlocked = false;           // the boot loader is known, but its settings are not understood
+    bool losesOwn = false;            // what stands there of ours would be forgotten: nothing may be changed
     bool leavesFile = false;          // something else changed a firmware file of ours since: it stays
     std::vector<std::string> advice;  // a line each
     std::string value;                // the parameter's value for the running kernel

@@ -74,6 +74,13 @@ Bytes Overrides::GetReported(const Connector& connector) const {
     return record.IsOurs(shown) && record.reported ? *record.reported : shown;
 }
 
+bool Overrides::MayBeChanged(const Connector& connector) const {
+    const std::string unreadable = FindUnreadable(host_, connector);
+    if (unreadable.empty()) return true;
+    return Fail(connector, "/" + unreadable +
+                               " can't be read, and it tells what of this program's is in place: nothing was changed");
+}
+
 bool Overrides::IsNameShared(const Connector& connector) const {
     const std::vector<Connector> all = FindConnectors(host_);
     return std::any_of(all.begin(), all.end(), [&](const Connector& other) {
@@ -180,6 +187,7 @@ bool Overrides::TellState(const Connector& connector, const Bytes& bytes, bool i
 
 bool Overrides::Set(const Connector& connector, const Bytes& bytes) {
     const std::shared_ptr<void> lock = options_.dryRun ? nullptr : host_.Lock(LockFile);
+    if (!MayBeChanged(connector)) return false;
     const DisplayRecord from = ReadRecord(host_, connector);
     DisplayRecord to = from;
     if (!to.reported) to.reported = GetReported(connector);
@@ -215,6 +223,10 @@ bool Overrides::Set(const Connector& connector, const Bytes& bytes) {
     const Plan plan = MakePlan(from, to, changes);
     if (plan.lasting.value.size() > MostParameterText)
         return Fail(connector, "the kernel's parameter would be too long");
+    if (plan.lasting.losesOwn && !options_.dryRun) {
+        for (const std::string& line : plan.lasting.advice) report_.wrong(line);
+        return Fail(connector, "the override was not set: the one for every start can't be replaced");
+    }
     std::vector<std::string> attributes{overrideFile, isHidden ? DebugFolder : ""};
     if (mayBeNow && !connector.folder.empty()) attributes.push_back(connector.folder + "/status");
     if (options_.dryRun) {
@@ -259,6 +271,7 @@ bool Overrides::Set(const Connector& connector, const Bytes& bytes) {
 
 bool Overrides::TakeOff(const Connector& connector) {
     const std::shared_ptr<void> lock = options_.dryRun ? nullptr : host_.Lock(LockFile);
+    if (!MayBeChanged(connector)) return false;
     const DisplayRecord from = ReadRecord(host_, connector);
     const DisplayRecord to{from.device, from.name};
     Changes changes(host_, report_);

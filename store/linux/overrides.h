@@ -31,6 +31,8 @@ public:
 private:
     struct Plan;
 
+    // False, with the file told, where it can't be known what is ours.
+    bool MayBeChanged(const Connector& connector) const;
     bool IsNameShared(const Connector& connector) const;
     Plan MakePlan(const DisplayRecord& from, const DisplayRecord& to, Changes& changes);
     bool MayCarryOut(const Changes& changes, const std::vector<std::string>& attributes,

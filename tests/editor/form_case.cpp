@@ -7,6 +7,23 @@ namespace VNT::Testing {
 
 namespace {
 
+// What an item was written as, read, and written again.
+struct ReadBack {
+    Bytes bytes;
+    bool isRead = false;
+    Bytes again;
+    std::string text = {};
+    std::string textAgain = {};
+};
+
+// Once, not for each class.
+void Expect(const ReadBack& readBack) {
+    EXPECT_FALSE(readBack.bytes.IsEmpty());
+    EXPECT_TRUE(readBack.isRead);
+    EXPECT_EQ(readBack.again, readBack.bytes);
+    EXPECT_EQ(readBack.textAgain, readBack.text);
+}
+
 template <class X>
 class TFormCase : public FormCase {
 public:
@@ -26,11 +43,15 @@ public:
         if constexpr (requires { item.GetSize(); }) {
             if (item.GetSize() == 0) return;  // a part that takes no bytes
         }
-        const Bytes bytes = Written(item);
-        ASSERT_FALSE(bytes.IsEmpty());
-        const X again = ReadBack(bytes);
-        EXPECT_EQ(Written(again), bytes);
-        if constexpr (requires(String & text) { item.GetText(text); }) ExpectSameText(again);
+        ReadBack readBack;
+        readBack.bytes = Written(item);
+        const X again = Read(readBack);
+        readBack.again = Written(again);
+        if constexpr (requires(String & text) { item.GetText(text); }) {
+            readBack.text = TextOf(item);
+            readBack.textAgain = TextOf(again);
+        }
+        Expect(readBack);
     }
 
 private:
@@ -43,19 +64,18 @@ private:
             return BytesOf(written, sample.bytes);
         }
     }
-    void ExpectSameText(const X& again) const { EXPECT_EQ(TextOf(again), TextOf(item)); }
     // By the class itself, which its family's holder may not read.
-    X ReadBack(const Bytes& bytes) const {
+    X Read(ReadBack& readBack) const {
         if constexpr (IsHolder) {
             auto fresh = item.Clone();
-            EXPECT_TRUE(fresh->Read(bytes));
+            readBack.isRead = fresh->Read(readBack.bytes);
             return X(std::move(fresh));
         } else {
             X fresh;
-            if constexpr (requires { fresh.Read(bytes, bytes.Size()); }) {
-                EXPECT_TRUE(fresh.Read(bytes, bytes.Size()));
+            if constexpr (requires { fresh.Read(readBack.bytes, readBack.bytes.Size()); }) {
+                readBack.isRead = fresh.Read(readBack.bytes, readBack.bytes.Size());
             } else {
-                EXPECT_TRUE(fresh.Read(bytes));
+                readBack.isRead = fresh.Read(readBack.bytes);
             }
             return fresh;
         }

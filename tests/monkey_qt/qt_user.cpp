@@ -1,12 +1,11 @@
 // The monkey's user on Qt's windows, file dialogs and message boxes too.
 #include <QAbstractButton>
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMessageBox>
-#include <QThread>
-#include <QTimer>
 #include <deque>
 #include <utility>
 
@@ -21,12 +20,18 @@ namespace {
 
 class QtUser : public QObject, public User {
 public:
+    // A loop that is about to wait has answered everything; while a step looks for events no loop waits.
+    QtUser() {
+        connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this, [this] {
+            if (!script.empty() && !std::exchange(isCalled, true))
+                QMetaObject::invokeMethod(
+                    this, [this] { Do(); }, Qt::QueuedConnection);
+        });
+    }
+
     void SetScale(int) override {}
 
-    void Then(std::function<void()> step) override {
-        script.push_back(std::move(step));
-        Wake();
-    }
+    void Then(std::function<void()> step) override { script.push_back(std::move(step)); }
     void Forget() override { script.clear(); }
     bool IsLeaving() const override { return UI::Widgets::IsEnding(); }
     UI::Window& GetWindow() const override { return *UI::Window::GetRunning(); }
@@ -91,26 +96,14 @@ private:
         return row >= list.GetTopIndex() && row < list.GetTopIndex() + rows - 1;
     }
 
-    void Wake() {
-        QTimer::singleShot(0, this, [this] { Do(); });
-    }
-
-    // A step belongs to a loop; while one works, its own looking for events is none.
     void Do() {
-        if (script.empty()) return;
-        const int loop = QThread::currentThread()->loopLevel();
-        if (loop == working || AnswerBox()) return Wake();
+        isCalled = false;
+        if (script.empty() || AnswerBox()) return;
         QWidget& front = *GetWindow().GetHandle()->Widget;
-        if (QApplication::activeWindow() != &front) {
-            QApplication::setActiveWindow(&front);
-            return Wake();
-        }
-        const int outer = std::exchange(working, loop);
+        if (QApplication::activeWindow() != &front) return QApplication::setActiveWindow(&front);
         const auto step = std::move(script.front());
         script.pop_front();
         UI::Widgets::Guard(step);
-        working = outer;
-        if (!script.empty()) Wake();
     }
 
     // Whether there was a box of the desktop's.
@@ -144,7 +137,7 @@ private:
     std::deque<std::function<void()>> script;
     std::deque<std::optional<UI::ChosenFile>> answers;
     const QFileDialog* asked = nullptr;
-    int working = -1;  // the level of the loop whose step is being done
+    bool isCalled = false;  // the next step is on its way
 };
 
 }  // namespace

@@ -187,6 +187,32 @@ std::string NameOf(const testing::TestParamInfo<Case>& info) { return info.param
 
 }  // namespace
 
+TEST_P(EndedOn, AWriteThatTheSystemRefusesAtACallSaysSoOrIsDone) {
+    const std::vector<std::string> words{"write", Name, (machine.Root() / "new.bin").string()};
+    int calls = 0;
+    FindStates(words, calls);
+    const Files done = machine.Snapshot();
+    // Each system has another third of the calls.
+    for (int refused = 1 + GetParam().number; refused <= calls; refused += 3) {
+        const std::string where = "write, refused at change " + std::to_string(refused);
+        PutBack(GetCopy("old"));
+        int change = 0;
+        int status = 0;
+        {
+            const Shim::Watch watch(machine.Root().string(),
+                                    [&](bool isChange) { return isChange && ++change == refused; });
+            status = Call(words);
+        }
+        ExpectWhole(done, where);
+        const std::string differences = Differences(done, machine.Snapshot());
+        // Done as a whole, or a line tells what is not.
+        EXPECT_TRUE(status == 0 || status == 2) << where;
+        EXPECT_TRUE(differences.empty() || said.find("vantelle-cli: ") != std::string::npos) << where << differences;
+        ExpectResetRestores(where);
+        if (HasFailure()) return;
+    }
+}
+
 TEST_P(EndedOn, AWriteLeavesWhatAResetTakesOff) {
     EndEverywhere({"write", Name, (machine.Root() / "new.bin").string()});
 }

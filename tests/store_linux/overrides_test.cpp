@@ -1,5 +1,6 @@
 #include "store/linux/overrides.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "tests/store_linux/machine.h"
@@ -22,6 +23,11 @@ protected:
     bool TakeOff(const std::string& name) {
         told = {};
         return Overrides(machine, report, {}).TakeOff(machine.Find(name));
+    }
+    std::string RecordFolder(const std::string& name) const {
+        std::string identity = machine.Find(name).Identity();
+        std::replace(identity.begin(), identity.end(), '/', '#');
+        return identity;
     }
     void ExpectTold(const std::string& line) const {
         EXPECT_NE((told.did + told.wrong).find(line), std::string::npos) << told.did << told.wrong;
@@ -307,6 +313,32 @@ TEST_F(MachineOverrides, PlantedLinksAndRecordsChangeNothingElsewhere) {
     machine.Put(std::string(StateFolder) + "/displays/x#DP-2/file", "edid/../../../etc/passwd\n");
     ASSERT_TRUE(Set("card1-DP-2", wanted));
     EXPECT_EQ(machine.Get("etc/passwd"), "root");
+}
+
+TEST_F(MachineOverrides, RecordThatCannotBeReadIsToldAndNothingIsChanged) {
+    ASSERT_TRUE(Set("card1-DP-2", wanted)) << told.wrong;
+    const std::string folder = std::string(StateFolder) + "/displays/" + RecordFolder("card1-DP-2") + "/";
+    for (const char* name : {"edid", "now", "lasting", "file", "earlier-files"}) {
+        const std::string path = folder + name;
+        const bool isThere = machine.Has(path);
+        const std::string content = isThere ? machine.Get(path) : std::string();
+        if (isThere) machine.Delete(path);
+        machine.Put(path + "/in-its-place", "");
+        const auto damaged = machine.Snapshot();
+        EXPECT_FALSE(TakeOff("card1-DP-2")) << name;
+        ExpectTold("/" + path + " can't be read");
+        EXPECT_FALSE(Set("card1-DP-2", MakeEdid(0x2002))) << name;
+        EXPECT_EQ(Differences(damaged, machine.Snapshot()), "") << name;
+        machine.Delete(path);
+        if (isThere) machine.Put(path, content);
+    }
+    machine.Put(folder + "file", "edid/../../../etc/passwd\n");
+    EXPECT_FALSE(TakeOff("card1-DP-2"));
+    ExpectTold("/" + folder + "file can't be read");
+    machine.Put(folder + "file", "edid/VTA2001-DP-2.bin\n");
+    ASSERT_TRUE(TakeOff("card1-DP-2")) << told.wrong;
+    machine.Restart();
+    EXPECT_EQ(Differences(before, machine.Snapshot()), "");
 }
 
 TEST_F(MachineOverrides, SettingsBehindALinkAreChangedThere) {

@@ -3,6 +3,6 @@
 
 namespace VNT {
 
-template struct TMadeKinds<decltype(EdidDescriptorKindList), 1, 2>;
+template struct TMadeKinds<decltype(EdidDescriptorKindList), 2, 3>;
 
 }  // namespace VNT
