@@ -19,8 +19,9 @@ int AddWindow::Run(int& type) {
 
 void AddWindow::Update() {
     TFieldsWindow::Update();
-    // Tab comes to the selected button; where that can't be used it has to come to one that can.
     if (CanConfirm()) return;
+    SetValidStyle(GetGroups().front()->Box, false);
+    // Tab comes to the selected button; where that can't be used it has to come to one that can.
     for (UI::Control* control : GetControls()) {
         auto* radio = dynamic_cast<UI::Controls::RadioButton*>(control);
         if (radio && radio->IsEnabled()) return radio->SetTabStop(true);

@@ -19,7 +19,8 @@ struct AddFields {
     int type = 0;
 };
 
-// Radio buttons, one for each row; the first is selected at first.
+// Radio buttons, one for each row; the first is selected at first. While there is no room for what is selected, the
+// group is red and OK closed.
 class AddWindow : public TFieldsWindow<AddFields> {
 public:
     // Of a family's chooser: whether a kind that there is no room for can't be chosen.
@@ -31,6 +32,7 @@ public:
     // 1 when a row was chosen, whose value `type` then has; 2 for Cancel.
     int Run(int& type);
     void Update() override;
+    bool HasRoom(std::string_view) const override { return CanConfirm(); }
 
 protected:
     bool CanConfirm() const override;

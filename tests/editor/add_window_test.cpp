@@ -56,8 +56,11 @@ TEST_F(ChooserTest, ARowThatCantBeChosenDisablesOkWhileItIsSelected) {
     Run({{1, "One", false}, {2, "Two", true}}, [&](Window&) {
         EXPECT_FALSE(driver.Find<RadioButton>(L"One").IsEnabled());
         EXPECT_FALSE(driver.Find<Button>(L"OK").IsEnabled());
+        EXPECT_EQ(driver.Find<Button>(L"OK").GetHint(), L"No space left");
+        EXPECT_FALSE(driver.Find<GroupBox>(L"Type").HasValidStyle());
         driver.Click(driver.Find<RadioButton>(L"Two"));
         EXPECT_TRUE(driver.Find<Button>(L"OK").IsEnabled());
+        EXPECT_TRUE(driver.Find<GroupBox>(L"Type").HasValidStyle());
         driver.Press(Key::Return);
     });
     EXPECT_EQ(type, 2);

@@ -27,9 +27,9 @@ int EditWith(EdidExtensionBlock& block, const wchar_t* text) {
     return EditEdidExtensionBlock(nullptr, block, 128);
 }
 
+// Each can be confirmed as it was read: no field that its form doesn't show closes OK, and none that it does is red.
 TEST(ExtensionBlocksOfRealDisplays, CancelAndOkChangeNoByte) {
     int opened = 0;
-    int closed = 0;
     std::vector<NamedEdid> edids = Testing::Samples();
     for (NamedEdid& each : Testing::Corpus(VANTELLE_SOURCE_DIR)) edids.push_back(std::move(each));
     for (const NamedEdid& each : edids) {
@@ -43,12 +43,11 @@ TEST(ExtensionBlocksOfRealDisplays, CancelAndOkChangeNoByte) {
             ASSERT_EQ(BytesOf(block), before);
             if (Forms::FindForm(EdidExtensionBlockForms(), block.GetType()) == nullptr) continue;
             ++opened;
-            closed += EditWith(block, L"OK") == UI::IdOk ? 0 : 1;
+            EXPECT_EQ(EditWith(block, L"OK"), UI::IdOk) << "OK is closed";
             ASSERT_EQ(BytesOf(block), before);
         }
     }
     EXPECT_GT(opened, 0);
-    EXPECT_LE(closed * 20, opened) << "of " << opened << " forms that were opened";
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "editor/add_window.h"
+#include "tests/support/closed_ok.h"
 #include "tests/support/window_layout.h"
 
 namespace VNT::Testing {
@@ -49,14 +50,6 @@ std::vector<std::wstring> PutBack::Look() const {
     return seen;
 }
 
-Button* PutBack::FindOk() const {
-    for (Control* control : driver.GetWindow().GetControls()) {
-        auto* button = As<Button>(control);
-        if (button && button->GetText() == L"OK") return button;
-    }
-    return nullptr;
-}
-
 void PutBack::Fault(const std::wstring& text) {
     std::wstring whole;
     for (const std::wstring& step : path) whole += step + L" / ";
@@ -64,17 +57,7 @@ void PutBack::Fault(const std::wstring& text) {
 }
 
 void PutBack::ExpectReason(const std::wstring& what) {
-    const Button* ok = FindOk();
-    if (!ok || ok->IsEnabled()) return;
-    for (Control* control : driver.GetWindow().GetControls()) {
-        if (!control->IsVisible()) continue;
-        const auto* box = As<TextBox>(control);
-        if (box && (!box->HasValidStyle() || (box->IsEnabled() && box->GetText().empty()))) return;
-        const auto* group = As<GroupBox>(control);
-        if (group && !group->HasValidStyle()) return;
-        if (control->GetText().find(L"(no space left)") != std::wstring::npos) return;
-    }
-    Fault(what + L": OK is closed, and nothing says why");
+    if (IsClosedForNoReason(driver.GetWindow())) Fault(what + L": OK is closed, and nothing says why");
 }
 
 void PutBack::Try(const std::wstring& what, const std::function<void()>& change, const std::function<void()>& putBack) {
@@ -152,7 +135,7 @@ void PutBack::Touch(ListBox& list) {
         L"row added and deleted",
         [&] {
             const auto confirm = [this] {
-                Button* ok = FindOk();
+                Button* ok = FindOk(driver.GetWindow());
                 if (ok && ok->IsEnabled()) return driver.Click(*ok);
                 driver.Press(Key::Escape);
             };
@@ -244,7 +227,7 @@ void PutBack::ShowMore() {
 }
 
 void PutBack::Leave() {
-    Button* ok = FindOk();
+    Button* ok = FindOk(driver.GetWindow());
     if (ok && ok->IsEnabled()) {
         driver.Click(*ok);
     } else {

@@ -49,7 +49,6 @@ private:
     // OK is open, or something says why not.
     void ExpectReason(const std::wstring& what);
     void Fault(const std::wstring& text);
-    UI::Controls::Button* FindOk() const;
 
     UI::Headless::Driver& driver;
     int mostStates;

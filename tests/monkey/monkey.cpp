@@ -1,12 +1,15 @@
 #include "tests/monkey/monkey.h"
 
+#include <algorithm>
 #include <fstream>
 #include <random>
+#include <unordered_set>
 
 #include "model/edid/file_formats.h"
 #include "samples/displays.h"
 #include "store/entry.h"
 #include "store/load.h"
+#include "tests/support/closed_ok.h"
 #include "tests/support/window_layout.h"
 
 namespace fs = std::filesystem;
@@ -20,8 +23,6 @@ using namespace UI::Controls;
 namespace {
 
 constexpr std::size_t MostNotes = 24;
-constexpr int FileCount = 8;
-constexpr int WildFile = 6;  // and the next
 
 std::wstring FromAscii(const std::string& text) { return {text.begin(), text.end()}; }
 
@@ -58,7 +59,8 @@ bool EndsForm(const Control& control) { return control.GetText() == L"OK" || con
 }  // namespace
 
 Monkey::Monkey(Dice& dice, int displays, fs::path folder) : dice(dice), folder(std::move(folder)) {
-    for (const Samples::Display& sample : Samples::MakeDisplays()) {
+    static const std::vector<Samples::Display> samples = Samples::MakeDisplays();
+    for (const Samples::Display& sample : samples) {
         if (static_cast<int>(platform.devices.size()) == displays) break;
         MemoryDevice& device = platform.devices.emplace_back();
         device.instanceId = UpperAscii(FromAscii(sample.instanceId));
@@ -68,20 +70,25 @@ Monkey::Monkey(Dice& dice, int displays, fs::path folder) : dice(dice), folder(s
     }
 }
 
-void Monkey::PutFiles() {
+fs::path Monkey::PutFile(int index) {
+    static const std::vector<Bytes> known = [] {
+        Edid edid;
+        edid.Read(Bytes(Samples::MakeDisplays()[2].edid));
+        return std::vector<Bytes>{WriteBin(edid), WriteDat(edid), WriteTxt(edid), {}, Bytes(127, 0)};
+    }();
+    const fs::path path = GetFile(folder, index);
+    if (!put.insert(index).second) return path;
     fs::create_directories(folder);
-    Edid edid;
-    edid.Read(Bytes(Samples::MakeDisplays()[2].edid));
-    const Bytes files[] = {WriteBin(edid), WriteDat(edid), WriteTxt(edid), {}, Bytes(127, 0)};
-    int index = 0;
-    for (const Bytes& file : files) WriteFile(GetFile(folder, index++), file);
-    while (index < FileCount) fs::remove(GetFile(folder, index++));
+    const auto at = static_cast<std::size_t>(index);
+    if (at < known.size()) WriteFile(path, known[at]);
+    if (index >= WildFile) WriteFile(path, MakeWildEdid(wildSeeds[index - WildFile]));
+    return path;
 }
 
 void Monkey::Work() {
-    PutFiles();
-    while (dice.HasMore()) RunProgram();
     fs::remove_all(folder);
+    while (dice.HasMore()) RunProgram();
+    if (!put.empty()) fs::remove_all(folder);
 }
 
 void Monkey::RunProgram() {
@@ -89,8 +96,10 @@ void Monkey::RunProgram() {
     constexpr int scales[] = {96, 120, 144, 192};
     user->SetScale(scales[dice.Roll(4)]);
     writes = CountWrites(platform);
-    for (const int wild : {WildFile, WildFile + 1})
-        WriteFile(GetFile(folder, wild), MakeWildEdid(static_cast<unsigned>(dice.Roll(256))));
+    for (int wild = 0; wild < WildFiles; ++wild) {
+        wildSeeds[wild] = static_cast<unsigned>(dice.Roll(256));
+        put.erase(WildFile + wild);
+    }
     int result = 0;
     DisplayList edited;
     const auto edit = [&](DisplayList& displays) {
@@ -107,6 +116,7 @@ void Monkey::RunProgram() {
 int Monkey::Edit(DisplayList& displays) {
     MainWindow window(displays);
     view = std::make_unique<MainWindowView>(window);
+    mainWindow = &window;
     user->Then([this] { Step(); });
     const int result = window.Run();
     view.reset();
@@ -135,7 +145,10 @@ void Monkey::CheckSaved(int result, const DisplayList& edited) {
 void Monkey::Step() {
     user->Then([this] { Step(); });
     const Window& window = user->GetWindow();
-    if (front != window.GetHandle()) ++seen[window.GetName()];
+    if (front != window.GetHandle()) {
+        ++seen[window.GetName()];
+        touched = nullptr;
+    }
     front = window.GetHandle();
     // Asked for each time: a form may come to the front with the handle of the one before it.
     LookAt(window);
@@ -167,16 +180,121 @@ void Monkey::LookAt(const Window& window) {
 void Monkey::Act() {
     AnswerDialogs();
     if (IsOneIn(5)) return PressAnyKey();
-    // A few tries for a control that can be used, so that most actions do something.
+    Control& control = Pick();
+    if (IsOneIn(24)) return PutBack(control);
+    const bool isMain = user->GetWindow().GetParent() == nullptr;
+    if (EndsForm(control) && !IsOneIn(isMain ? 8 : 2)) return;
+    touched = &control;
+    ActOn(control);
+}
+
+UI::Control& Monkey::Pick() {
+    // So that most actions do something.
+    constexpr int mostTries = 8;
     Control* control = nullptr;
-    for (int tries = 0; tries < 8; ++tries) {
+    for (int tries = 0; tries < mostTries; ++tries) {
         const auto& kind = kinds[static_cast<std::size_t>(dice.Roll(static_cast<int>(kinds.size())))];
         control = kind[static_cast<std::size_t>(dice.Roll(static_cast<int>(kind.size())))];
         if (control->IsVisible() && control->IsEnabled()) break;
     }
-    const bool isMain = user->GetWindow().GetParent() == nullptr;
-    if (EndsForm(*control) && !IsOneIn(isMain ? 8 : 2)) return;
-    ActOn(*control);
+    return *control;
+}
+
+namespace {
+
+// What a control holds, of those that hold something; of a list that is its rows.
+std::wstring GetHeld(const Control& control) {
+    if (const auto* box = dynamic_cast<const TextBox*>(&control)) return box->GetText();
+    if (const auto* box = dynamic_cast<const AnyCheckControl*>(&control)) return box->IsChecked() ? L"on" : L"off";
+    if (const auto* box = dynamic_cast<const ComboBox*>(&control)) return box->GetItemText(box->GetSelection());
+    if (const auto* box = dynamic_cast<const ListBox*>(&control)) {
+        std::wstring rows;
+        for (int i = 0; i < box->GetCount(); ++i) rows += box->GetItemText(i) + L"; ";
+        return rows;
+    }
+    if (control.GetText() == L"OK") return control.IsEnabled() ? L"open" : L"closed";
+    return {};
+}
+
+// Of those that are seen; a form may show more of itself for good.
+std::map<const Control*, std::wstring> GetAllHeld(const Window& window) {
+    std::map<const Control*, std::wstring> all;
+    for (const Control* control : window.GetControls()) {
+        if (control->IsVisible()) all[control] = GetHeld(*control);
+    }
+    return all;
+}
+
+// The first button of that text behind `control`, or null.
+Button* FindBehind(const Control& control, std::wstring_view text) {
+    const std::vector<Control*>& all = control.GetWindow().GetControls();
+    const auto isIt = [text](const Control* other) { return other->GetText() == text; };
+    const auto found = std::find_if(std::find(all.begin(), all.end(), &control), all.end(), isIt);
+    return found == all.end() ? nullptr : dynamic_cast<Button*>(*found);
+}
+
+}  // namespace
+
+void Monkey::PutBack(Control& control) {
+    // What was in a box before is remembered while that is the one that is worked in.
+    if (&control == touched || !control.IsVisible() || !control.IsEnabled()) return;
+    control.SetFocus();
+    if (!control.HasFocus()) return;
+    const Window& window = user->GetWindow();
+    const auto before = GetAllHeld(window);
+    // A form that can't be confirmed may say so at whatever was touched last.
+    const auto isOpen = [](const auto& each) { return each.second == L"open"; };
+    if (std::none_of(before.begin(), before.end(), isOpen)) return;
+    const DisplayList displays = mainWindow->GetDisplays();
+    const std::wstring name = control.GetName();
+    Note(L"put back", name);
+    touched = &control;
+    if (!ChangeAndBack(control)) return;
+    ++putBacks[control.GetKind()];
+    const auto after = GetAllHeld(window);
+    for (const auto& [each, held] : before) {
+        const auto found = after.find(each);
+        const std::wstring now = found == after.end() ? L"nothing" : found->second;
+        if (now != held) Report(L"putting back \"" + name + L"\" makes \"" + now + L"\" of \"" + held + L"\"");
+    }
+    for (std::size_t i = 0; i < displays.size(); ++i) {
+        const Bytes& now = mainWindow->GetDisplays()[i].CurrentData;
+        if (!(now == displays[i].CurrentData)) Report(L"the bytes of a display change");
+    }
+}
+
+bool Monkey::ChangeAndBack(Control& control) {
+    if (auto* box = dynamic_cast<TextBox*>(&control)) {
+        const std::wstring text = box->GetText();
+        // A text that is none is nothing that anybody put there, and some characters no key types.
+        const bool isTyped = std::all_of(text.begin(), text.end(), [](wchar_t c) { return c >= L' '; });
+        if (box->IsMultiLine() || !box->HasValidStyle() || !isTyped) return false;
+        user->Enter(*box, dice.Roll(2) == 0 ? std::wstring() : MakeText());
+        user->Enter(*box, text);
+        return true;
+    }
+    if (dynamic_cast<CheckBox*>(&control)) {
+        user->Click(control);
+        user->Click(control);
+        return true;
+    }
+    // That of the main window is no field: another display has rows of its own to choose.
+    auto* combo = dynamic_cast<ComboBox*>(&control);
+    if (combo && user->GetWindow().GetParent() && combo->GetSelection() != ComboBox::NoSelection) {
+        const int selected = combo->GetSelection();
+        user->Choose(*combo, dice.Roll(combo->GetCount()));
+        user->Choose(*combo, selected);
+        return true;
+    }
+    auto* list = dynamic_cast<ListBox*>(&control);
+    Button* up = list ? FindBehind(control, L"\u25B2") : nullptr;
+    Button* down = list ? FindBehind(control, L"\u25BC") : nullptr;
+    if (!up || !down) return false;
+    user->Click(*list, 0);
+    if (!down->IsEnabled()) return false;
+    user->Click(*down);
+    user->Click(*up);
+    return true;
 }
 
 void Monkey::ActOn(Control& control) {
@@ -225,6 +343,9 @@ void Monkey::PressAnyKey() {
     const bool isMain = user->GetWindow().GetParent() == nullptr;
     if (isMain && (key == Key::Return || key == Key::Escape) && !IsOneIn(8)) return;
     Note(L"press", std::to_wstring(static_cast<int>(key)));
+    const auto& controls = user->GetWindow().GetControls();
+    const auto focused = std::find_if(controls.begin(), controls.end(), [](Control* each) { return each->HasFocus(); });
+    touched = focused == controls.end() ? nullptr : *focused;
     user->Press(key, IsOneIn(4));
 }
 
@@ -247,7 +368,7 @@ void Monkey::AnswerDialogs() {
     while (user->CountAnswers() < 2) {
         const int choice = dice.Roll(2 * FileCount);
         if (choice < FileCount) {
-            user->Answer(ChosenFile{GetFile(folder, choice), dice.Roll(4)});
+            user->Answer(ChosenFile{PutFile(choice), dice.Roll(4)});
         } else if (choice == FileCount) {
             user->AnswerWithFailure(L"CoInitializeEx failed.");
         } else {
@@ -264,7 +385,10 @@ void Monkey::Check() {
     auto* form = dynamic_cast<AnyWindow*>(&window);
     constexpr int often = 8;
     if (form && ++checks % often == 0) Expect(FindRestless(*form));
+    if (VNT::Testing::IsClosedForNoReason(window)) Report(L"OK is closed, and nothing that is seen says why");
     Expect(user->FindUndrawn(window));
+    // What was seen in its place once need not be looked at again, by whichever monkey.
+    static std::unordered_set<std::size_t> layouts;
     if (layouts.insert(GetLayoutDigest(window)).second) Expect(VNT::Testing::FindMisplaced(window));
 }
 

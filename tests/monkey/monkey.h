@@ -6,9 +6,9 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <stdexcept>
 #include <string>
-#include <unordered_set>
 
 #include "store/memory/memory_platform.h"
 #include "tests/monkey/shown.h"
@@ -47,15 +47,23 @@ public:
     // How often each window came to the front, by the name of its class.
     const std::map<std::wstring, int>& GetSeen() const { return seen; }
     int CountSessions() const { return sessions; }
+    // How many controls were touched and put back, by kind.
+    const std::map<UI::ControlKind, int>& GetPutBacks() const { return putBacks; }
 
 private:
+    // Of the files, the last hold anything, and something else in each session.
+    static constexpr int FileCount = 8;
+    static constexpr int WildFiles = 2;
+    static constexpr int WildFile = FileCount - WildFiles;
+
     struct Action {
         std::wstring window;
         const wchar_t* what;
         std::wstring where;
     };
 
-    void PutFiles();
+    // Files are written when a dialog is answered with them: most never are.
+    std::filesystem::path PutFile(int index);
     void RunProgram();
     int Edit(VNT::DisplayList& displays);
     void CheckSaved(int result, const VNT::DisplayList& edited);
@@ -66,6 +74,13 @@ private:
     void ActOn(UI::Control& control);
     void ActOnText(UI::Controls::TextBox& box);
     void ActOnList(UI::Controls::ListBox& list);
+    // A random control that can be used, or any after a few tries.
+    UI::Control& Pick();
+    // Touches a control and puts it back: all is seen as it was, OK as open as before, and the displays have their
+    // bytes.
+    void PutBack(UI::Control& control);
+    // Changes what the control holds, then puts it back as it was; false for one that can't be.
+    bool ChangeAndBack(UI::Control& control);
     void PressAnyKey();
     void AnswerDialogs();
     void Check();
@@ -81,13 +96,17 @@ private:
     std::filesystem::path folder;
     std::unique_ptr<User> user = MakeUser();
     VNT::MemoryPlatform platform;
+    std::set<int> put;  // the files that were written
+    unsigned wildSeeds[WildFiles]{};
     std::unique_ptr<MainWindowView> view;          // of the main window while it runs
+    const MainWindow* mainWindow = nullptr;        // which it is
     std::deque<Action> notes;                      // the last actions
     UI::Handle front = nullptr;                    // the window that was acted on last
+    UI::Control* touched = nullptr;                // its control that was
     std::vector<std::vector<UI::Control*>> kinds;  // its controls by kind, but for those that only show
     std::map<std::wstring, int> seen;
-    std::unordered_set<std::size_t> layouts;  // that were looked at
     int checks = 0;
+    std::map<UI::ControlKind, int> putBacks;
     int sessions = 0;
     int writes = 0;
 };

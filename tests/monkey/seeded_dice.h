@@ -42,7 +42,15 @@ inline void LetMonkeyWork(unsigned seed, int actions) {
             tally += VNT::String(name).ToUtf8() + " " + std::to_string(count) + "\n";
         EXPECT_GT(monkey.GetSeen().size(), 8u) << "of the forms it saw only\n" << tally;
         testing::Test::RecordProperty("seen", tally);
-        std::cout << monkey.CountSessions() << " sessions\n" << tally;
+        using UI::ControlKind;
+        int putBack = 0;
+        for (const ControlKind kind :
+             {ControlKind::Edit, ControlKind::Button, ControlKind::ComboBox, ControlKind::ListBox}) {
+            EXPECT_TRUE(monkey.GetPutBacks().contains(kind))
+                << "of kind " << static_cast<int>(kind) << " none was put back";
+            if (monkey.GetPutBacks().contains(kind)) putBack += monkey.GetPutBacks().at(kind);
+        }
+        std::cout << putBack << " put back, " << monkey.CountSessions() << " sessions\n" << tally;
     }
     EXPECT_EQ(UI::CountLive(), alive);
 }

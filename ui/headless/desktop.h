@@ -95,6 +95,8 @@ struct Desktop {
     std::deque<FileAnswer> FileAnswers;
     // Hears of what changes.
     std::function<void(const Control&, Native::Change)> Reader;
+    // Looks at the window in front before each input, and so at all that a user comes to see; it outlives drivers.
+    std::function<void(const Window&)> Watcher;
 
     // Null unless `handle` is a window that the system still has.
     NativeWindow* Find(Handle handle) const;

@@ -59,7 +59,8 @@ Window& Driver::GetWindow() const {
 
 void Driver::RequireInput() const {
     if (desktop.Quit) throw ScriptError(L"Input for \"" + GetWindow().GetTitle() + L"\", which is about to close.");
-    GetWindow();
+    const Window& window = GetWindow();
+    if (desktop.Watcher) desktop.Watcher(window);
 }
 
 Control* Driver::GetFocused() const { return Native::FindControl(desktop.Focus); }
