@@ -34,6 +34,7 @@ public:
 
     // Counts the call; what it answers: zero, or the code that it is told to fail with.
     int Enter(const std::string& call);
+    int Entered(const std::string& call) { return calls_[call]; }
     long long Claim(const std::string& call, long long truth) const;
     bool Says(const std::string& word, const std::string& call) const;
 

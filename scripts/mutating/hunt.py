@@ -143,13 +143,13 @@ class Hunt:
 
     def build_switched(self, drawn):
         """Leaves out the switches that don't compile, until all that is left does."""
-        wanted = {s.number for s in drawn}
+        wanted = {s.key for s in drawn}
         refused_file = WORK / 'refused.json'
         refused = set(json.loads(refused_file.read_text())) if refused_file.exists() else set()
         for _ in range(40):
             changed = {}
             for f, text in self.texts.items():
-                sites = [s for s in self.sites if s.path == f and s.number in wanted and s.has_switch() and s.key not in refused]
+                sites = [s for s in self.sites if s.path == f and s.key in wanted and s.has_switch() and s.key not in refused]
                 if sites:
                     changed[f] = '#include "scripts/mutating/mutants.h"\n#line 1\n' + changing.with_switches(text, sites)
             self.switched.copy(changed)
@@ -161,10 +161,10 @@ class Hunt:
             before = len(refused)
             # The line of the error is to blame, or one that it was come to from.
             for path, line in set(re.findall(r'tree/((?:model|store)/[\w/.]+):(\d+):\d+: error', output)):
-                refused |= {s.key for s in self.sites if s.path == path and s.line == int(line) and s.number in wanted}
+                refused |= {s.key for s in self.sites if s.path == path and s.line == int(line) and s.key in wanted}
             if len(refused) == before:
                 for path, line in set(re.findall(r'tree/((?:model|store)/[\w/.]+):(\d+):', output)):
-                    refused |= {s.key for s in self.sites if s.path == path and abs(s.line - int(line)) <= 1 and s.number in wanted}
+                    refused |= {s.key for s in self.sites if s.path == path and abs(s.line - int(line)) <= 1 and s.key in wanted}
             if len(refused) == before:
                 sys.exit('the tree with switches does not build:\n' + '\n'.join(output.split('\n')[-60:]))
             refused_file.write_text(json.dumps(sorted(refused)))

@@ -263,6 +263,26 @@ TEST(BitPlace, KnowsTheGreatestNumberThatFits) {
     EXPECT_EQ(BitPlace(32).Most(), 0xFFFFFFFF);
 }
 
+// The lowest bits first, each piece as long as it says.
+TEST(BitPlace, PutsUpToFourPiecesTogether) {
+    const Bytes bytes{0b00000101, 0b00001000, 0b01100000, 0b10000001};
+    const BitPlace two{{0, 0, 3}, {1, 3, 2}}, three{{0, 0, 3}, {1, 3, 2}, {2, 5, 3}},
+        four{{0, 0, 3}, {1, 3, 2}, {2, 5, 3}, {3, 0, 8}};
+    ByteRange range = bytes;
+    EXPECT_EQ(two.Read(range, BitOrder::Lsb), 0b01'101u);
+    EXPECT_EQ(range.position, 8 + 5);
+    EXPECT_EQ(three.Read(range, BitOrder::Lsb), 0b011'01'101u);
+    EXPECT_EQ(range.position, 16 + 8);
+    EXPECT_EQ(four.Read(range, BitOrder::Lsb), 0b10000001'011'01'101u);
+    EXPECT_EQ(range.position, 24 + 8);
+    EXPECT_EQ(two.Count(), 5);
+    EXPECT_EQ(four.Count(), 16);
+    Bytes written(4, 0);
+    ByteRange target = written;
+    four.Write(target, BitOrder::Lsb, 0b10000001'011'01'101u);
+    EXPECT_EQ(written, bytes);
+}
+
 TEST(BitPlace, OutsideTheFrameReadsZerosAndWritesNothing) {
     Bytes bytes(2, 0xFF);
     ByteRange range = bytes;

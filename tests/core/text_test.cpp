@@ -152,6 +152,15 @@ TEST(Replace, ValuesThatDoubleStaySmall) {
     EXPECT_EQ(Replace(U"{a}{a}", TableOf({{U"{a}", huge}})).Length(), MaxTextLength);
 }
 
+TEST(Replace, NumbersAreCutWhereTheyWouldMakeTheTextTooLong) {
+    TextTable table;
+    table.Set(U"{n}", std::int64_t{1234567890123456789});
+    std::u32string source(4000, U'x');
+    for (int i = 0; i < 20; ++i) source += U"{n}";
+    EXPECT_EQ(Replace(source, table).Length(), MaxTextLength);
+    EXPECT_EQ(Replace(source.substr(0, 4000 + 5 * 3), table).Length(), 4000 + 5 * 19);
+}
+
 TEST(Replace, EndsWhenValuesFormTheirKeyAnewForEver) {
     const String result = Replace(U"{a}}", TableOf({{U"{a}", U"{a"}}));
     EXPECT_EQ(result, U"{a");

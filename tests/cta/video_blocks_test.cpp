@@ -178,6 +178,17 @@ TEST(CtaVideoFormatResolutionListBlock, AnEditTakesTheLengthFromTheListAndDropsW
     EXPECT_EQ(FormatList(fields).PresentLength, 1);
 }
 
+// CTA-861-I, 7.5.15: two bits say one byte less than a descriptor has.
+TEST(CtaVideoFormatResolutionListBlock, HasDescriptorsOfOneToFourBytes) {
+    FormatList block;
+    for (int length = -1; length <= 5; ++length) {
+        block.List.DescriptorLength = length;
+        const bool isLength = length >= 1 && length <= 4;
+        EXPECT_EQ(block.IsValid(), isLength) << length;
+        EXPECT_EQ(block.IsValidAll(), isLength) << length;
+    }
+}
+
 TEST(CtaVideoFormatResolutionListBlock, TheListIsLimitedByTheBytes) {
     FormatList::FieldsType fields;
     for (int i = 0; i < 30; ++i) fields.List.Add(CtaVideoFormatResolution());

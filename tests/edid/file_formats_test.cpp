@@ -170,6 +170,7 @@ TEST(DatFile, ALongHeadingLineCountsAsSeveral) {
     EXPECT_EQ(FindReader(std::string(80, 'x') + "\n\n" + rows), "dat");
     EXPECT_EQ(FindReader(std::string(79, 'x') + "\n\n" + rows), "none");
     EXPECT_EQ(FindReader(std::string(79, 'x') + "\r\n\r\n\r\n" + rows), "dat");
+    EXPECT_EQ(FindReader(std::string(79, 'x') + "\r\n\r\nx\r\n" + rows), "dat") << "a line's end is one character";
 }
 
 TEST(TxtFile, HasSixteenBytesALine) {

@@ -4,10 +4,12 @@
 #include "model/core/field_sink.h"
 #include "model/core/layout.h"
 #include "model/core/text.h"
-#include "model/cta/audio_format.h"
+#include "model/cta/audio_formats.h"
 #include "model/cta/data_block.h"
 #include "model/cta/hdr_dynamic_metadata.h"
+#include "model/cta/other_data_block.h"
 #include "model/displayid/data_block.h"
+#include "model/displayid/other_data_block.h"
 #include "model/displayid/section.h"
 #include "model/edid/descriptor.h"
 #include "model/edid/edid.h"
@@ -121,37 +123,46 @@ private:
     std::string indent_;
 };
 
-template <class Rows>
-void PrintFamily(std::ostream& out, const char* name, const Rows& kinds) {
+void PrintItem(std::ostream& out, const std::string& title, auto& item, int available) {
+    Bytes bytes(available, 0);
+    const bool isWritten = item.Write(bytes);
+    out << title << ", new " << (isWritten ? HexText(bytes.Slice(0, bytes.LastIndexNot(0))).ToUtf8() : "not written")
+        << "\n";
+    FieldPrinter printer(out, "  ");
+    item.TellFields(available, printer);
+}
+
+template <class Any>
+constexpr int MostBytes() {
+    if constexpr (requires { Any::FrameSize; }) {
+        return Any::FrameSize;
+    } else {
+        return Any::MaxSize;
+    }
+}
+
+// The kinds, and the class that takes what is of none.
+template <class Other, class Rows>
+void PrintFamily(std::ostream& out, const std::string& name, const Rows& kinds) {
     for (const auto& kind : kinds) {
         const auto item = kind.make();
-        using Any = std::remove_cvref_t<decltype(*item)>;
-        int available = 0;
-        if constexpr (requires { Any::FrameSize; }) {
-            available = Any::FrameSize;
-        } else {
-            available = Any::MaxSize;
-        }
-        Bytes bytes(available, 0);
-        const bool isWritten = item->Write(bytes);
-        out << name << ": " << kind.title << ", new "
-            << (isWritten ? HexText(bytes.Slice(0, bytes.LastIndexNot(0))).ToUtf8() : "not written") << "\n";
-        FieldPrinter printer(out, "  ");
-        item->TellFields(available, printer);
+        PrintItem(out, name + ": " + kind.title, *item, MostBytes<std::remove_cvref_t<decltype(*item)>>());
     }
+    Other other;
+    PrintItem(out, name + " of no kind", other, MostBytes<Other>());
 }
 
 }  // namespace
 
 std::string PrintFields() {
     std::ostringstream out;
-    PrintFamily(out, "Descriptor", EdidDescriptorKinds::All());
-    PrintFamily(out, "Range limits timing", EdidRangeLimitsTimingKinds::All());
-    PrintFamily(out, "Extension block", EdidExtensionBlockKinds::All());
-    PrintFamily(out, "CTA data block", CtaDataBlockKinds::All());
-    PrintFamily(out, "CTA audio format", CtaAudioFormatKinds::All());
-    PrintFamily(out, "CTA HDR dynamic metadata", CtaHdrDynamicMetadataKinds::All());
-    PrintFamily(out, "DisplayID data block", DisplayIdDataBlockKinds::All());
+    PrintFamily<EdidOtherDescriptor>(out, "Descriptor", EdidDescriptorKinds::All());
+    PrintFamily<EdidRangeLimitsOtherTiming>(out, "Range limits timing", EdidRangeLimitsTimingKinds::All());
+    PrintFamily<EdidOtherExtensionBlock>(out, "Extension block", EdidExtensionBlockKinds::All());
+    PrintFamily<CtaOtherDataBlock>(out, "CTA data block", CtaDataBlockKinds::All());
+    PrintFamily<CtaOtherAudioFormat>(out, "CTA audio format", CtaAudioFormatKinds::All());
+    PrintFamily<CtaOtherHdrDynamicMetadata>(out, "CTA HDR dynamic metadata", CtaHdrDynamicMetadataKinds::All());
+    PrintFamily<DisplayIdOtherDataBlock>(out, "DisplayID data block", DisplayIdDataBlockKinds::All());
     FieldPrinter printer(out, "  ");
     out << "Base block, new " << HexText(Edid(EdidFields()).GetBytes()).ToUtf8() << "\n";
     EdidProperties properties;

@@ -160,7 +160,9 @@ TEST_F(Nvidia, I2cReadsAndWrites) {
     EXPECT_EQ(bytes, (Bytes{0x50, 0x51, 0x52, 0x53}));
     EXPECT_TRUE(displays_[0].WriteI2c(Bytes{0x50, 1, 2}));
     EXPECT_FALSE(displays_[0].WriteI2c(Bytes{0x51, 1, 2}));
+    const int entered = StandIn::Nvidia().Entered("I2cWrite");
     EXPECT_FALSE(displays_[0].WriteI2c(Bytes()));
+    EXPECT_EQ(StandIn::Nvidia().Entered("I2cWrite"), entered) << "the driver is not asked to write nothing";
 }
 
 TEST_F(Nvidia, I2cFailureIsTold) {
