@@ -117,6 +117,7 @@ VNT_OPERATOR(Product, *)
 }  // namespace VantelleMutants
 
 #define VNT_MUTANT(number) ::VantelleMutants::IsOn(number)
+#define VNT_ASK(number) ::VantelleMutants::Ask(number)
 #define VNT_RELATION(number, sign) \
     ::VantelleMutants::Relation<number, sign> {}
 #define VNT_EQUALITY(number, sign) \

@@ -127,8 +127,9 @@ def swapped_rows(path, masked, text):
     return found
 
 
-def with_switches(text, sites):
-    """The text with the switches of all sites; they nest."""
+def with_switches(text, sites, are_tables=False):
+    """The text with the switches of all sites; they nest. Of tables each is asked when the table is made, at run time."""
+    tables = table_regions(text) if are_tables else []
     edits = []  # place, order at the place, end of what is replaced, text
     for site in sites:
         number = str(site.number)
@@ -136,10 +137,23 @@ def with_switches(text, sites):
             edits.append((site.begin, 0, site.end, site.instead.replace('@', number)))
         elif site.before:
             size = site.end - site.begin
-            edits.append((site.begin, -size, site.begin, site.before.replace('@', number)))
+            before = site.before.replace('@', number)
+            if any(begin <= site.begin < end for begin, end in tables):
+                before = before.replace('VNT_MUTANT', 'VNT_ASK')
+            edits.append((site.begin, -size, site.begin, before))
             edits.append((site.end, -1000000 + size, site.end, site.behind))
     out, at = [], 0
     for begin, _, end, new in sorted(edits, key=lambda e: e[:2]):
         out += [text[at:begin], new]
         at = end
-    return ''.join(out + [text[at:]])
+    switched = ''.join(out + [text[at:]])
+    if tables:
+        switched = re.sub(r'^constexpr (?=[\w:<>, ]+ [\w:]+(?:\[\d*\])? ?[={])', 'const ', switched, flags=re.M)
+        switched = re.sub(r'^static_assert\(', 'static_assert(true || ', switched, flags=re.M)
+    return switched
+
+
+def table_regions(text):
+    masked = blank_out(text)
+    starts = [m.end() - 1 for m in re.finditer(r'^constexpr [\w:<>]+ \w+\[\w*\] = \{', masked, re.M)]
+    return [(start, closing(masked, start)) for start in starts]

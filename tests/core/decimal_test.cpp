@@ -81,6 +81,7 @@ TEST(Decimal, HoldsWhatIsTooLargeAtTheEnds) {
     EXPECT_EQ(Decimal(10, -12).Millionths(), Most);
     EXPECT_EQ(Decimal(1, -13).Millionths(), Most);
     EXPECT_EQ(Decimal(-1, -1000).Millionths(), -Most);
+    EXPECT_EQ(Decimal(0, -13).Millionths(), 0);
     EXPECT_EQ(Decimal(0, -1000).Millionths(), 0);
 }
 

@@ -298,6 +298,14 @@ TEST(ExactReducedTiming, TakesTheFinerGrainOfARateThatIsAMultipleOfFive) {
     EXPECT_EQ(TextOf(item, "{synctext}"), "+/-");
 }
 
+// 1999 + 48 + 32 pixels leave one of 26 times 80 for the back porch.
+TEST(ExactReducedTiming, LeavesABackPorchOfOnePixelAtLeast) {
+    const auto item = Calculated<Edid>(Timing::ExactReduced, 1999, 1080, 60);
+    EXPECT_EQ(item.htotal, 2080);
+    EXPECT_EQ(item.hback, 1);
+    EXPECT_EQ(Calculated<Edid>(Timing::ExactReduced, 2000, 1080, 60).htotal, 2160);
+}
+
 TEST(ExactReducedTiming, TakesTheFinerGrainOfALineOfFourHundreds) {
     EXPECT_EQ(Calculated<Edid>(Timing::ExactReduced, 1920, 1080, 59).vtotal, 1125);
     const auto item = Calculated<Edid>(Timing::ExactReduced, 1900, 1080, 59);
