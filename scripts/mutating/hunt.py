@@ -93,14 +93,19 @@ class Tree:
             what = f'{self.build}/bin/{program}_test --gtest_brief=1'
         (self.source / 'build').mkdir(exist_ok=True)
         SCRATCH.mkdir(exist_ok=True)
-        # A change may write or delete anything, where the program has the right to: it sees no file that it could.
+        SCRATCH.chmod(0o1777)
+        # A change may write, delete or run anything. It sees no file that it could harm, and has no rights of root's, with which
+        # it could harm a device.
+        is_root = os.geteuid() == 0
         command = ' && '.join([
             f'mount --bind {SCRATCH} {SCRATCH}', 'mount -o remount,bind,ro /',
-            *(f'mount -t tmpfs tmpfs {folder}' for folder in ('/tmp', '/dev/shm', self.source / 'build')), 'cd /tmp',
-            f'ulimit -v 8000000 -t {seconds:.0f}', f'exec timeout -k 2 {60 + 20 * seconds:.0f} {what}'])
-        alone = ['unshare', '--mount'] + ([] if os.geteuid() == 0 else ['--map-root-user'])
+            *(f'mount -t tmpfs -o mode=1777 tmpfs {folder}' for folder in ('/tmp', '/dev/shm', self.source / 'build')), 'cd /tmp',
+            f'ulimit -v 8000000 -t {seconds:.0f}',
+            'exec ' + ('setpriv --reuid=65534 --regid=65534 --clear-groups --bounding-set=-all --no-new-privs ' if is_root else '') +
+            f'timeout -k 2 {60 + 20 * seconds:.0f} {what}'])
+        alone = ['unshare', '--mount'] + ([] if is_root else ['--map-root-user'])
         return subprocess.run(alone + ['bash', '-c', command], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                              env={**os.environ, 'TMPDIR': '/tmp', 'GTEST_FAIL_FAST': '1', **environment}).returncode == 0
+                              env={**os.environ, 'HOME': '/tmp', 'TMPDIR': '/tmp', 'GTEST_FAIL_FAST': '1', **environment}).returncode == 0
 
 
 class Hunt:

@@ -1,5 +1,5 @@
-// Included by every source of a tree of mutants that has been changed: the switches of the changes. VANTELLE_MUTANT is the
-// one that is on, and to the file that VANTELLE_REACHED names each process adds the numbers of those it asked for.
+// Included by every source of a tree of mutants that has been changed: the switches of the changes. VANTELLE_MUTANT is
+// the one that is on, and to the file that VANTELLE_REACHED names each process adds the numbers of those it asked for.
 #pragma once
 
 #include <concepts>

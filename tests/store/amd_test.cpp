@@ -221,7 +221,8 @@ TEST_F(Amd, I2cWritesTheWholeRange) {
     EXPECT_FALSE(displays_[0].WriteI2c(Bytes{0x50, 1, 3}));
     const int entered = StandIn::Amd().Entered("ADL_Display_DDCBlockAccess_Get");
     EXPECT_FALSE(displays_[0].WriteI2c(Bytes()));
-    EXPECT_EQ(StandIn::Amd().Entered("ADL_Display_DDCBlockAccess_Get"), entered) << "the driver is not asked to write nothing";
+    EXPECT_EQ(StandIn::Amd().Entered("ADL_Display_DDCBlockAccess_Get"), entered)
+        << "the driver is not asked to write nothing";
 }
 
 TEST_F(Amd, I2cFailureIsTold) {
