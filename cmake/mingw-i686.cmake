@@ -5,5 +5,5 @@ set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-# Loaded anywhere, and no data run as code. For control flow guard this compiler has no support.
+# Loaded anywhere, and no data run as code; CMakeLists.txt says why there is no control flow guard.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--dynamicbase,--nxcompat")

@@ -29,9 +29,9 @@ UI::Size GetLargest(const Cells& cells) {
 
 class GroupLayout {
 public:
-    // `most` is the height that a column of a grid may take.
-    GroupLayout(Group& group, const UI::StyleTable& style, int most)
-        : group(group), metrics(style.Metrics), columnGap(style.UncheckedRadio.Gap), most(most) {
+    // The columns of a grid take no more than `room`, as far as the height goes, and the width in any case.
+    GroupLayout(Group& group, const UI::StyleTable& style, UI::Size room)
+        : group(group), metrics(style.Metrics), columnGap(style.UncheckedRadio.Gap), room(room) {
         for (const auto& row : group.Rows) {
             labelWidth = std::max(labelWidth, GetLargest(row->Labels).Width);
             if (group.IsAligned && row->Kind == RowKind::Line) WidenColumns(*row, 1);
@@ -149,7 +149,11 @@ private:
     int GetMostPerColumn(const Row& row) const {
         const UI::Padding& padding = group.Box.GetStyle().ContentPadding;
         const int around = group.Box.GetOverhang() + padding.Top + padding.Bottom + metrics.Spacing;
-        return std::clamp((most - around) / (GetLargest(row.Cells).Height + columnGap), 1, MostPerColumn);
+        const int high =
+            std::clamp((room.Height - around) / (GetLargest(row.Cells).Height + columnGap), 1, MostPerColumn);
+        const int beside = GetIndent(row) + padding.Left + padding.Right;
+        const int columnCount = std::max(1, (room.Width - beside) / GetStep(row));
+        return std::max(high, (static_cast<int>(row.Cells.size()) + columnCount - 1) / columnCount);
     }
     // What a column of a grid takes.
     int GetStep(const Row& row) const { return GetLargest(row.Cells).Width + metrics.SmallSpacing; }
@@ -176,7 +180,7 @@ private:
     Group& group;
     const UI::LayoutMetrics& metrics;
     int columnGap;
-    int most;
+    UI::Size room;
     int labelWidth = 0;
     std::vector<int> columns;
 };
@@ -276,7 +280,7 @@ public:
         bool isWide = false;
         for (const auto& group : groups) {
             if (!group->IsVisible) continue;
-            layouts.emplace_back(*group, window.GetStyle(), room.Height);
+            layouts.emplace_back(*group, window.GetStyle(), room);
             visible.push_back(group.get());
             isWide = isWide || HasWideCell(*group);
         }

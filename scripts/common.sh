@@ -37,6 +37,15 @@ build() {
 
 # A command on a screen of its own, ended with its group if it takes longer than SECONDS.
 on_screen() { on_screen_of 2560x1600 "$@"; }
+# The same with a second monitor, of a laptop, right of the first.
+on_two_monitors() { # SECONDS COMMAND...
+    local seconds=$1
+    shift
+    xvfb-run -a -s "-noreset -screen 0 3926x1600x24" timeout -k 10 "$seconds" bash -euc '
+        xrandr --setmonitor first 2560/677x1600/423+0+0 screen >/dev/null
+        xrandr --setmonitor second 1366/361x768/203+2560+400 none >/dev/null
+        exec "$@"' - "$@"
+}
 on_screen_of() { # WIDTHxHEIGHT SECONDS COMMAND...
     local size=$1 seconds=$2
     shift 2
@@ -50,7 +59,8 @@ export_wine_prefix() {
 
 # wine_prefix NAME [PROGRAM...]: makes build/NAME with the sample displays once (again when they or this file change),
 # and works on it. Its registry answers as Windows 10. The windows of the programs are none of a window
-# manager's: without one Wine waits two seconds at each that closes.
+# manager's: without one Wine waits two seconds at each that closes. By Xinerama Wine sees monitors that are parts of one
+# screen, by XRandR outputs alone.
 wine_prefix() {
     export_wine_prefix "$1"
     shift
@@ -65,6 +75,7 @@ wine_prefix() {
     mkdir -p "$WINEPREFIX"
     {
         printf 'REGEDIT4\n\n[HKEY_CURRENT_USER\\Software\\Wine]\n"Version"="win10"\n'
+        printf '\n[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\n"UseXRandR"="N"\n'
         for program in "$@"; do
             printf '\n[HKEY_CURRENT_USER\\Software\\Wine\\AppDefaults\\%s\\X11 Driver]\n"Managed"="N"\n' "$program"
         done
@@ -88,7 +99,7 @@ wine_sample_prefix() {
 # run_program NAME: runs a test program once, under Wine with windows/ before its name, or the script of that name.
 run_program() {
     case $1 in
-        windows/*) on_screen 600 wine "build/windows/bin/${1#*/}.exe" --gtest_brief=1 ;;
+        windows/*) on_two_monitors 600 wine "build/windows/bin/${1#*/}.exe" --gtest_brief=1 ;;
         *_test) timeout 600 "build/native/bin/$1" --gtest_brief=1 ;;
         *) "scripts/$1" ;;
     esac

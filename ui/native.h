@@ -62,6 +62,8 @@ void Attach(Controls::TextBox& box);
 // Place. A child's position is in its parent's client area, a top-level window's on the screen.
 bool Move(Handle handle, int x, int y);
 bool Resize(Handle handle, int width, int height);
+// Both at once, with no step between that stands elsewhere.
+bool Place(Handle handle, const Rect& place);
 // `width` and `height` are those of the closed box.
 bool ResizeComboBox(const Controls::ComboBox& box, int width, int height);
 bool PlaceAfter(Handle handle, Handle other);

@@ -32,6 +32,9 @@ Window::Owned::~Owned() { Native::Destroy(handle); }
 
 Window::Window(Window* parent, const std::wstring& className, const std::wstring& title, unsigned style)
     : parent(parent), className(className), title(title), style(style), registration(className), handle(*this) {
+    // Where it has room to grow: over the edge it would come to another monitor, and to its scale.
+    if (const auto area = parent ? Native::GetWorkArea(parent->handle) : std::nullopt)
+        Native::Move(handle, area->Left, area->Top);
     dpi = Native::GetDpi(handle);
     Native::LoadIcons(handle, dpi, icon, smallIcon);
     AddStandardHandlers();
@@ -65,12 +68,14 @@ void Window::AddStandardHandlers() {
     AddMessageHandler(Message::WindowPosChanged, [this](WParam, LParam) { StorePlace(); });
     AddMessageHandler(Message::DpiChanged, [this](WParam, LParam lParam) {
         dpi = Native::GetDpi(handle);
-        // Where the system wants it, so that it is on the other monitor for good.
-        if (const auto place = Native::GetProposedPlace(lParam)) {
-            Native::Move(handle, place->Left, place->Top);
-            Native::Resize(handle, place->Right - place->Left, place->Bottom - place->Top);
-        }
+        // Where the system wants it, so that it is on the other monitor for good. It is laid out in the corner of that
+        // one, where it has most room to grow: what came over the edge would change its scale again.
+        if (const auto place = Native::GetProposedPlace(lParam)) Native::Place(handle, *place);
+        const auto area = Native::GetWorkArea(handle);
+        const Point wanted{x, y};
+        if (area) SetPosition(area->Left, area->Top);
         Restyle();
+        if (area) PlaceWithin(*area, wanted.X, wanted.Y);
     });
     // Each window hears of these for itself, the ones behind a modal window too.
     for (int message : {Message::SettingsChanged, Message::SystemColorsChanged, Message::ThemeChanged})
@@ -158,11 +163,13 @@ void Window::Center() {
         parent ? Rect{parent->x, parent->y, parent->x + parent->width, parent->y + parent->height} : *workArea;
     int left = around.Left + (around.Right - around.Left - width) / 2;
     int top = around.Top + (around.Bottom - around.Top - height) / 2;
-    if (workArea) {
-        left = std::max(workArea->Left, std::min(left, workArea->Right - width));
-        top = std::max(workArea->Top, std::min(top, workArea->Bottom - height));
-    }
+    if (workArea) return PlaceWithin(*workArea, left, top);
     SetPosition(left, top);
+}
+
+void Window::PlaceWithin(const Rect& area, int left, int top) {
+    SetPosition(std::max(area.Left, std::min(left, area.Right - width)),
+                std::max(area.Top, std::min(top, area.Bottom - height)));
 }
 
 void Window::StayInWorkArea() {

@@ -144,6 +144,8 @@ private:
     void Restyle();
     MessageResult HandleCommand(WParam wParam, LParam lParam);
     void StorePlace();
+    // As near as all of it has room in the area, or its left and upper edge when it is larger.
+    void PlaceWithin(const Rect& area, int left, int top);
     void FocusFirst();
 
     Window* parent;

@@ -2,6 +2,8 @@
 // is left in there.
 #include <QAccessible>
 #include <QApplication>
+#include <QImage>
+#include <QPixmap>
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -133,10 +135,26 @@ protected:
     void Look(UI::Window& form, const std::string& name) {
         EXPECT_EQ(VNT::Testing::FindMisplaced(form), L"") << name;
         ExpectAccessible(form);
+        ExpectNothingOutOfView(form, name);
         if (!pictures) return;
         const auto folder = std::filesystem::path(pictures);
         std::filesystem::create_directories(folder);
         EXPECT_TRUE(SavePicture(form, folder / (name + ".png"))) << name;
+    }
+
+    // Of what scrolls nothing shows beside OK, wherever it stands.
+    static void ExpectNothingOutOfView(UI::Window& form, const std::string& name) {
+        if (!form.IsScrolling()) return;
+        for (const int position : {form.GetScrollHeight(), form.GetScrollHeight() / 3, 0}) {
+            form.ScrollTo(position);
+            const QImage shown = form.GetHandle()->Widget->grab().toImage();
+            const double ratio = shown.devicePixelRatio();
+            const auto at = [&](int x, int y) {
+                return UI::Widgets::FromQt(
+                    shown.pixelColor(static_cast<int>((x + 0.5) * ratio), static_cast<int>((y + 0.5) * ratio)));
+            };
+            EXPECT_EQ(VNT::Testing::FindStray(form, at), L"") << name << " at " << form.GetScrollPosition();
+        }
     }
 
     const char* pictures = GetPictures();

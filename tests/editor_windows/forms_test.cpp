@@ -91,11 +91,27 @@ protected:
         if (reader) {
             EXPECT_EQ(FindMisread(*reader, form), L"") << name;
         }
+        ExpectNothingOutOfView(form, name);
         if (!pictures) return;
         const auto folder = std::filesystem::path(pictures) / GetParam().Name;
         std::filesystem::create_directories(folder);
         form.Redraw();
         EXPECT_TRUE(UI::SavePicture(form, folder / (name + ".png"))) << name;
+    }
+
+    // Of what scrolls nothing shows beside OK, wherever it stands.
+    static void ExpectNothingOutOfView(UI::Window& form, const std::string& name) {
+        if (!form.IsScrolling()) return;
+        for (const int position : {form.GetScrollHeight(), form.GetScrollHeight() / 3, 0}) {
+            form.ScrollTo(position);
+            form.Redraw();
+            const std::vector<UI::Color> shown = UI::ReadPicture(form);
+            ASSERT_FALSE(shown.empty());
+            const auto at = [&](int x, int y) {
+                return shown[static_cast<std::size_t>(y * form.GetClientWidth() + x)];
+            };
+            EXPECT_EQ(VNT::Testing::FindStray(form, at), L"") << name << " at " << form.GetScrollPosition();
+        }
     }
 
     UI::Session session;

@@ -1,6 +1,8 @@
 // What the user of a window would find wrong with where its controls stand.
 #pragma once
 
+#include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -98,6 +100,25 @@ inline std::wstring FindMisplaced(const UI::Window& window) {
         if (last && !scrolled && control->GetBottom() <= last->GetY() && control->GetX() <= last->GetX())
             return L"Tab goes up from " + Named(*last) + L" to " + Named(*control);
         last = control;
+    }
+    return {};
+}
+
+// What shows beside the buttons below a view and is of no control that stands there, or nothing. `at` tells what the
+// client area shows; its lower left corner is empty in each form.
+inline std::wstring FindStray(const UI::Window& window, const std::function<UI::Color(int x, int y)>& at) {
+    if (!window.IsScrolling()) return {};
+    const UI::Color background = at(0, window.GetClientHeight() - 1);
+    for (int y = window.GetView()->Bottom; y < window.GetClientHeight(); ++y) {
+        for (int x = 0; x < window.GetClientWidth(); ++x) {
+            if (at(x, y) == background) continue;
+            const auto& controls = window.GetControls();
+            const bool isKnown = std::any_of(controls.begin(), controls.end(), [x, y](const UI::Control* control) {
+                return !control->GetView() && control->IsVisible() && x >= control->GetX() && x < control->GetRight() &&
+                       y >= control->GetY() && y < control->GetBottom();
+            });
+            if (!isKnown) return L"something at " + std::to_wstring(x) + L", " + std::to_wstring(y);
+        }
     }
     return {};
 }

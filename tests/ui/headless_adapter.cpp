@@ -60,6 +60,16 @@ bool Hears(const UI::Control& control, UI::Native::Change change, const std::fun
     return heard;
 }
 
+std::vector<Monitor> GetMonitors() {
+    auto& system = GetDriver().GetSystem();
+    // Where no other test comes.
+    system.OtherMonitors = {{{10000, 0, 13840, 2160}, {10000, 0, 13840, 2080}, 192},
+                            {{-11366, -10768, -10000, -10000}, {-11366, -10768, -10000, -10040}, 120}};
+    std::vector<Monitor> monitors{{*system.WorkArea, system.Dpi}};
+    for (const UI::Headless::Monitor& other : system.OtherMonitors) monitors.push_back({other.WorkArea, other.Dpi});
+    return monitors;
+}
+
 void Break(UI::Handle handle) { UI::Headless::Break(*handle); }
 
 }  // namespace Conformance

@@ -61,6 +61,7 @@ struct SystemSettings {
     int Dpi = 96;
     std::optional<Rect> WorkArea = Rect{0, 0, 1920, 1040};
     std::vector<Monitor> OtherMonitors;
+    int CharacterWidth = 7;               // of a plain font, in sixteenths of its height
     std::map<SystemColor, Color> Colors;  // others have the colours of a black contrast theme
 
     void SetTheme(Theme theme);

@@ -56,11 +56,12 @@ void ChangePlace(NativeWindow& window, const Rect& place) {
     Send(&window, Message::WindowPosChanged, 0, 0);
     const int newDpi = GetDpi(&window);
     if (newDpi == dpi) return;
-    // Like the system: the same place, as large there as it was here.
+    // Like the system: around the same middle, as large there as it was here.
     const int width = (place.Right - place.Left) * newDpi / dpi;
     const int height = (place.Bottom - place.Top) * newDpi / dpi;
     Rect proposed = place;
     proposed.Left += (place.Right - place.Left - width) / 2;
+    proposed.Top += (place.Bottom - place.Top - height) / 2;
     proposed.Right = proposed.Left + width;
     proposed.Bottom = proposed.Top + height;
     Send(&window, Message::DpiChanged, 0, reinterpret_cast<LParam>(&proposed));
@@ -149,13 +150,19 @@ bool Move(Handle handle, int x, int y) {
 }
 
 bool Resize(Handle handle, int width, int height) {
+    const NativeWindow* window = GetDesktop().Find(handle);
+    if (!window) return false;
+    const Rect& place = window->Place;
+    return Place(handle, {place.Left, place.Top, place.Left + width, place.Top + height});
+}
+
+bool Place(Handle handle, const Rect& place) {
     NativeWindow* window = GetDesktop().Find(handle);
     if (!window) return false;
     Size least;
     if (window->IsTop()) Send(handle, Message::GetMinMaxInfo, 0, reinterpret_cast<LParam>(&least));
-    const Rect& place = window->Place;
-    ChangePlace(*window, {place.Left, place.Top, place.Left + std::max({width, least.Width, 0}),
-                          place.Top + std::max({height, least.Height, 0})});
+    ChangePlace(*window, {place.Left, place.Top, std::max(place.Right, place.Left + std::max(least.Width, 0)),
+                          std::max(place.Bottom, place.Top + std::max(least.Height, 0))});
     return true;
 }
 
@@ -355,7 +362,8 @@ void SetDroppedDown(Handle comboBox, bool down) {
 std::shared_ptr<NativeFont> MakeFont(const FontSpec& spec, FontMetrics& metrics) {
     auto font = std::make_shared<NativeFont>();
     const bool wide = spec.Weight > 400 || spec.Face == L"Consolas";
-    font->CharacterWidth = wide ? spec.Height / 2 : spec.Height * 7 / 16;
+    const int share = GetDesktop().System.CharacterWidth;
+    font->CharacterWidth = spec.Height * (wide ? share + 1 : share) / 16;
     const int ascent = spec.Height * 13 / 16;
     metrics = {spec.Height, ascent, spec.Height - ascent, font->CharacterWidth};
     return font;

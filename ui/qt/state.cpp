@@ -37,6 +37,13 @@ namespace {
 
 QRect ToQt(const Rect& place) { return {place.Left, place.Top, place.Right - place.Left, place.Bottom - place.Top}; }
 
+// A widget has none of its own until it is shown; then only the window system knows, which may keep places to itself.
+const QScreen* GetScreen(const NativeWindow& window) {
+    if (!window.Widget) return QGuiApplication::primaryScreen();
+    const QScreen* there = window.IsShown ? nullptr : QGuiApplication::screenAt(ToQt(window.Place).center());
+    return there ? there : window.Widget->screen();
+}
+
 bool ChangePlace(Handle handle, const Rect& place) {
     handle->Place = place;
     if (handle->IsTop()) {
@@ -61,11 +68,16 @@ bool Move(Handle handle, int x, int y) {
 
 bool Resize(Handle handle, int width, int height) {
     if (!Find(handle)) return false;
+    const Rect& place = handle->Place;
+    return Place(handle, {place.Left, place.Top, place.Left + width, place.Top + height});
+}
+
+bool Place(Handle handle, const Rect& place) {
+    if (!Find(handle)) return false;
     Size least;
     if (handle->IsTop()) Send(handle, Message::GetMinMaxInfo, 0, reinterpret_cast<LParam>(&least));
-    const Rect& place = handle->Place;
-    return ChangePlace(handle, {place.Left, place.Top, place.Left + std::max({width, least.Width, 0}),
-                                place.Top + std::max({height, least.Height, 0})});
+    return ChangePlace(handle, {place.Left, place.Top, std::max(place.Right, place.Left + std::max(least.Width, 0)),
+                                std::max(place.Bottom, place.Top + std::max(least.Height, 0))});
 }
 
 bool ResizeComboBox(const Controls::ComboBox& box, int width, int height) {
@@ -91,7 +103,7 @@ std::optional<Size> GetFrameSize(Size client, unsigned, unsigned, int) {
 }
 
 std::optional<Rect> GetWorkArea(Handle handle) {
-    const QScreen* screen = handle->Widget ? handle->Widget->screen() : QGuiApplication::primaryScreen();
+    const QScreen* screen = GetScreen(*handle);
     if (!screen) return std::nullopt;
     const QRect area = screen->availableGeometry();
     return Rect{area.left(), area.top(), area.left() + area.width(), area.top() + area.height()};

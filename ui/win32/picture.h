@@ -2,6 +2,9 @@
 #pragma once
 
 #include <filesystem>
+#include <vector>
+
+#include "ui/types.h"
 
 namespace UI {
 
@@ -9,7 +12,9 @@ class Window;
 
 // Writes what the visible window's client area shows as a PNG. False when that fails.
 bool SavePicture(const Window& window, const std::filesystem::path& file);
-// The same of the whole screen, whoever's windows stand there.
+// The colours of that, row by row; empty when it can't be read.
+std::vector<Color> ReadPicture(const Window& window);
+// The same as the first of the whole screen, whoever's windows stand there.
 bool SaveScreen(const std::filesystem::path& file);
 
 }  // namespace UI

@@ -9,9 +9,8 @@ using namespace Win32;
 
 namespace {
 
-bool Place(Handle handle, HWND after, const Rect& place, UINT flags) {
-    return SetWindowPos(ToWindow(handle), after, place.Left, place.Top, place.Right, place.Bottom,
-                        flags | SWP_NOACTIVATE) != 0;
+bool SetPlace(Handle handle, HWND after, int x, int y, Size size, UINT flags) {
+    return SetWindowPos(ToWindow(handle), after, x, y, size.Width, size.Height, flags | SWP_NOACTIVATE) != 0;
 }
 
 bool HasStyle(Handle handle, unsigned flag) {
@@ -20,13 +19,20 @@ bool HasStyle(Handle handle, unsigned flag) {
 
 }  // namespace
 
-bool Move(Handle handle, int x, int y) { return Place(handle, nullptr, {x, y, 0, 0}, SWP_NOSIZE | SWP_NOZORDER); }
+bool Move(Handle handle, int x, int y) { return SetPlace(handle, nullptr, x, y, {}, SWP_NOSIZE | SWP_NOZORDER); }
 
 bool Resize(Handle handle, int width, int height) {
-    return Place(handle, nullptr, {0, 0, width, height}, SWP_NOMOVE | SWP_NOZORDER);
+    return SetPlace(handle, nullptr, 0, 0, {width, height}, SWP_NOMOVE | SWP_NOZORDER);
 }
 
-bool PlaceAfter(Handle handle, Handle other) { return Place(handle, ToWindow(other), {}, SWP_NOSIZE | SWP_NOMOVE); }
+bool Place(Handle handle, const Rect& place) {
+    const Size size{place.Right - place.Left, place.Bottom - place.Top};
+    return SetPlace(handle, nullptr, place.Left, place.Top, size, SWP_NOZORDER);
+}
+
+bool PlaceAfter(Handle handle, Handle other) {
+    return SetPlace(handle, ToWindow(other), 0, 0, {}, SWP_NOSIZE | SWP_NOMOVE);
+}
 
 Rect GetWindowPlace(Handle handle) {
     RECT place{};

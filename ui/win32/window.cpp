@@ -146,8 +146,11 @@ Child CreateChild(ControlKind kind, const std::wstring& text, unsigned style, Ha
     // The system knows the texts of lists, too, so that it can tell them to a screen reader.
     if (kind == ControlKind::ListBox) style |= LBS_HASSTRINGS;
     if (kind == ControlKind::ComboBox) style |= CBS_HASSTRINGS;
-    HWND window = CreateWindowExW(0, Win32::GetClassName(kind), text.c_str(), style | WS_CHILD | WS_VISIBLE, 0, 0, 0, 0,
-                                  ToWindow(parent), nullptr, GetModuleHandleW(nullptr), nullptr);
+    // Clipped by their siblings, although none covers another: only then do the classes of controls draw within the
+    // region of their own window and not within all of its parent's.
+    const DWORD styles = style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
+    HWND window = CreateWindowExW(0, Win32::GetClassName(kind), text.c_str(), styles, 0, 0, 0, 0, ToWindow(parent),
+                                  nullptr, GetModuleHandleW(nullptr), nullptr);
     if (!window) return {};
     const LONG_PTR previous = SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ControlProcedure));
     return {ToHandle(window), reinterpret_cast<Procedure>(previous)};

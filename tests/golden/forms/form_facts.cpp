@@ -4,6 +4,8 @@
 
 #include "editor/main_window.h"
 #include "tests/editor/form_case.h"
+#include "tests/editor/form_user.h"
+#include "tests/editor/small_screens.h"
 #include "tests/golden/facts.h"
 #include "ui/headless/driver.h"
 
@@ -130,13 +132,40 @@ std::string PrintMainWindow() {
     return out.str();
 }
 
+// Which forms scroll on which small screen, and which of them once they are unfolded.
+std::string PrintScrollingForms() {
+    std::ostringstream out;
+    for (const ::Testing::SmallScreenCase& screen : ::Testing::SmallScreens) {
+        PrintTo(screen, &out);
+        out << "\n";
+        for (const auto& form : AllForms()) {
+            FormUser user;
+            user.driver.GetSystem().CharacterWidth = screen.CharacterWidth;
+            user.driver.GetSystem().Dpi = screen.Dpi;
+            const UI::Rect& area = screen.WorkArea;
+            user.driver.GetSystem().WorkArea = UI::Rect{0, 0, area.Right - area.Left, area.Bottom - area.Top};
+            user.driver.Then([&] {
+                const bool scrolls = user.Form().IsScrolling();
+                user.ShowAll();
+                if (user.Form().IsScrolling()) out << "  " << form->name << (scrolls ? "" : ", unfolded") << "\n";
+                user.driver.Press(UI::Key::Escape);
+            });
+            form->Renew();
+            form->Edit();
+        }
+    }
+    return out.str();
+}
+
 std::string PrintForms() { return PrintMainWindow() + PrintAll(AllForms()); }
 std::string PrintChoosers() { return PrintAll(AllChoosers()); }
 
 }  // namespace
 
 const Facts& GetFacts() {
-    static const Facts facts{"tests/golden/forms", {{"choosers.txt", &PrintChoosers}, {"forms.txt", &PrintForms}}};
+    static const Facts facts{
+        "tests/golden/forms",
+        {{"choosers.txt", &PrintChoosers}, {"forms.txt", &PrintForms}, {"scrolling_forms.txt", &PrintScrollingForms}}};
     return facts;
 }
 

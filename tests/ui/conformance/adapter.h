@@ -44,6 +44,14 @@ bool Shows(const UI::Control& control, UI::Color color);
 // Whether a screen reader hears of that change of the control while `action` runs.
 bool Hears(const UI::Control& control, UI::Native::Change change, const std::function<void()>& action);
 
+// The monitors of the desktop that the tests run on, the primary one first: two at least, of different scale where the
+// system can have that.
+struct Monitor {
+    UI::Rect WorkArea;
+    int Dpi = 96;
+};
+std::vector<Monitor> GetMonitors();
+
 // Destroys a window behind the back of the object that owns it.
 void Break(UI::Handle handle);
 

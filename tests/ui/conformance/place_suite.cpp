@@ -167,6 +167,20 @@ TEST(Place, OfAWindowIsNeverBelowItsLeastSize) {
     EXPECT_EQ(window.GetClientWidth(), 600);
 }
 
+TEST(Place, OfAWindowChangesInOneStep) {
+    TestWindow window;
+    window.SetMinimumSize(300, 200);
+    std::vector<Rect> places;
+    window.AddMessageHandler(Message::WindowPosChanged,
+                             [&](WParam, LParam) { places.push_back(Native::GetWindowPlace(window.GetHandle())); });
+    EXPECT_TRUE(Native::Place(window.GetHandle(), {100, 50, 500, 350}));
+    EXPECT_EQ(places, (std::vector<Rect>{{100, 50, 500, 350}}));
+    EXPECT_TRUE(Native::Place(window.GetHandle(), {10, 20, 30, 40}));
+    EXPECT_EQ(Native::GetWindowPlace(window.GetHandle()), (Rect{10, 20, 310, 220}));
+    Break(window.GetHandle());
+    EXPECT_FALSE(Native::Place(window.GetHandle(), {100, 50, 500, 350}));
+}
+
 TEST(Place, IsCentredOnTheParentWithinTheWorkArea) {
     TestWindow parent;
     TestWindow window(&parent, L"ConformanceChild");

@@ -1,8 +1,13 @@
 // The conformance suite's user on Qt's windows: keys and clicks come as from the window system, to the window in front.
 #include <QApplication>
 #include <QComboBox>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QKeyEvent>
 #include <QListView>
+#include <QScreen>
+#include <QTemporaryFile>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -18,7 +23,29 @@ using UI::Widgets::Find;
 
 namespace {
 
-const auto* const environment = testing::AddGlobalTestEnvironment(new SessionEnvironment);
+// Two screens, of different scale, where none was asked for.
+class TwoScreens : public SessionEnvironment {
+public:
+    void SetUp() override {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && file.open()) {
+            const auto screen = [](const char* name, int x, int width, int height, int ratio) {
+                return QJsonObject{{"name", name},         {"x", x},           {"y", 0},
+                                   {"width", width},       {"height", height}, {"logicalDpi", 96},
+                                   {"logicalBaseDpi", 96}, {"dpr", ratio}};
+            };
+            const QJsonArray screens{screen("first", 0, 1920, 1080, 1), screen("second", 1920, 1366, 768, 2)};
+            file.write(QJsonDocument(QJsonObject{{"screens", screens}}).toJson());
+            file.close();
+            qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + file.fileName().toUtf8());
+        }
+        SessionEnvironment::SetUp();
+    }
+
+private:
+    QTemporaryFile file;
+};
+
+const auto* const environment = testing::AddGlobalTestEnvironment(new TwoScreens);
 
 void ProcessAll() { QApplication::processEvents(); }
 
@@ -198,6 +225,16 @@ void MovePointerAway() {
 
 void Hold(UI::Control& control) { QTest::mousePress(GetTarget(control), Qt::LeftButton, {}, GetCentre(control)); }
 void Release(UI::Control& control) { QTest::mouseRelease(GetTarget(control), Qt::LeftButton, {}, GetCentre(control)); }
+
+std::vector<Monitor> GetMonitors() {
+    std::vector<Monitor> monitors;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const QRect area = screen->availableGeometry();
+        monitors.push_back({{area.left(), area.top(), area.left() + area.width(), area.top() + area.height()},
+                            static_cast<int>(screen->logicalDotsPerInch())});
+    }
+    return monitors;
+}
 
 void ClickCloseBox(UI::Window& window) {
     window.GetHandle()->Widget->close();

@@ -3,8 +3,10 @@
 #include <set>
 
 #include "tests/support/contrast.h"
+#include "tests/support/window_layout.h"
 #include "tests/ui/conformance/adapter.h"
 #include "ui/win32/canvas.h"
+#include "ui/win32/picture.h"
 
 namespace Conformance {
 
@@ -274,6 +276,71 @@ TEST(Painting, MarksTheFocusOnlyWhereMarksAreShown) {
                 EXPECT_NE(GetColors(button), plain);
                 window.SetFocus();
                 EXPECT_EQ(GetPixelOf(button, 2, 2), window.GetStyle().Button.States[ControlState::Normal].Background);
+                EndRun(IdOk);
+            }});
+}
+
+// What shows outside the view of a window that scrolls.
+class ScrolledOut : public testing::Test {
+protected:
+    static constexpr Rect View{0, 0, 580, 200};
+
+    ScrolledOut() {
+        all.Ok.SetPosition(20, View.Bottom + 20);
+        for (Control* control : scrolled) control->SetView(View);
+        window.BeginScrolling(View, 1000);
+    }
+    // Draws the control anew where it stands, and in the states that a user brings it into.
+    void Draw(Control& control) {
+        control.Redraw();
+        control.SetEnabled(false);
+        control.SetEnabled(true);
+        control.SetFocus();
+        if (control.GetKind() == ControlKind::Edit) Type(L"WWWW");
+        window.SetFocus();
+    }
+    std::wstring FindStray() {
+        UpdateWindow(ToWindow(window.GetHandle()));
+        const std::vector<Color> shown = ReadPicture(window);
+        return VNT::Testing::FindStray(
+            window, [&](int x, int y) { return shown.at(static_cast<std::size_t>(y * window.GetClientWidth() + x)); });
+    }
+
+    TestWindow window;
+    AllControls all{window};
+    std::vector<Control*> scrolled{&all.Group, &all.Label, &all.Box,   &all.Lines,
+                                   &all.Check, &all.Radio, &all.Combo, &all.List};
+};
+
+TEST_F(ScrolledOut, ShowsNothingOfAnyControlHoweverItIsDrawn) {
+    RunWith(window, {[&] {
+                // Across the edge of the view, just below it, and beside the button that stays.
+                for (const int top : {View.Bottom - 10, View.Bottom, View.Bottom + 15, View.Bottom + 100}) {
+                    for (Control* control : scrolled) {
+                        const int before = control->GetY();
+                        control->SetPosition(260, top);
+                        Draw(*control);
+                        EXPECT_EQ(FindStray(), L"") << static_cast<int>(control->GetKind()) << " at " << top;
+                        window.Redraw();
+                        EXPECT_EQ(FindStray(), L"") << static_cast<int>(control->GetKind()) << " at " << top;
+                        control->SetPosition(12, before);
+                    }
+                }
+                EndRun(IdOk);
+            }});
+}
+
+TEST_F(ScrolledOut, ShowsWhatHasNoView) {
+    RunWith(window, {[&] {
+                all.Label.SetView(std::nullopt);
+                all.Label.SetPosition(260, View.Bottom + 20);
+                EXPECT_EQ(FindStray(), L"");
+                all.Label.SetView(View);
+                EXPECT_EQ(FindStray(), L"");
+                // A control that shows although its view says otherwise is seen.
+                Native::Clip(all.Label.GetHandle(), std::nullopt);
+                window.Redraw();
+                EXPECT_NE(FindStray(), L"");
                 EndRun(IdOk);
             }});
 }

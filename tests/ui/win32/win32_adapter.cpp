@@ -276,6 +276,22 @@ bool Hears(const UI::Control& control, UI::Native::Change change, const std::fun
     return heard.Found;
 }
 
+std::vector<Monitor> GetMonitors() {
+    std::vector<Monitor> monitors;
+    const auto add = [](HMONITOR monitor, HDC, RECT*, LPARAM to) -> BOOL {
+        MONITORINFO info{};
+        info.cbSize = sizeof(info);
+        if (!GetMonitorInfoW(monitor, &info)) return TRUE;
+        auto& found = *reinterpret_cast<std::vector<Monitor>*>(to);
+        const bool isFirst = UI::HasFlag(info.dwFlags, MONITORINFOF_PRIMARY);
+        found.insert(isFirst ? found.begin() : found.end(),
+                     {FromRect(info.rcWork), GetDeviceCaps(ScreenDC(), LOGPIXELSX)});
+        return TRUE;
+    };
+    EnumDisplayMonitors(nullptr, nullptr, add, reinterpret_cast<LPARAM>(&monitors));
+    return monitors;
+}
+
 void ClickCloseBox(UI::Window& window) { Post(ToWindow(window.GetHandle()), WM_SYSCOMMAND, SC_CLOSE); }
 
 void Break(UI::Handle handle) { DestroyWindow(ToWindow(handle)); }
