@@ -243,6 +243,7 @@ bool Overrides::Set(const Connector& connector, const Bytes& bytes) {
     }
     if (!MayCarryOut(changes, attributes, lock)) return false;
     bool isTaken = overrideFile.empty() || inUse == bytes;
+    const bool isWritten = !isTaken;
     const auto setOverride = [&] {
         isTaken = SetAttribute(overrideFile, bytes, SizeText(bytes));
         if (isTaken) return;
@@ -263,7 +264,8 @@ bool Overrides::Set(const Connector& connector, const Bytes& bytes) {
     if (!changes.CarryOut()) return Fail(connector, "the override was not set");
     if (!isTaken && (!to.lasting || options_.duration == Duration::Now))
         return Fail(connector, "the override was not set");
-    if (mayBeNow && ReadEdid(host_, connector) != bytes) Probe(connector);
+    // Its EDID is another at once, its modes are those of the last probe.
+    if (mayBeNow && (isWritten || ReadEdid(host_, connector) != bytes)) Probe(connector);
     for (const std::string& line : plan.lasting.advice) report_.wrong(line);
     TellNamesakes(connector, plan, to);
     return TellState(connector, bytes, plan.changesLasting && plan.lasting.isComplete && to.lasting == bytes);
