@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QStyle>
+#include <QStyleOption>
 #include <array>
 #include <utility>
 
@@ -95,7 +96,36 @@ bool PressKey(NativeWindow& window, const QKeyEvent& event) {
     return false;
 }
 
+bool IsInHighContrast(const NativeWindow& window) {
+    return window.Parent && window.Parent->Window && window.Parent->Window->GetStyle().Theme == Theme::HighContrast;
+}
+
+// Styles shade their frames from the colours of the window: where that is black, or white, nothing shows.
+bool NeedsFrame(const NativeWindow& window) {
+    return window.IsMarked ||
+           (IsInHighContrast(window) && window.Control && !dynamic_cast<Controls::Label*>(window.Control));
+}
+
+QColor GetFrameColor(const QWidget& widget, const NativeWindow& window) {
+    if (window.IsMarked) return ToQt(window.Mark);
+    const QPalette& palette = widget.palette();
+    return palette.color(window.Control->HasFocus() ? QPalette::Highlight : QPalette::WindowText);
+}
+
 void DrawFrame(QWidget& widget, const NativeWindow& window) {
+    QPainter painter(&widget);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(GetFrameColor(widget, window), 1));
+    constexpr qreal half = 0.5;
+    const auto getBox = [&](QStyle::SubElement element) {
+        QStyleOptionButton option;
+        option.initFrom(&widget);
+        return QRectF(widget.style()->subElementRect(element, &option, &widget)).adjusted(half, half, -half, -half);
+    };
+    if (dynamic_cast<const Controls::CheckBox*>(window.Control))
+        return painter.drawRect(getBox(QStyle::SE_CheckBoxIndicator));
+    if (dynamic_cast<const Controls::RadioButton*>(window.Control))
+        return painter.drawEllipse(getBox(QStyle::SE_RadioButtonIndicator));
     QRectF frame = widget.rect();
     // A group box has its frame below its caption.
     if (window.Control && window.Kind == ControlKind::Static) {
@@ -103,10 +133,6 @@ void DrawFrame(QWidget& widget, const NativeWindow& window) {
         const int line = window.Control->GetY() - place.Top;
         frame.setTop(window.Text.empty() ? 0 : line);
     }
-    QPainter painter(&widget);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(ToQt(window.Mark), 1));
-    constexpr qreal half = 0.5;
     constexpr qreal radius = 3;
     painter.drawRoundedRect(frame.adjusted(half, half, -half, -half), radius, radius);
 }
@@ -123,7 +149,7 @@ bool Paint(NativeWindow& window, QObject& watched, QEvent& event) {
             Native::Send(&window, Message::Paint, 0, 0);
         }
     });
-    if (!window.IsMarked || !window.Widget) return false;
+    if (!window.Widget || !NeedsFrame(window)) return false;
     watched.event(&event);
     DrawFrame(*window.Widget, window);
     return true;

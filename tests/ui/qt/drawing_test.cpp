@@ -3,6 +3,8 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStyle>
+#include <QStyleOption>
 #include <gtest/gtest.h>
 #include <map>
 
@@ -134,6 +136,45 @@ TEST_F(QtDrawing, TakesTheDesktopsColoursUnlessOthersAreAskedFor) {
         const bool isDesktops = (theme == Theme::Dark) == isDark;
         EXPECT_EQ(palette.color(QPalette::Base) == QApplication::palette().color(QPalette::Base), isDesktops);
     }
+}
+
+TEST_F(QtDrawing, FramesEveryControlInHighContrast) {
+    struct BlackDesktop {
+        BlackDesktop() {
+            QApplication::setPalette(
+                QPalette(Qt::white, Qt::black, Qt::black, Qt::black, Qt::black, Qt::white, Qt::black));
+        }
+        ~BlackDesktop() { QApplication::setPalette(QPalette()); }
+    };
+    const BlackDesktop desktop;
+    ApplyTheme(window, BuildStyleTable(window.GetDpi(), Theme::HighContrast));
+    Do([&] {
+        window.SetFocus();
+        const QColor white = Qt::white;
+        for (Control* control :
+             std::vector<Control*>{&all.Group, &all.Box, &all.Lines, &all.Combo, &all.List, &all.Ok}) {
+            const QImage picture = GetPicture(*control);
+            EXPECT_EQ(picture.pixelColor(0, picture.height() / 2), white) << ToString(*control);
+            EXPECT_EQ(picture.pixelColor(picture.width() / 2, picture.height() - 1), white) << ToString(*control);
+        }
+        all.Box.SetFocus();
+        const QImage focused = GetPicture(all.Box);
+        EXPECT_EQ(focused.pixelColor(0, focused.height() / 2), GetWidget(all.Box).palette().color(QPalette::Highlight));
+        for (Control* control : std::vector<Control*>{&all.Check, &all.Radio}) {
+            const QWidget& widget = GetWidget(*control);
+            QStyleOptionButton option;
+            option.initFrom(&widget);
+            const bool isSquare = control == &all.Check;
+            const auto element = isSquare ? QStyle::SE_CheckBoxIndicator : QStyle::SE_RadioButtonIndicator;
+            const QRect box = widget.style()->subElementRect(element, &option, &widget);
+            const QImage picture = GetPicture(*control);
+            const auto getLightness = [&](int x) { return picture.pixelColor(x, box.center().y()).lightness(); };
+            constexpr int bright = 128;
+            EXPECT_GT(getLightness(box.left()), bright) << ToString(*control);
+            EXPECT_GT(getLightness(box.right()), bright) << ToString(*control);
+            EXPECT_LT(getLightness(box.center().x()), bright) << ToString(*control);
+        }
+    });
 }
 
 TEST_F(QtDrawing, DrawsAnAmpersandAsOne) {
