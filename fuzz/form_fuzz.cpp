@@ -1,45 +1,38 @@
-// The forms: whatever the input does to them, by keys, clicks and texts, nothing crashes, and the main window shows
-// what a fresh read of its bytes would show.
+// A form by itself, of whichever kind: whatever the input does to it, by keys, clicks and texts, nothing crashes, what
+// is put back is as it was, a closed OK says why, and only OK changes the item.
 
-#include <filesystem>
-#include <random>
+#include <functional>
+#include <vector>
 
+#include "editor/all_forms.h"
 #include "fuzz/fuzz.h"
-#include "tests/monkey/monkey.h"
+#include "fuzz/input_dice.h"
 
 namespace {
 
-// Each byte is a decision.
-class InputDice : public Testing::Dice {
-public:
-    InputDice(const std::uint8_t* data, std::size_t size) : data(data), size(size) {}
-    int Roll(int sides) override { return HasBytes() ? data[at++] % sides : 0; }
-    void Pass() override { ++passed; }
-    bool HasMore() const override { return HasBytes() && passed < MostActions; }
+// Opens a form on a new item.
+using Open = std::function<void()>;
 
-private:
-    static constexpr int MostActions = 200;
-    bool HasBytes() const { return at < size; }
-
-    const std::uint8_t* data;
-    std::size_t size;
-    std::size_t at = 0;
-    int passed = 0;
-};
-
-// Several fuzzers may run at once.
-const std::filesystem::path& GetFolder() {
-    static const auto folder =
-        std::filesystem::temp_directory_path() / ("vantelle_form_fuzz_" + std::to_string(std::random_device()()));
-    return folder;
+std::vector<Open> GetForms() {
+    std::vector<Open> forms;
+    Forms::ForEachForm([&forms](const auto& sample) {
+        forms.push_back([sample] {
+            auto item = sample.item;
+            const int result = sample.edit(nullptr, item, sample.bytes);
+            Require(result == UI::IdOk || item == sample.item, "a form that was not confirmed leaves its item");
+        });
+    });
+    return forms;
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const std::vector<Open> forms = GetForms();
     InputDice dice(data, size);
     try {
-        Testing::Monkey(dice, 3, GetFolder()).Work();
+        const int choice = dice.Roll(static_cast<int>(forms.size()));
+        Testing::Monkey(dice, 0, {}).WorkOn(forms[static_cast<std::size_t>(choice)]);
     } catch (const std::exception& finding) {
         Require(false, finding.what());
     }

@@ -34,6 +34,7 @@ public:
     void AnswerWithFailure(const wchar_t* failure) override { driver.AnswerFileDialog({{}, failure}); }
 
     std::wstring FindUndrawn(const UI::Window& window) const override {
+        if (!desktop.Draws) return {};
         for (const UI::Control* control : window.GetControls()) {
             if (!control->IsVisible() || !VNT::Testing::IsRead(*control)) continue;
             const auto& drawn = control->GetHandle()->Drawn;

@@ -91,6 +91,15 @@ void Monkey::Work() {
     if (!put.empty()) fs::remove_all(folder);
 }
 
+void Monkey::WorkOn(const std::function<void()>& open) {
+    while (dice.HasMore()) {
+        user->Then([this] { Step(); });
+        open();
+        front = nullptr;
+        user->Forget();
+    }
+}
+
 void Monkey::RunProgram() {
     ++sessions;
     constexpr int scales[] = {96, 120, 144, 192};
@@ -120,6 +129,7 @@ int Monkey::Edit(DisplayList& displays) {
     user->Then([this] { Step(); });
     const int result = window.Run();
     view.reset();
+    mainWindow = nullptr;
     front = nullptr;
     user->Forget();
     if (result == IdOk) displays = window.GetDisplays();
@@ -178,12 +188,11 @@ void Monkey::LookAt(const Window& window) {
 }
 
 void Monkey::Act() {
-    AnswerDialogs();
+    if (view) AnswerDialogs();
     if (IsOneIn(5)) return PressAnyKey();
     Control& control = Pick();
     if (IsOneIn(24)) return PutBack(control);
-    const bool isMain = user->GetWindow().GetParent() == nullptr;
-    if (EndsForm(control) && !IsOneIn(isMain ? 8 : 2)) return;
+    if (EndsForm(control) && !IsOneIn(IsMain() ? 8 : 2)) return;
     touched = &control;
     ActOn(control);
 }
@@ -245,7 +254,7 @@ void Monkey::PutBack(Control& control) {
     // A form that can't be confirmed may say so at whatever was touched last.
     const auto isOpen = [](const auto& each) { return each.second == L"open"; };
     if (std::none_of(before.begin(), before.end(), isOpen)) return;
-    const DisplayList displays = mainWindow->GetDisplays();
+    const DisplayList displays = mainWindow ? mainWindow->GetDisplays() : DisplayList();
     const std::wstring name = control.GetName();
     Note(L"put back", name);
     touched = &control;
@@ -280,7 +289,7 @@ bool Monkey::ChangeAndBack(Control& control) {
     }
     // That of the main window is no field: another display has rows of its own to choose.
     auto* combo = dynamic_cast<ComboBox*>(&control);
-    if (combo && user->GetWindow().GetParent() && combo->GetSelection() != ComboBox::NoSelection) {
+    if (combo && !IsMain() && combo->GetSelection() != ComboBox::NoSelection) {
         const int selected = combo->GetSelection();
         user->Choose(*combo, dice.Roll(combo->GetCount()));
         user->Choose(*combo, selected);
@@ -340,8 +349,7 @@ void Monkey::PressAnyKey() {
                             Key::Left,   Key::Right,    Key::Home, Key::End,   Key::F4, Key::Return,
                             Key::Escape, Key::PageDown, Key::Back, Key::Delete};
     const Key key = keys[dice.Roll(static_cast<int>(std::size(keys)))];
-    const bool isMain = user->GetWindow().GetParent() == nullptr;
-    if (isMain && (key == Key::Return || key == Key::Escape) && !IsOneIn(8)) return;
+    if (IsMain() && (key == Key::Return || key == Key::Escape) && !IsOneIn(8)) return;
     Note(L"press", std::to_wstring(static_cast<int>(key)));
     const auto& controls = user->GetWindow().GetControls();
     const auto focused = std::find_if(controls.begin(), controls.end(), [](Control* each) { return each->HasFocus(); });
@@ -378,8 +386,7 @@ void Monkey::AnswerDialogs() {
 }
 
 void Monkey::Check() {
-    if (!view) return;
-    Expect(view->FindDifference());
+    if (view) Expect(view->FindDifference());
     if (user->IsLeaving()) return;
     Window& window = user->GetWindow();
     auto* form = dynamic_cast<AnyWindow*>(&window);

@@ -43,6 +43,8 @@ public:
 
     // Throws what it finds.
     void Work();
+    // The same with one form alone, which `open` runs.
+    void WorkOn(const std::function<void()>& open);
 
     // How often each window came to the front, by the name of its class.
     const std::map<std::wstring, int>& GetSeen() const { return seen; }
@@ -89,6 +91,8 @@ private:
     void Expect(const std::wstring& difference) const {
         if (!difference.empty()) Report(difference);
     }
+    // In front stands the main window.
+    bool IsMain() const { return view && !user->GetWindow().GetParent(); }
     bool IsOneIn(int sides) { return dice.Roll(sides) == 0; }
     std::wstring MakeText();
 

@@ -10,7 +10,9 @@ class MonkeyTest : public testing::TestWithParam<unsigned> {};
 
 constexpr int Actions = 25000;
 
-TEST_P(MonkeyTest, WhatIsShownIsWhatTheBytesHoldAfterEachOfManyActions) { Testing::LetMonkeyWork(GetParam(), Actions); }
+TEST_P(MonkeyTest, WhatIsShownIsWhatTheBytesHoldAfterEachOfManyActions) {
+    Testing::LetMonkeyWork(GetParam(), Actions, 4);
+}
 
 INSTANTIATE_TEST_SUITE_P(OfFourSeeds, MonkeyTest, testing::Values(1u, 2u, 3u, 4u));
 

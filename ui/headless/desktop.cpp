@@ -41,7 +41,7 @@ Desktop& GetDesktop() {
 }
 
 void Draw(NativeWindow& window) {
-    if (!Native::IsVisible(&window) || !window.IsDrawing) return;
+    if (!GetDesktop().Draws || !Native::IsVisible(&window) || !window.IsDrawing) return;
     const bool isOwnerDrawn = window.Kind == ControlKind::Button || window.Kind == ControlKind::Static;
     if (!window.IsTop() && isOwnerDrawn) {
         Native::Send(window.Parent, Message::DrawItem, 0, reinterpret_cast<LParam>(&window));

@@ -87,6 +87,7 @@ struct Desktop {
     Handle UnderPointer = nullptr;
     bool ShiftDown = false;
     bool PointerDown = false;
+    bool Draws = true;          // what is never looked at need not be drawn; it outlives drivers
     std::vector<Handle> Loops;  // the innermost last
     std::optional<int> Quit;    // posted, and not yet taken by a loop
     std::deque<std::function<void()>> Script;
