@@ -15,7 +15,7 @@ using VNT::Testing::NamedEdid;
 void ReadAll(benchmark::State& state, const std::vector<NamedEdid>& edids) {
     for (auto _ : state) {
         for (const NamedEdid& sample : edids) {
-            di_info* info = di_info_parse_edid(sample.bytes.Vector().data(), sample.bytes.Vector().size());
+            di_info* info = di_info_parse_edid(sample.bytes.View().data(), sample.bytes.View().size());
             benchmark::DoNotOptimize(info);
             if (info != nullptr) di_info_destroy(info);
         }

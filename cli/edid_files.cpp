@@ -98,7 +98,7 @@ ImportedFile ReadImportedFile(const std::string& file, const Console& console) {
 
 Bytes BuildJson(const Bytes& text, const std::string& file, Json::Building& building) {
     std::string problem;
-    const auto& bytes = text.Vector();
+    const auto& bytes = text.View();
     const auto node = Json::Parse(std::string(bytes.begin(), bytes.end()), problem);
     if (!node) throw Failure(file, problem);
     const auto built = Json::BuildEdid(*node, building);

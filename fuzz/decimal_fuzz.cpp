@@ -68,7 +68,7 @@ void CheckTexts(Decimal value, ByteRange input) {
     Require(DecimalToText(value, format).Length() <= format.maxLength, "no longer than allowed");
 
     const Bytes rest(input.TakeRest());
-    const String text(std::string_view(reinterpret_cast<const char*>(rest.Vector().data()), rest.Vector().size()));
+    const String text(std::string_view(reinterpret_cast<const char*>(rest.View().data()), rest.View().size()));
     Decimal read = value;
     if (!TextToDecimal(text, read)) {
         Require(read == value, "a text that is no number leaves the number alone");

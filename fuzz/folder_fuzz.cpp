@@ -60,7 +60,7 @@ void Fill(const fs::path& folder, ByteRange& input) {
         } else {
             const Bytes bytes = BlockFrom(input, size);
             std::ofstream(path, std::ios::binary)
-                .write(reinterpret_cast<const char*>(bytes.Vector().data()), bytes.Size());
+                .write(reinterpret_cast<const char*>(bytes.View().data()), bytes.Size());
         }
     }
 }

@@ -11,17 +11,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     constexpr int countAt = 126;
     constexpr int mostBlocks = 4;
     if (file.Size() > countAt && file.At(0) == 0) file.At(countAt) %= mostBlocks;
-    constexpr bool (*readers[])(const Bytes&, Edid&) = {ReadBin, ReadDat, ReadTxt};
-    bool isRead = false;
+    static const Edid untouched;
     Edid first;
-    for (const auto read : readers) {
-        Edid edid;
-        if (!read(file, edid)) {
-            Require(edid == Edid(), "a file that is refused leaves the EDID alone");
-        } else if (!isRead) {
-            isRead = true;
-            first = edid;
-        }
+    bool isRead = false;
+    for (const auto read : {ReadBin, ReadDat, ReadTxt}) {
+        isRead = read(file, first);
+        if (isRead) break;
+        Require(first == untouched, "a file that is refused leaves the EDID alone");
     }
     Edid any;
     Require(ReadAnyFormat(file, any) == isRead, "any format is one of the three");
@@ -30,12 +26,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     const Bytes bytes = WriteBin(any);
     if (bytes.IsEmpty()) return 0;
+    // One format for each input, which its serial number chooses: three take three times as long.
+    using Writer = Bytes (*)(const Bytes&);
+    constexpr int serialNumberAt = 12;
+    constexpr Writer writers[] = {[](const Bytes& same) { return same; }, WriteDat, WriteTxt};
+    const Bytes written = writers[bytes.At(serialNumberAt) % 3](bytes);
+    Edid back;
+    Require(ReadAnyFormat(written, back), "an EDID comes back from a file of each format");
     // Slots that the reader dropped are not written: only what was written comes back the same.
-    Edid plain;
-    Require(plain.Read(bytes), "what is written is an EDID");
-    for (const Bytes& written : {bytes, WriteDat(any), WriteTxt(any)}) {
-        Edid back;
-        Require(ReadAnyFormat(written, back) && back == plain, "an EDID comes back from a file of each format");
-    }
+    Require(back.GetBytes() == bytes, "with the bytes that were written");
     return 0;
 }

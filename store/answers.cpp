@@ -15,7 +15,7 @@ SystemError AnswerBytes(const Bytes& bytes, ByteRange out, int& size) {
     size = bytes.Size();
     if (out.data == nullptr) return SystemErrors::None;
     if (out.size < size) return SystemErrors::MoreData;
-    std::copy(bytes.Vector().begin(), bytes.Vector().end(), out.data);
+    std::copy(bytes.View().begin(), bytes.View().end(), out.data);
     return SystemErrors::None;
 }
 

@@ -14,7 +14,7 @@ namespace VNT {
 
 namespace {
 
-constexpr std::streamsize PieceSize = 16 * 1024;  // more than most files have
+constexpr int PieceSize = 16 * 1024;  // more than most files have
 
 // Nothing of a file that can't be read.
 Bytes ReadFile(const fs::path& path) {
@@ -27,27 +27,26 @@ Bytes ReadFile(const fs::path& path) {
 Bytes AsSystemText(const Bytes& text) {
     const std::string_view end = SystemFiles::LineEnd();
     std::vector<std::uint8_t> bytes;
-    for (const std::uint8_t byte : text.Vector()) {
+    for (const std::uint8_t byte : text.View()) {
         if (byte == '\n') {
             bytes.insert(bytes.end(), end.begin(), end.end());
         } else {
             bytes.push_back(byte);
         }
     }
-    return Bytes(std::move(bytes));
+    return Bytes(bytes);
 }
 
 }  // namespace
 
 bool ReadStream(std::istream& in, std::int64_t most, Bytes& out) {
-    std::vector<std::uint8_t> bytes;
-    std::vector<char> piece(static_cast<std::size_t>(PieceSize));
-    while (static_cast<std::int64_t>(bytes.size()) < most && in) {
-        const auto room = static_cast<std::streamsize>(most - static_cast<std::int64_t>(bytes.size()));
-        in.read(piece.data(), std::min(PieceSize, room));
-        bytes.insert(bytes.end(), piece.begin(), piece.begin() + static_cast<std::ptrdiff_t>(in.gcount()));
+    Bytes bytes;
+    Bytes piece(PieceSize, 0);
+    while (bytes.Size() < most && in) {
+        in.read(reinterpret_cast<char*>(&piece.At(0)), std::min<std::int64_t>(PieceSize, most - bytes.Size()));
+        bytes.Append(piece.Range().Peek(static_cast<int>(in.gcount())));
     }
-    out = Bytes(std::move(bytes));
+    out = std::move(bytes);
     return !in.bad();
 }
 

@@ -61,7 +61,7 @@ void ReadSparseBlocks(RegistryKey& key, Bytes& data) {
         if (!bytes) continue;
         const int offset = *block * EdidBlockSize;
         data.Resize(std::max(data.Size(), offset + EdidBlockSize));
-        std::copy(bytes->Vector().begin(), bytes->Vector().end(), data.Range().data + offset);
+        std::copy(bytes->View().begin(), bytes->View().end(), data.Range().data + offset);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "model/core/bytes.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace VNT {
 
@@ -83,8 +84,13 @@ void ByteRange::Fill(std::uint8_t byte) const { std::fill(data, data + size, byt
 void ByteRange::CopyFrom(ByteRange from) const { std::copy_n(from.data, std::min(size, from.size), data); }
 
 Bytes::Bytes(std::initializer_list<int> bytes) {
-    bytes_.reserve(bytes.size());
-    for (const int byte : bytes) bytes_.push_back(static_cast<std::uint8_t>(byte));
+    Resize(static_cast<int>(bytes.size()));
+    std::transform(bytes.begin(), bytes.end(), Data(), [](int byte) { return static_cast<std::uint8_t>(byte); });
+}
+
+Bytes::Bytes(std::span<const std::uint8_t> bytes) {
+    Resize(static_cast<int>(bytes.size()));
+    std::copy(bytes.begin(), bytes.end(), Data());
 }
 
 Bytes Bytes::Slice(int offset, int length) const {
@@ -99,22 +105,55 @@ int Bytes::LastIndexNot(std::uint8_t byte) const {
     return length;
 }
 
-Bytes::Bytes(int count, std::uint8_t fill) : bytes_(static_cast<std::size_t>(count < 0 ? 0 : count), fill) {}
-Bytes::Bytes(ByteRange range) : bytes_(range.data, range.data + range.size) {}
-Bytes::Bytes(const Bytes& other) = default;
-Bytes::Bytes(Bytes&& other) noexcept = default;
-Bytes& Bytes::operator=(const Bytes& other) = default;
-Bytes& Bytes::operator=(Bytes&& other) noexcept = default;
+Bytes::Bytes(int count, std::uint8_t fill) { Resize(count, fill); }
+Bytes::Bytes(ByteRange range) { Assign(range); }
+Bytes::Bytes(const Bytes& other) { Assign(other); }
+Bytes::Bytes(Bytes&& other) noexcept { *this = std::move(other); }
 Bytes::~Bytes() = default;
 
-void Bytes::Resize(int count, std::uint8_t fill) {
-    bytes_.resize(static_cast<std::size_t>(count < 0 ? 0 : count), fill);
+Bytes& Bytes::operator=(const Bytes& other) {
+    if (this != &other) Assign(other);
+    return *this;
 }
 
-void Bytes::Assign(ByteRange range) { bytes_.assign(range.data, range.data + range.size); }
+Bytes& Bytes::operator=(Bytes&& other) noexcept {
+    if (this == &other) return *this;
+    many_ = std::move(other.many_);
+    std::copy_n(other.few_.data(), FewBytes, few_.data());
+    size_ = std::exchange(other.size_, 0);
+    room_ = std::exchange(other.room_, FewBytes);
+    return *this;
+}
 
-void Bytes::Append(ByteRange range) { bytes_.insert(bytes_.end(), range.data, range.data + range.size); }
+// Keeps the bytes that there are.
+void Bytes::Reserve(int count) {
+    if (count <= room_) return;
+    // Twice as much each time, so that many short pieces are not moved for each of them.
+    const int room = std::max(count, size_ == 0 ? 0 : room_ * 2);
+    std::unique_ptr<std::uint8_t[]> many(new std::uint8_t[static_cast<std::size_t>(room)]);
+    std::copy_n(Data(), size_, many.get());
+    many_ = std::move(many);
+    room_ = room;
+}
 
-bool Bytes::operator==(const Bytes& other) const { return bytes_ == other.bytes_; }
+void Bytes::Resize(int count, std::uint8_t fill) {
+    const int size = std::max(count, 0);
+    Reserve(size);
+    if (size > size_) std::fill(Data() + size_, Data() + size, fill);
+    size_ = size;
+}
+
+void Bytes::Assign(ByteRange range) {
+    size_ = 0;
+    Append(range);
+}
+
+void Bytes::Append(ByteRange range) {
+    Reserve(size_ + range.size);
+    std::copy_n(range.data, range.size, Data() + size_);
+    size_ += range.size;
+}
+
+bool Bytes::operator==(const Bytes& other) const { return Range().Equals(other); }
 
 }  // namespace VNT

@@ -1,11 +1,12 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
-#include <utility>
-#include <vector>
+#include <memory>
+#include <span>
 
 namespace VNT {
 
@@ -30,24 +31,24 @@ public:
     // `count` is 0 to 32 bits. Lsb takes each byte's lowest bit first and fills the result from its lowest bit (a
     // 16-bit read is little-endian); Msb takes the highest bit first and fills the result from its highest bit.
     std::uint32_t ReadLsb(int count) {
-        const int end = position + count;
+        const auto begin = static_cast<unsigned>(position), end = begin + static_cast<unsigned>(count);
         // Most fields are whole bytes, or bits of one byte.
-        if (count <= 0 || count > 32 || end > BitSize()) return ReadLsbAtEdge(count);
-        const int last = (end - 1) / 8;
+        if (count <= 0 || count > 32 || end > static_cast<unsigned>(BitSize())) return ReadLsbAtEdge(count);
+        const unsigned first = begin / 8, last = (end - 1) / 8;
         std::uint64_t bits = data[last];
-        for (int at = last - 1; at >= position / 8; --at) bits = bits << 8 | data[at];
-        bits >>= position % 8;
-        position = end;
+        for (unsigned at = last; at > first;) bits = bits << 8 | data[--at];
+        bits >>= begin % 8;
+        position = static_cast<int>(end);
         return static_cast<std::uint32_t>(bits & ((std::uint64_t{1} << count) - 1));
     }
     std::uint32_t ReadMsb(int count) {
-        const int end = position + count;
-        if (count <= 0 || count > 32 || end > BitSize()) return ReadMsbAtEdge(count);
-        const int last = (end - 1) / 8;
-        std::uint64_t bits = 0;
-        for (int at = position / 8; at <= last; ++at) bits = bits << 8 | data[at];
+        const auto begin = static_cast<unsigned>(position), end = begin + static_cast<unsigned>(count);
+        if (count <= 0 || count > 32 || end > static_cast<unsigned>(BitSize())) return ReadMsbAtEdge(count);
+        const unsigned first = begin / 8, last = (end - 1) / 8;
+        std::uint64_t bits = data[first];
+        for (unsigned at = first; at < last;) bits = bits << 8 | data[++at];
         bits >>= (last + 1) * 8 - end;
-        position = end;
+        position = static_cast<int>(end);
         return static_cast<std::uint32_t>(bits & ((std::uint64_t{1} << count) - 1));
     }
     // The exact inverses; no bit but the `count` concerned changes.
@@ -98,12 +99,14 @@ private:
     static int Clamp(int count, int most) { return std::max(0, std::min(count, most)); }
 };
 
-// Owned bytes. What copies and destroys them is compiled once: every record of fields holds some.
+// Owned bytes. Few of them stand in the object itself: most fields have no more, and memory of their own would cost
+// more than all that is done with them. What copies and destroys them is compiled once: every record of fields holds
+// some.
 class Bytes {
 public:
     Bytes() = default;
     Bytes(std::initializer_list<int> bytes);
-    explicit Bytes(std::vector<std::uint8_t> bytes) : bytes_(std::move(bytes)) {}
+    explicit Bytes(std::span<const std::uint8_t> bytes);
     Bytes(int count, std::uint8_t fill);
     explicit Bytes(ByteRange range);
     Bytes(const Bytes& other);
@@ -112,11 +115,12 @@ public:
     Bytes& operator=(Bytes&& other) noexcept;
     ~Bytes();
 
-    int Size() const { return static_cast<int>(bytes_.size()); }
-    bool IsEmpty() const { return bytes_.empty(); }
+    int Size() const { return size_; }
+    bool IsEmpty() const { return size_ == 0; }
+    int Capacity() const { return room_; }  // bytes that the memory has room for
     void Resize(int count, std::uint8_t fill = 0);
-    std::uint8_t& At(int index) { return bytes_[static_cast<std::size_t>(index)]; }
-    std::uint8_t At(int index) const { return bytes_[static_cast<std::size_t>(index)]; }
+    std::uint8_t& At(int index) { return Data()[index]; }
+    std::uint8_t At(int index) const { return Data()[index]; }
     Bytes Slice(int offset, int length) const;  // both clamped to what is there
     void Append(ByteRange range);
     void Assign(ByteRange range);  // as `= Bytes(range)`, in the memory that there is already
@@ -127,14 +131,23 @@ public:
     bool IsAll(std::uint8_t byte) const { return LastIndexNot(byte) == 0; }
 
     // The view of these bytes. Readers get it from a const object too: no `Read` writes through its range.
-    ByteRange Range() const { return {const_cast<std::uint8_t*>(bytes_.data()), Size()}; }
+    ByteRange Range() const { return {const_cast<std::uint8_t*>(Data()), size_}; }
     operator ByteRange() const { return Range(); }
 
-    const std::vector<std::uint8_t>& Vector() const { return bytes_; }
+    std::span<const std::uint8_t> View() const { return {Data(), static_cast<std::size_t>(size_)}; }
     bool operator==(const Bytes& other) const;
 
 private:
-    std::vector<std::uint8_t> bytes_;
+    static constexpr int FewBytes = 16;
+
+    std::uint8_t* Data() { return many_ != nullptr ? many_.get() : few_.data(); }
+    const std::uint8_t* Data() const { return many_ != nullptr ? many_.get() : few_.data(); }
+    void Reserve(int count);
+
+    std::unique_ptr<std::uint8_t[]> many_;  // in place of the few, once they were more
+    std::array<std::uint8_t, FewBytes> few_{};
+    int size_ = 0;
+    int room_ = FewBytes;
 };
 
 }  // namespace VNT

@@ -1,6 +1,7 @@
 #include "model/core/code_page.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace VNT {
 
@@ -63,7 +64,7 @@ Bytes CodePage437FromText(const String& text) {
         const int byte = CodePage437Byte(character);
         bytes.push_back(static_cast<std::uint8_t>(byte < 0 ? '?' : byte));
     }
-    return Bytes(std::move(bytes));
+    return Bytes(bytes);
 }
 
 }  // namespace VNT

@@ -13,6 +13,7 @@ constexpr int MostReplacements = 1000;  // a line of text takes some tens
 // What a detailed timing takes.
 constexpr std::size_t UsualRows = 48;
 constexpr std::size_t UsualLength = 64;
+constexpr int NoRow = -1;
 
 // Stands for the brace of a key that is plain text, until the engine is done. It is no code point.
 constexpr char32_t HeldBrace = 0x110000;
@@ -115,40 +116,48 @@ private:
 
 }  // namespace
 
-TextTable::TextTable() { rows_.reserve(UsualRows); }
+TextTable::TextTable() {
+    rows_.reserve(UsualRows);
+    latest_.fill(NoRow);
+}
 TextTable::TextTable(const TextTable& other) = default;
 TextTable& TextTable::operator=(const TextTable& other) = default;
 TextTable::~TextTable() = default;
 
-void TextTable::Add(const TextKey& key, Form form, std::u32string_view view, std::int64_t number,
-                    const DecimalFormat& format) {
+TextTable::Row& TextTable::Add(const TextKey& key, Form form) {
+    int& latest = latest_[key.mark % Chains];
     Row& row = rows_.emplace_back();
     row.key = key.text;
     row.mark = key.mark;
     row.form = form;
-    row.view = view;
-    row.number = number;
-    row.format = format;
+    row.earlier = latest;
+    latest = static_cast<int>(rows_.size()) - 1;
     isPlain_ = isPlain_ && key.isPlain;
+    return row;
 }
 
-void TextTable::Set(const TextKey& key, std::u32string_view text) { Add(key, Form::View, text, 0, {}); }
+void TextTable::Set(const TextKey& key, std::u32string_view text) { Add(key, Form::View).view = text; }
 
 void TextTable::Set(const TextKey& key, String value) {
-    Add(key, Form::Owned, {}, static_cast<std::int64_t>(owned_.size()), {});
+    Add(key, Form::Owned).number = static_cast<std::int64_t>(owned_.size());
     owned_.push_back(std::move(value));
 }
 
-void TextTable::Set(const TextKey& key, std::int64_t number) { Add(key, Form::Number, {}, number, {}); }
+void TextTable::Set(const TextKey& key, std::int64_t number) { Add(key, Form::Number).number = number; }
 
 void TextTable::Set(const TextKey& key, Decimal number, const DecimalFormat& format) {
-    Add(key, Form::Decimal, {}, number.Millionths(), format);
+    Row& row = Add(key, Form::Decimal);
+    row.number = number.Millionths();
+    row.format = format;
 }
 
 const TextTable::Row* TextTable::Find(const TextKey& key) const {
-    const auto found = std::find_if(rows_.rbegin(), rows_.rend(),
-                                    [&key](const Row& row) { return row.mark == key.mark && row.key == key.text; });
-    return found != rows_.rend() ? &*found : nullptr;
+    for (int at = latest_[key.mark % Chains]; at != NoRow;) {
+        const Row& row = rows_[static_cast<std::size_t>(at)];
+        if (row.mark == key.mark && row.key == key.text) return &row;
+        at = row.earlier;
+    }
+    return nullptr;
 }
 
 void TextTable::Append(std::u32string& out, const Row& row) const {
@@ -274,8 +283,8 @@ String Replace(std::u32string_view source, const TextTable& table) {
 }
 
 String FormatText(const TextFormat& format, bool hasContent, TextTable& table) {
-    table.Set(U"{type}", String(format.type));
-    table.Set(U"{description}", String(format.description));
+    table.Set(U"{type}", format.type);
+    table.Set(U"{description}", format.description);
     return Replace(hasContent ? format.format : format.emptyFormat, table);
 }
 
@@ -403,7 +412,7 @@ bool HexFromText(const String& text, Bytes& bytes) {
         }
         if (IsPunctuation(scan.Peek())) scan.Next();
     }
-    bytes = Bytes(std::move(read));
+    bytes = Bytes(read);
     return true;
 }
 

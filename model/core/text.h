@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -72,21 +73,24 @@ public:
 
 private:
     friend class TextExpansion;
-    enum class Form { View, Owned, Number, Decimal };
+    enum class Form : std::uint8_t { View, Owned, Number, Decimal };
     struct Row {
         std::u32string_view key;
-        std::uint32_t mark;
-        Form form;
         std::u32string_view view;
         std::int64_t number;  // or which of `owned_`
         DecimalFormat format;
+        std::uint32_t mark;
+        int earlier;  // the row before it in the chain of its mark
+        Form form;
     };
+    static constexpr std::size_t Chains = 61;
 
-    void Add(const TextKey& key, Form form, std::u32string_view view, std::int64_t number, const DecimalFormat& format);
+    Row& Add(const TextKey& key, Form form);
     const Row* Find(const TextKey& key) const;  // the last that was set
     void Append(std::u32string& out, const Row& row) const;
 
     std::vector<Row> rows_;
+    std::array<int, Chains> latest_;  // the last row of each chain
     std::vector<String> owned_;
     bool isPlain_ = true;  // all keys are
 };

@@ -5,23 +5,26 @@
 namespace VNT {
 
 SizedPeek AnyCtaDataBlock::Peek(ByteRange range) {
-    constexpr SizedPeek none{NoType, NoType};
     using Header = CtaDataBlockHeader;
-    if (range.Size() == 0) return none;
-    const int size = static_cast<int>(range.ReadLsb(5)) + 1;
-    const int tag = static_cast<int>(range.ReadLsb(3));
-    if (!range.Limit(size)) return none;
+    constexpr int sizes = 32, values = 256;
+    const int size = range.ByteAt(0) % sizes + 1;
+    const int tag = range.ByteAt(0) / sizes;
+    if (range.Size() < size) return {NoType, NoType};
     SizedPeek peek{tag, tag, size};
     auto family = CtaDataBlockTypeId::Vendor;
     bool namesVendor = tag == Header::VendorTag;
-    if (tag == Header::UsesExtendedTag && range.RemainingBits() >= 8) {
-        const int extended = static_cast<int>(range.ReadLsb(8));
+    int ouiAt = 1;
+    if (tag == Header::UsesExtendedTag && size > 1) {
+        const int extended = range.ByteAt(1);
         peek.type = peek.plainType = CtaDataBlockTypeId::Of(CtaDataBlockTypeId::ExtendedTag, extended);
         namesVendor = extended == Header::VendorVideoTag || extended == Header::VendorAudioTag;
         family = extended == Header::VendorVideoTag ? CtaDataBlockTypeId::VendorVideo : CtaDataBlockTypeId::VendorAudio;
+        ouiAt = 2;
     }
-    if (namesVendor && range.RemainingBits() >= 24)
-        peek.type = CtaDataBlockTypeId::Of(family, static_cast<int>(range.ReadLsb(24)));
+    if (namesVendor && size >= ouiAt + 3) {
+        const int oui = range.ByteAt(ouiAt) + values * (range.ByteAt(ouiAt + 1) + values * range.ByteAt(ouiAt + 2));
+        peek.type = CtaDataBlockTypeId::Of(family, oui);
+    }
     return peek;
 }
 

@@ -15,7 +15,8 @@ DisplayIdSection::DisplayIdSection(const DisplayIdSectionFields& fields, int roo
 bool DisplayIdSection::Read(ByteRange range) {
     constexpr int lengthAt = 1, mostZeros = 3;
     if (range.Size() < FrameBytes || !range.Limit(range.ByteAt(lengthAt) + FrameBytes)) return false;
-    static_cast<DisplayIdSectionAllFields&>(*this) = DisplayIdSectionAllFields();
+    static const DisplayIdSectionAllFields defaults;
+    static_cast<DisplayIdSectionAllFields&>(*this) = defaults;
     TLayout<DisplayIdSection>::Read(*this, range);
     if (otherBytes.Slice(0, mostZeros).IsAll(0)) std::swap(otherBytes, padding);
     return true;

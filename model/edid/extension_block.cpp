@@ -22,6 +22,7 @@ std::unique_ptr<AnyEdidExtensionBlock> EdidExtensionBlockKinds::Read(ByteRange r
 }
 
 void EdidExtensionBlockList::ReadMore(ByteRange range) {
+    items_.reserve(items_.size() + static_cast<std::size_t>(range.Size() / SlotBytes));
     for (; range.Size() >= SlotBytes; range.Drop(SlotBytes)) {
         EdidExtensionBlock block;
         block.Read(range);

@@ -78,7 +78,7 @@ Bytes GetText(const Bytes& file) {
         const bool isLineEnd = file.At(i) == '\r' && i + 1 < file.Size() && file.At(i + 1) == '\n';
         if (!isLineEnd) text.push_back(file.At(i));
     }
-    return Bytes(std::move(text));
+    return Bytes(text);
 }
 
 bool ParseDat(const Bytes& file, FileContent& content) {
@@ -102,7 +102,7 @@ bool ParseDat(const Bytes& file, FileContent& content) {
         if (!text.ReadHex(2, byte)) break;
         bytes.push_back(static_cast<std::uint8_t>(byte));
     }
-    content = {Bytes(std::move(bytes)), true, text.CountLeft()};
+    content = {Bytes(bytes), true, text.CountLeft()};
     return true;
 }
 
@@ -114,7 +114,7 @@ bool ParseTxt(const Bytes& file, FileContent& content, Edid& edid) {
     for (int attempt = 0; attempt < TxtAttempts; ++attempt) {
         const Bytes rest = text.Rest(MaxTextFileCharacters);
         if (rest.IsEmpty()) return false;
-        const auto& bytes = rest.Vector();
+        const auto& bytes = rest.View();
         Bytes parsed;
         if (HexFromText(String(std::u32string(bytes.begin(), bytes.end())), parsed) && edid.Read(parsed)) {
             content = {std::move(parsed), true, text.CountBehind(MaxTextFileCharacters)};

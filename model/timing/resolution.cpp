@@ -11,8 +11,9 @@ void FillResolutionTexts(TextTable& table, int width, int height, bool interlace
 }
 
 void FillAspectRatioTexts(TextTable& table, const String& ratio, const ResolutionTextFormat& format) {
-    table.Set(U"{aspectratio}", ratio);
     table.Set(U"{aspectratiotext}", ratio.IsEmpty() ? format.noAspectRatio : format.aspectRatio);
+    if (ratio.IsEmpty()) return table.Set(U"{aspectratio}", U"");
+    table.Set(U"{aspectratio}", ratio);
 }
 
 void FillRefreshRateTexts(TextTable& table, const String& rate, const ResolutionTextFormat& format) {

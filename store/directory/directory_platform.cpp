@@ -133,7 +133,7 @@ public:
         SystemError error = folders_->List(current_.path).Find(name, Kind::File, file);
         if (error == None) error = Files::Read(file, bytes);
         if (error != None) return error;
-        std::string text(bytes.Vector().begin(), bytes.Vector().end());
+        std::string text(bytes.View().begin(), bytes.View().end());
         text.resize(text.find_last_not_of("\r\n") + 1);
         return AnswerText(String(std::string_view(text)).ToWide(), out, length);
     }

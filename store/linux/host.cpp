@@ -6,7 +6,7 @@ namespace VNT::Linux {
 
 Bytes ToBytes(const std::string& text) { return Bytes(std::vector<std::uint8_t>(text.begin(), text.end())); }
 
-std::string ToText(const Bytes& bytes) { return {bytes.Vector().begin(), bytes.Vector().end()}; }
+std::string ToText(const Bytes& bytes) { return {bytes.View().begin(), bytes.View().end()}; }
 
 std::string ReadText(const Host& host, const std::string& path) {
     const std::optional<Bytes> bytes = host.Read(path);

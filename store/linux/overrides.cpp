@@ -33,9 +33,9 @@ std::string DifferenceText(const Bytes& reported, const Bytes& written) {
     if (reported.IsEmpty()) return "the kernel reports no EDID";
     const int least = std::min(reported.Size(), written.Size());
     const auto [at, other] =
-        std::mismatch(reported.Vector().begin(), reported.Vector().begin() + least, written.Vector().begin());
+        std::mismatch(reported.View().begin(), reported.View().begin() + least, written.View().begin());
     return "the kernel reports " + SizeText(reported) + " that differ from byte " +
-           std::to_string(at - reported.Vector().begin()) + " on";
+           std::to_string(at - reported.View().begin()) + " on";
 }
 
 Content NonEmpty(const std::optional<Bytes>& bytes) { return bytes && !bytes->IsEmpty() ? bytes : std::nullopt; }

@@ -132,7 +132,7 @@ std::optional<Bytes> SystemHost::Read(const std::string& path, int most) const {
     std::vector<std::uint8_t> bytes;
     const auto limit = static_cast<std::size_t>(std::max(most, 0));
     if (!ReadAll(file.Get(), limit, bytes) || bytes.size() > limit) return std::nullopt;
-    return Bytes(std::move(bytes));
+    return Bytes(bytes);
 }
 
 std::error_code SystemHost::Write(const std::string& path, const Bytes& bytes, bool executable) {
@@ -173,7 +173,7 @@ std::error_code SystemHost::WriteAttribute(const std::string& path, const Bytes&
     if (fstat(file.Get(), &status) != 0) return LastError();
     if (!S_ISREG(status.st_mode)) return Error(std::errc::invalid_argument);
     if (status.st_size > 0 && root_ != "/" && ftruncate(file.Get(), 0) != 0) return LastError();
-    const ssize_t count = write(file.Get(), bytes.Vector().data(), bytes.Vector().size());
+    const ssize_t count = write(file.Get(), bytes.View().data(), bytes.View().size());
     if (count < 0) return LastError();
     return count == bytes.Size() ? std::error_code() : Error(std::errc::io_error);
 }

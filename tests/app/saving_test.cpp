@@ -24,7 +24,7 @@ std::string MakeBytes(const char* vendor) {
     EdidFields fields;
     fields.properties.vendorId = vendor;
     const Bytes bytes = Edid(fields).GetBytes();
-    return {bytes.Vector().begin(), bytes.Vector().end()};
+    return {bytes.View().begin(), bytes.View().end()};
 }
 
 Bytes ToBytes(const std::string& text) { return Bytes(std::vector<std::uint8_t>(text.begin(), text.end())); }

@@ -357,6 +357,59 @@ TEST(Bytes, IsAllIsTrueOfNone) {
     EXPECT_FALSE((Bytes{5, 6}.IsAll(5)));
 }
 
+// Few bytes stand in the object, more in memory of their own.
+TEST(Bytes, AreTheSameWhateverTheyStandIn) {
+    for (const int count : {0, 1, 15, 16, 17, 100}) {
+        Bytes bytes;
+        for (int i = 0; i < count; ++i) bytes.Append(Bytes{i});
+        ASSERT_EQ(bytes.Size(), count);
+        for (int i = 0; i < count; ++i) EXPECT_EQ(bytes.At(i), i) << count;
+        Bytes copy = bytes;
+        EXPECT_EQ(copy, bytes);
+        if (count > 0) copy.At(0) = 0xFF;
+        EXPECT_EQ(copy == bytes, count == 0) << "a copy stands for itself";
+        EXPECT_EQ(bytes.Slice(0, count), bytes);
+        const Bytes moved = std::move(copy);
+        EXPECT_EQ(moved.Size(), count);
+        EXPECT_TRUE(copy.IsEmpty());  // NOLINT(bugprone-use-after-move): it can be used again
+        copy.Append(Bytes{7});
+        EXPECT_EQ(copy, Bytes{7});
+        EXPECT_EQ(moved.Slice(1, count), bytes.Slice(1, count));
+        for (const int other : {0, 5, 16, 40}) {
+            Bytes assigned(other, 0x5A);
+            assigned = bytes;
+            EXPECT_EQ(assigned, bytes) << other;
+            assigned = Bytes(other, 0x5A);
+            EXPECT_EQ(assigned, Bytes(other, 0x5A)) << count;
+            assigned.Assign(bytes);
+            EXPECT_EQ(assigned, bytes) << other;
+        }
+    }
+}
+
+TEST(Bytes, KeepWhatTheyHoldWhereTheyGrowAndFillTheRest) {
+    Bytes bytes{1, 2, 3};
+    bytes.Resize(16, 9);
+    bytes.Resize(20, 8);
+    EXPECT_EQ(bytes.Slice(0, 4), (Bytes{1, 2, 3, 9}));
+    EXPECT_EQ(bytes.Slice(15, 5), (Bytes{9, 8, 8, 8, 8}));
+    bytes.Resize(2);
+    bytes.Resize(3);
+    EXPECT_EQ(bytes, (Bytes{1, 2, 0}));
+    EXPECT_EQ(Bytes(-1, 5), Bytes());
+}
+
+TEST(Bytes, AreAssignedToThemselvesAndStay) {
+    for (const int count : {3, 30}) {
+        Bytes bytes(count, 4);
+        Bytes& same = bytes;
+        bytes = same;
+        EXPECT_EQ(bytes, Bytes(count, 4));
+        bytes = std::move(same);
+        EXPECT_EQ(bytes, Bytes(count, 4));
+    }
+}
+
 TEST(Bytes, AsARangeHasTheCursorAtTheStart) {
     Bytes bytes{1, 2};
     ByteRange range = bytes;

@@ -50,7 +50,7 @@ bool IsSoundText(const Bytes& b) {
     while (length < 13 && b.At(5 + length) != 0x0A) ++length;
     const Bytes text = b.Slice(5, length);
     const auto isPlain = [](int byte) { return byte >= 32 && byte <= 126; };
-    return length > 0 && std::all_of(text.Vector().begin(), text.Vector().end(), isPlain) &&
+    return length > 0 && std::all_of(text.View().begin(), text.View().end(), isPlain) &&
            b.Slice(5 + length + 1, 13).IsAll(0x20);
 }
 

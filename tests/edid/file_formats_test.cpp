@@ -11,7 +11,7 @@ using Testing::BaseBlock;
 using Testing::Join;
 
 Bytes FromString(std::string_view text) { return Bytes(std::vector<std::uint8_t>(text.begin(), text.end())); }
-std::string ToString(const Bytes& file) { return {file.Vector().begin(), file.Vector().end()}; }
+std::string ToString(const Bytes& file) { return {file.View().begin(), file.View().end()}; }
 
 std::string Exchange(std::string text, std::string_view what, std::string_view with) {
     for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size())

@@ -38,7 +38,7 @@ protected:
         return folder / name;
     }
     fs::path Put(const Bytes& content) const {
-        return Put(std::string(content.Vector().begin(), content.Vector().end()));
+        return Put(std::string(content.View().begin(), content.View().end()));
     }
     static std::string Get(const fs::path& path) {
         std::ifstream in(path, std::ios::binary);
@@ -297,7 +297,7 @@ TEST_F(MainWindowFiles, WhatIsNoFileIsNotImported) {
 }
 
 TEST_F(MainWindowFiles, TheTypeThatWasChosenSaysWhatIsExported) {
-    const std::string bin(displays[0].CurrentData.Vector().begin(), displays[0].CurrentData.Vector().end());
+    const std::string bin(displays[0].CurrentData.View().begin(), displays[0].CurrentData.View().end());
     const std::string dat = GetText(displays[0].CurrentData, FileFormat::Dat);
     const std::string txt = GetText(displays[0].CurrentData, FileFormat::Txt);
     Look([&] {

@@ -30,7 +30,7 @@ fs::path GetFile(const fs::path& folder, int index) { return folder / ("file" + 
 
 void WriteFile(const fs::path& path, const Bytes& bytes) {
     std::ofstream(path, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.Vector().data()), static_cast<std::streamsize>(bytes.Size()));
+        .write(reinterpret_cast<const char*>(bytes.View().data()), static_cast<std::streamsize>(bytes.Size()));
 }
 
 // All that changes the store.

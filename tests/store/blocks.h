@@ -33,7 +33,7 @@ inline Bytes Zeros() { return Bytes(EdidBlockSize, 0); }
 inline std::string EdidLine(const Bytes& edid) {
     constexpr char digits[] = "0123456789abcdef";
     std::string line = "edid ";
-    for (const std::uint8_t byte : edid.Vector()) {
+    for (const std::uint8_t byte : edid.View()) {
         line += digits[byte / 16];
         line += digits[byte % 16];
     }

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <thread>
+#include <vector>
 
 #include "store/system_files.h"
 

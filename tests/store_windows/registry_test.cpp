@@ -102,7 +102,7 @@ TEST_F(Registry, OverrideValuesAreBinaryAndOfOneBlock) {
     Find(list, plain_)->SetData(data);
     ASSERT_TRUE(SaveDisplays(platform_, list));
     std::string line = String(Override(plain_) + L" 0 3").ToUtf8();
-    for (const std::uint8_t byte : data.Vector()) line.append(" ").append(std::to_string(byte));
+    for (const std::uint8_t byte : data.View()) line.append(" ").append(std::to_string(byte));
     EXPECT_EQ(Dump(Override(plain_)), line + "\n");
 }
 
