@@ -44,6 +44,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     CheckWritten(edid, bytes);
     CheckItems(edid);
-    CheckNormalised(edid);
+    // To normalise takes longer than all else: one input in four does, chosen by its serial number, which changes
+    // nothing of the code that is reached.
+    constexpr int serialNumberAt = 12;
+    if (bytes.At(serialNumberAt) % 4 == 0) CheckNormalised(edid);
     return 0;
 }

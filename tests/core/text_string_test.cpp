@@ -74,6 +74,17 @@ TEST(String, AnyBytesAsUtf8GiveNoMoreCharactersThanBytes) {
     }
 }
 
+TEST(String, SurrogatesAreTheCodePointsFromD800ToDFFF) {
+    for (const char32_t c : {0xD7FF, 0xD800, 0xDBFF, 0xDC00, 0xDFFF, 0xE000}) {
+        const bool isSurrogate = c > 0xD7FF && c < 0xE000;
+        const String text(std::u32string(1, c));
+        EXPECT_EQ(text.ToUtf8() == "\xEF\xBF\xBD", isSurrogate) << std::hex << static_cast<int>(c);
+    }
+    EXPECT_EQ(FromUtf8("\xED\x9F\xBF"), String(std::u32string(1, 0xD7FF)));
+    EXPECT_EQ(FromUtf8("\xED\xBF\xBF"), U"\uFFFD\uFFFD\uFFFD");
+    EXPECT_EQ(FromUtf8("\xEE\x80\x80"), U"\uE000");
+}
+
 TEST(String, SurrogatesAloneAreReplacementCharacters) {
     EXPECT_EQ(String(std::wstring_view(WideUnits({0xD800}))), U"\uFFFD");
     EXPECT_EQ(String(std::wstring_view(WideUnits({0xDC00, 'a'}))), U"\uFFFDa");

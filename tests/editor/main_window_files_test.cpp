@@ -37,9 +37,7 @@ protected:
         std::ofstream(folder / name, std::ios::binary) << content;
         return folder / name;
     }
-    fs::path Put(const Bytes& content) const {
-        return Put(std::string(content.View().begin(), content.View().end()));
-    }
+    fs::path Put(const Bytes& content) const { return Put(std::string(content.View().begin(), content.View().end())); }
     static std::string Get(const fs::path& path) {
         std::ifstream in(path, std::ios::binary);
         return {std::istreambuf_iterator<char>(in), {}};

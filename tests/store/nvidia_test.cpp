@@ -136,6 +136,10 @@ TEST_F(Nvidia, CountsThatAreWrongDoNoHarm) {
     EXPECT_EQ(displays_.size(), 3u);
     EXPECT_TRUE(Read(ThreeDisplays + "claim GetConnectedDisplayIds 4294967295\n"));
     EXPECT_EQ(displays_.size(), 3u);
+    EXPECT_TRUE(Read(ThreeDisplays + "claim GetConnectedDisplayIdsCount 1024\n"));
+    EXPECT_EQ(displays_.size(), 3u) << "as many as a driver may have";
+    EXPECT_TRUE(Read(ThreeDisplays + "claim GetConnectedDisplayIdsCount 1025\n"));
+    EXPECT_TRUE(displays_.empty());
     EXPECT_TRUE(Read(ThreeDisplays + "claim GetConnectedDisplayIdsCount 4294967295\n"));
     EXPECT_TRUE(displays_.empty());
 }

@@ -157,6 +157,19 @@ TEST(DisplayDevices, EndlessEnumerationEnds) {
     EXPECT_LE(records.size(), 2048u);
 }
 
+TEST(DisplayDevices, NoMoreAdaptersAreAskedForThanThereMayBe) {
+    std::vector<DisplayDeviceRecord> records;
+    int last = 0;
+    const auto endless = [&](const wchar_t* adapter, int index, DisplayDeviceEntry& out) {
+        out.DeviceName = L"A";
+        if (adapter == nullptr) last = index;
+        return adapter == nullptr;
+    };
+    EXPECT_TRUE(ReadDisplayDevices(endless, records));
+    EXPECT_TRUE(records.empty());
+    EXPECT_EQ(last, 1023);
+}
+
 TEST(WmiMonitors, ReadsEachMonitorBlockByBlock) {
     FakeWmi wmi = TwoMonitors();
     const WmiOutcome outcome = ReadWmi(wmi);

@@ -1,6 +1,5 @@
 #include "store/linux/system_host.h"
 
-#include <cerrno>
 #include <gtest/gtest.h>
 
 #include "tests/store_linux/machine.h"
@@ -36,13 +35,6 @@ TEST(SystemHost, ReadsWholeFilesUpToTheLimit) {
     machine.Put("empty", "");
     EXPECT_EQ(machine.Read("empty", 0), Bytes());
     EXPECT_FALSE(machine.Read("none", 10));
-}
-
-TEST(SystemHost, EndsAtTheEndOfAFileWhateverWentWrongBefore) {
-    Machine machine;
-    machine.Put("file", "x");
-    errno = EINTR;
-    EXPECT_EQ(machine.Read("file", 10), ToBytes("x"));
 }
 
 TEST(SystemHost, NewFilesAreReadableAndRunWhereTheyAreToRun) {
