@@ -239,7 +239,7 @@ class Hunt:
         return any(site.number in self.reached[p] for p in self.noticing(site))
 
     def run(self):
-        equivalent = {line.split(' || ')[0] for line in EQUIVALENT.read_text().split('\n') if ' || ' in line}
+        equivalent = {line.rsplit(' || ', 1)[0] for line in EQUIVALENT.read_text().split('\n') if ' || ' in line}
         wanted = tuple(p.rstrip('/') for p in self.options.paths)
         drawn = sorted((s for s in self.sites if any(s.path == w or s.path.startswith(w + '/') for w in wanted)),
                        key=lambda s: digest(f'{self.options.seed} {s.key}'))
