@@ -196,6 +196,28 @@ TEST_F(FormatListForm, AnItemMayNotGrowBeyondTheRoomOfAll) {
     EXPECT_EQ(ToHex(BytesOf(item, item.Size)), "C3 00 44 0B");
 }
 
+TEST_F(FormatListForm, TheLastRateOfAnItemCanBeTakenAway) {
+    // One byte, which stands for 24, 30 and 60 Hz.
+    item = ReadAs<CtaVideoFormatResolutionListDataBlock>(FromHex("C2 00 4B"));
+    EXPECT_EQ(Run([&] {
+                  driver.Then([&] {
+                      for (const wchar_t* rate : {L"30 Hz", L"x 1", L"x 2", L"24 Hz"}) {
+                          EXPECT_TRUE(Check(rate).IsChecked());
+                          driver.Click(Check(rate));
+                          EXPECT_FALSE(Check(rate).IsChecked());
+                      }
+                      Confirm();
+                  });
+                  driver.DoubleClick(driver.Find<ListBox>(L"Video format resolutions (29 bytes left)"), 0);
+                  Confirm();
+              }),
+              IdOk);
+    EXPECT_EQ(ToHex(BytesOf(item, item.Size)), "C3 01 0B 00");
+    const auto again = ReadAs<CtaVideoFormatResolutionListDataBlock>(BytesOf(item, item.Size));
+    ASSERT_EQ(again.List.GetCount(), 1);
+    EXPECT_EQ(again.List.At(0).flags, CtaVideoFormatResolutionFlags());
+}
+
 using CapabilityForm = TFormTest<CtaVideoCapabilityDataBlockWindow>;
 
 TEST_F(CapabilityForm, HasAComboBoxForEachUse) {
