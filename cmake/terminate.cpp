@@ -1,5 +1,6 @@
-// What the library does with an exception that nothing caught: its own handler says which it is, for which it brings the
-// names of all classes' parts and 50 KB that take them apart. A program with windows has nowhere to say it.
+// What the library does with an exception that nothing caught: its own handler says which it is, for which it brings
+// the names of all classes' parts and 50 KB that take them apart. The editor has nowhere to say it, and the command
+// line catches what it can tell of.
 #include <cstdlib>
 
 namespace __gnu_cxx {
