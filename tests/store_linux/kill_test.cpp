@@ -191,6 +191,7 @@ TEST_P(EndedOn, AWriteThatTheSystemRefusesAtACallSaysSoOrIsDone) {
     const std::vector<std::string> words{"write", Name, (machine.Root() / "new.bin").string()};
     int calls = 0;
     FindStates(words, calls);
+    EXPECT_GT(calls, 20) << "the shim was not there";
     const Files done = machine.Snapshot();
     // Each system has another third of the calls.
     for (int refused = 1 + GetParam().number; refused <= calls; refused += 3) {
