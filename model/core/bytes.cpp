@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#ifdef VNT_ADDRESSES_ARE_WATCHED
+#include <sanitizer/asan_interface.h>
+#endif
+
 namespace VNT {
 
 namespace {
@@ -109,7 +113,12 @@ Bytes::Bytes(int count, std::uint8_t fill) { Resize(count, fill); }
 Bytes::Bytes(ByteRange range) { Assign(range); }
 Bytes::Bytes(const Bytes& other) { Assign(other); }
 Bytes::Bytes(Bytes&& other) noexcept { *this = std::move(other); }
-Bytes::~Bytes() = default;
+Bytes::~Bytes() { Unfence(); }
+
+#ifdef VNT_ADDRESSES_ARE_WATCHED
+void Bytes::Fence() { ASAN_POISON_MEMORY_REGION(Data() + size_, room_ - size_); }
+void Bytes::Unfence() { ASAN_UNPOISON_MEMORY_REGION(Data(), room_); }
+#endif
 
 Bytes& Bytes::operator=(const Bytes& other) {
     if (this != &other) Assign(other);
@@ -118,29 +127,36 @@ Bytes& Bytes::operator=(const Bytes& other) {
 
 Bytes& Bytes::operator=(Bytes&& other) noexcept {
     if (this == &other) return *this;
+    Unfence();
+    other.Unfence();
     many_ = std::move(other.many_);
     std::copy_n(other.few_.data(), FewBytes, few_.data());
     size_ = std::exchange(other.size_, 0);
     room_ = std::exchange(other.room_, FewBytes);
+    Fence();
+    other.Fence();
     return *this;
 }
 
-// Keeps the bytes that there are.
-void Bytes::Reserve(int count) {
-    if (count <= room_) return;
+// Keeps the bytes that there are, and returns the memory that they leave.
+std::unique_ptr<std::uint8_t[]> Bytes::Reserve(int count) {
+    if (count <= room_) return nullptr;
     // Twice as much each time, so that many short pieces are not moved for each of them.
     const int room = std::max(count, size_ == 0 ? 0 : room_ * 2);
     std::unique_ptr<std::uint8_t[]> many(new std::uint8_t[static_cast<std::size_t>(room)]);
     std::copy_n(Data(), size_, many.get());
-    many_ = std::move(many);
+    many_.swap(many);
     room_ = room;
+    return many;
 }
 
 void Bytes::Resize(int count, std::uint8_t fill) {
     const int size = std::max(count, 0);
+    Unfence();
     Reserve(size);
     if (size > size_) std::fill(Data() + size_, Data() + size, fill);
     size_ = size;
+    Fence();
 }
 
 void Bytes::Assign(ByteRange range) {
@@ -149,9 +165,11 @@ void Bytes::Assign(ByteRange range) {
 }
 
 void Bytes::Append(ByteRange range) {
-    Reserve(size_ + range.size);
+    Unfence();
+    const std::unique_ptr<std::uint8_t[]> left = Reserve(size_ + range.size);  // the range may be of it
     std::copy_n(range.data, range.size, Data() + size_);
     size_ += range.size;
+    Fence();
 }
 
 bool Bytes::operator==(const Bytes& other) const { return Range().Equals(other); }

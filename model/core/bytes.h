@@ -8,6 +8,14 @@
 #include <memory>
 #include <span>
 
+#if defined(__SANITIZE_ADDRESS__)
+#define VNT_ADDRESSES_ARE_WATCHED
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define VNT_ADDRESSES_ARE_WATCHED
+#endif
+#endif
+
 namespace VNT {
 
 // A view of bytes with a cursor in bits, passed by value into every `Read` and `Write`, so that a callee's movements
@@ -104,7 +112,7 @@ private:
 // some.
 class Bytes {
 public:
-    Bytes() = default;
+    Bytes() { Fence(); }
     Bytes(std::initializer_list<int> bytes);
     explicit Bytes(std::span<const std::uint8_t> bytes);
     Bytes(int count, std::uint8_t fill);
@@ -122,7 +130,7 @@ public:
     std::uint8_t& At(int index) { return Data()[index]; }
     std::uint8_t At(int index) const { return Data()[index]; }
     Bytes Slice(int offset, int length) const;  // both clamped to what is there
-    void Append(ByteRange range);
+    void Append(ByteRange range);  // also of these bytes
     void Assign(ByteRange range);  // as `= Bytes(range)`, in the memory that there is already
 
     // The length left once trailing bytes equal to `byte` are removed.
@@ -142,7 +150,15 @@ private:
 
     std::uint8_t* Data() { return many_ != nullptr ? many_.get() : few_.data(); }
     const std::uint8_t* Data() const { return many_ != nullptr ? many_.get() : few_.data(); }
-    void Reserve(int count);
+    std::unique_ptr<std::uint8_t[]> Reserve(int count);
+    // AddressSanitizer takes what there is room for behind the bytes for outside of them, between a Fence and an Unfence.
+#ifdef VNT_ADDRESSES_ARE_WATCHED
+    void Fence();
+    void Unfence();
+#else
+    void Fence() {}
+    void Unfence() {}
+#endif
 
     std::unique_ptr<std::uint8_t[]> many_;  // in place of the few, once they were more
     std::array<std::uint8_t, FewBytes> few_{};

@@ -1,7 +1,11 @@
 #include "model/core/bytes.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <random>
+#ifdef VNT_ADDRESSES_ARE_WATCHED
+#include <sanitizer/asan_interface.h>
+#endif
 
 #include "tests/print.h"
 
@@ -409,6 +413,60 @@ TEST(Bytes, AreAssignedToThemselvesAndStay) {
         EXPECT_EQ(bytes, Bytes(count, 4));
     }
 }
+
+TEST(Bytes, AppendAndAssignPartsOfThemselves) {
+    for (const int count : {3, 8, 12, 16, 17, 40}) {
+        Bytes wanted;
+        for (int i = 0; i < count; ++i) wanted.Append(Bytes{i});
+        Bytes bytes(wanted.Range());
+        bytes.Append(bytes);
+        ASSERT_EQ(bytes.Size(), 2 * count);
+        EXPECT_EQ(bytes.Slice(0, count), wanted);
+        EXPECT_EQ(bytes.Slice(count, count), wanted);
+        ByteRange last = bytes;
+        last.Drop(count - 2);
+        bytes.Assign(last);
+        ASSERT_EQ(bytes.Size(), count + 2);
+        EXPECT_EQ(bytes.Slice(0, 2), wanted.Slice(count - 2, 2));
+        EXPECT_EQ(bytes.Slice(2, count), wanted);
+    }
+}
+
+#ifdef VNT_ADDRESSES_ARE_WATCHED
+// Without that an access behind few bytes, or behind those that were cut off, would go unnoticed.
+TEST(Bytes, OfARoomThatIsNotFilledOnlyTheyCanBeReached) {
+    const auto isFenced = [](const Bytes& bytes) {
+        const std::uint8_t* const first = bytes.View().data();
+        for (int i = 0; i < bytes.Capacity(); ++i) {
+            if ((__asan_address_is_poisoned(first + i) != 0) != (i >= bytes.Size())) return false;
+        }
+        return true;
+    };
+    EXPECT_TRUE(isFenced(Bytes()));
+    for (const int count : {0, 1, 7, 8, 9, 16, 17, 40}) {
+        Bytes bytes(count, 4);
+        EXPECT_TRUE(isFenced(bytes)) << count;
+        for (const int other : {0, 5, 16, 30, 3}) {
+            Bytes assigned(other, 5);
+            assigned = bytes;
+            EXPECT_TRUE(isFenced(assigned)) << count << " in the room of " << other;
+            assigned.Resize(other);
+            EXPECT_TRUE(isFenced(assigned)) << other << " of " << count;
+            Bytes moved = std::move(assigned);
+            EXPECT_TRUE(isFenced(moved)) << other << " of " << count;
+            EXPECT_TRUE(isFenced(assigned));  // NOLINT(bugprone-use-after-move): it can be used again
+            moved = Bytes(count, 6);
+            EXPECT_TRUE(isFenced(moved)) << count << " moved over " << other;
+            moved.Append(Bytes(2, 7));
+            EXPECT_TRUE(isFenced(moved)) << count << " and two";
+        }
+    }
+    // What stands there when they are gone can be reached whole.
+    alignas(Bytes) std::uint8_t place[sizeof(Bytes)];
+    std::destroy_at(new (place) Bytes{1});
+    EXPECT_EQ(__asan_region_is_poisoned(place, sizeof(place)), nullptr);
+}
+#endif
 
 TEST(Bytes, AsARangeHasTheCursorAtTheStart) {
     Bytes bytes{1, 2};
