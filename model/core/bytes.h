@@ -130,8 +130,8 @@ public:
     std::uint8_t& At(int index) { return Data()[index]; }
     std::uint8_t At(int index) const { return Data()[index]; }
     Bytes Slice(int offset, int length) const;  // both clamped to what is there
-    void Append(ByteRange range);  // also of these bytes
-    void Assign(ByteRange range);  // as `= Bytes(range)`, in the memory that there is already
+    void Append(ByteRange range);               // also of these bytes
+    void Assign(ByteRange range);               // as `= Bytes(range)`, in the memory that there is already
 
     // The length left once trailing bytes equal to `byte` are removed.
     int LastIndexNot(std::uint8_t byte) const;
@@ -151,7 +151,8 @@ private:
     std::uint8_t* Data() { return many_ != nullptr ? many_.get() : few_.data(); }
     const std::uint8_t* Data() const { return many_ != nullptr ? many_.get() : few_.data(); }
     std::unique_ptr<std::uint8_t[]> Reserve(int count);
-    // AddressSanitizer takes what there is room for behind the bytes for outside of them, between a Fence and an Unfence.
+    // AddressSanitizer takes what there is room for behind the bytes for outside of them, between a Fence and an
+    // Unfence.
 #ifdef VNT_ADDRESSES_ARE_WATCHED
     void Fence();
     void Unfence();
