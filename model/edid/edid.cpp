@@ -97,10 +97,9 @@ EdidStatus Edid::GetStatus(const EdidLimits& limits) const {
     if (extensionOverrideCount == Undefined) {
         status.counts = extensionBlockCount == blocks;
     } else if (extensionOverrideCount <= extensionBlockCount) {
-        status.counts =
-            extensionBlockCount == blocks && extensionOverrideCount >= 0 && extensionOverrideCount <= blocks;
+        status.counts = extensionBlockCount == blocks && extensionOverrideCount >= 0;
     } else {
-        status.counts = extensionBlockCount >= 1 && extensionBlockCount <= blocks && extensionOverrideCount == blocks;
+        status.counts = extensionBlockCount >= 1 && extensionOverrideCount == blocks;
     }
     return status;
 }

@@ -403,6 +403,21 @@ TEST(Bytes, KeepWhatTheyHoldWhereTheyGrowAndFillTheRest) {
     EXPECT_EQ(Bytes(-1, 5), Bytes());
 }
 
+TEST(Bytes, TakeTwiceTheRoomWhereTheyGrow) {
+    Bytes bytes(16, 0);
+    EXPECT_EQ(bytes.Capacity(), 16);
+    bytes.Append(Bytes{1});
+    EXPECT_EQ(bytes.Capacity(), 32);
+    const std::uint8_t* const first = bytes.View().data();
+    while (bytes.Size() < 32) bytes.Append(Bytes{1});
+    EXPECT_EQ(bytes.View().data(), first) << "moved within their room";
+    bytes.Append(Bytes{1});
+    EXPECT_EQ(bytes.Capacity(), 64);
+    bytes.Resize(1000);
+    EXPECT_EQ(bytes.Capacity(), 1000);
+    EXPECT_EQ(Bytes(100, 0).Capacity(), 100);
+}
+
 TEST(Bytes, AreAssignedToThemselvesAndStay) {
     for (const int count : {3, 30}) {
         Bytes bytes(count, 4);

@@ -136,11 +136,11 @@ TEST(ValueCoding, EncodesAnythingWithoutOverflow) {
     EXPECT_EQ(coding.Encode(INT32_MAX), (std::int64_t{INT32_MAX} + 1000) / 3);
     EXPECT_EQ(coding.Encode(INT32_MIN), (std::int64_t{INT32_MIN} + 1000) / 3);
     constexpr LongCoding longs{1, 2};
-    EXPECT_NO_THROW(longs.Encode(INT64_MIN));
+    longs.Encode(INT64_MIN);
     EXPECT_EQ(longs.Encode(INT64_MAX), INT64_MAX / 2);
     constexpr DecimalCoding decimals{Decimal(1), Decimal(1, 2)};
-    EXPECT_NO_THROW(decimals.Encode(Decimal::Undefined()));
-    EXPECT_NO_THROW(decimals.Encode(Decimal::FromMillionths(-INT64_MAX)));
+    decimals.Encode(Decimal::Undefined());
+    decimals.Encode(Decimal::FromMillionths(-INT64_MAX));
 }
 
 TEST(LongCoding, CarriesThirtyTwoBits) {

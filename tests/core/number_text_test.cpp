@@ -269,6 +269,25 @@ TEST(HexFromText, RefusesWhatIsNoHex) {
     }
 }
 
+TEST(HexFromText, AnyPrintableSignSeparates) {
+    const auto joined = [](char32_t sign) { return String(std::u32string(U"12") + sign + U"34"); };
+    const std::pair<char32_t, char32_t> signs[] = {
+        {0x21, 0x2F}, {0x3A, 0x40}, {0x5B, 0x60}, {0x7B, 0x7E}, {0xA1, 0xA9},     {0xAB, 0xAC},     {0xAE, 0xB4},
+        {0xB6, 0xB9}, {0xBB, 0xBF}, {0xD7, 0xD7}, {0xF7, 0xF7}, {0x2010, 0x2027}, {0x2030, 0x205E},
+    };
+    for (const auto& [first, last] : signs) {
+        for (char32_t sign = first; sign <= last; ++sign) {
+            EXPECT_EQ(ParsedHex(joined(sign)), (Bytes{0x12, 0x34})) << static_cast<int>(sign);
+        }
+    }
+    for (const char32_t other : {0x00, 0x1F, 0x7F, 0xA0, 0xAA, 0xAD, 0xB5, 0xBA, 0xC0, 0xD6, 0xD8, 0xF6, 0xF8, 0x200F,
+                                 0x2028, 0x202F, 0x205F, 0xFFFD}) {
+        EXPECT_TRUE(IsNoHex(joined(other))) << static_cast<int>(other);
+    }
+    for (const char32_t letter : {U'G', U'Z', U'g', U'z'})
+        EXPECT_TRUE(IsNoHex(joined(letter))) << static_cast<int>(letter);
+}
+
 TEST(HexFromText, LettersAndDigitsOfAnyScriptDoNotSeparate) {
     EXPECT_TRUE(IsNoHex(U"12\u00B5"));  // a letter among the signs of Latin-1
     EXPECT_TRUE(IsNoHex(U"12\u00C4"));

@@ -205,6 +205,31 @@ TEST(HdmiStereoFormats, ItsPresentLengthTellsWhereItEnds) {
     EXPECT_EQ(ReadStereo(Present::StructuresAndMask, "80 00 01 00 06").GetPresentLength(), 5);
 }
 
+TEST(HdmiStereoFormats, AreWrittenWholeOrNotAtAll) {
+    const auto formats = ReadStereo(Present::StructuresAndMask, "80 41 00 07 28 10");
+    EXPECT_EQ(BytesOf(formats, 6), FromHex("80 41 00 07 28 10"));
+    EXPECT_EQ(BytesOf(formats, 5), Bytes());
+    EXPECT_EQ(BytesOf(formats.Formats.At(0), 2), FromHex("28 10"));
+    EXPECT_EQ(BytesOf(formats.Formats.At(0), 1), Bytes());
+    auto broken = formats;
+    broken.FieldsPresent = HdmiStereoFormatsFieldsPresentEnum::Enum(-1);
+    EXPECT_FALSE(broken.IsValid());
+    HdmiStereoFormat format = formats.Formats.At(0);
+    format.Order = 16;
+    EXPECT_EQ(BytesOf(format, 2), Bytes());
+}
+
+TEST(HdmiStereoFormats, KeepTheFieldsThatArePresent) {
+    HdmiStereoFormatsFields fields = ReadStereo(Present::StructuresAndMask, "80 41 00 07 28 10");
+    EXPECT_EQ(HdmiStereoFormats(fields).Structures.GetBits(), 0x8041u);
+    EXPECT_EQ(HdmiStereoFormats(fields).Mask.GetBits(), 7u);
+    fields.FieldsPresent = Present::Structures;
+    EXPECT_EQ(HdmiStereoFormats(fields).Structures.GetBits(), 0x8041u);
+    EXPECT_EQ(HdmiStereoFormats(fields).Mask.GetBits(), 0u);
+    fields.FieldsPresent = Present::None;
+    EXPECT_EQ(HdmiStereoFormats(fields).Structures.GetBits(), 0u);
+}
+
 TEST(HdmiStereoFormat, TakesASecondByteFromTheEighthStructureOn) {
     HdmiStereoFormatFields fields;
     fields.Order = 15;

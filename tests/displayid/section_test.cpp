@@ -5,7 +5,7 @@
 #include "model/displayid/cta_data_block_list.h"
 #include "model/displayid/other_data_block.h"
 #include "model/displayid/vendor_specific.h"
-#include "tests/support/items.h"
+#include "tests/support/every_bit.h"
 
 namespace VNT::Testing {
 namespace {
@@ -187,6 +187,13 @@ TEST(DisplayIdSection, TheOtherFieldsOfTheFrameTakeAllTheirBits) {
 TEST(DisplayIdSection, TheListHasWhatTheFrameLeaves) {
     EXPECT_EQ(DisplayIdSection::GetListLimits(126).bytes, 121);
     EXPECT_EQ(ReadAs<DisplayIdSection>(Section("0B 00 01 41 00 00 00")).GetListLimits().bytes, 4);
+}
+
+TEST(DisplayIdSection, EachBitTells) {
+    ExpectThatEachBitTells<DisplayIdSection>(Section("0B 00 01 41 00 00 00"));
+    ExpectThatEachBitTells<DisplayIdSection>(Section("0B 00 01 41 00 00 00 05", 2));
+    ExpectThatEachBitTells<DisplayIdSection>(Section("FF FF FF"));
+    ExpectThatCutsAreRefused<DisplayIdSection>(Section("0B 00 01 41 00 00 00"));
 }
 
 TEST(DisplayIdSection, EveryByteOfAnySectionGoesBack) {

@@ -4,6 +4,7 @@
 
 #include "model/edid/text_descriptor.h"
 #include "tests/edid/support.h"
+#include "tests/support/every_bit.h"
 
 namespace VNT {
 namespace {
@@ -80,6 +81,13 @@ TEST(Edid, FillsUpTo255Blocks) {
 
 TEST(Edid, LeavesBytesBehindTheLastCountedBlock) {
     EXPECT_EQ(ReadEdid(Join({BaseBlock(), UnknownBlock(0x77)})).GetBytes(), BaseBlock());
+}
+
+TEST(Edid, EachBitTells) {
+    Bytes bytes = BaseBlock(2);
+    bytes.Append(OverrideBlock(2));
+    bytes.Append(UnknownBlock(0x42));
+    ExpectThatEachBitTells<Edid>(bytes);
 }
 
 TEST(Edid, APartOfABlockIsNoBlock) {
@@ -166,6 +174,40 @@ TEST(Edid, AnOverrideIsReadOnlyWhereDataBlocksStand) {
     Bytes block = OverrideBlock(9);
     block.At(2) = 4;  // detailed timings start at once: no data blocks
     EXPECT_EQ(ReadEdid(Join({BaseBlock(1), block})).extensionOverrideCount, Undefined);
+}
+
+TEST(Edid, ItsCountsAgreeOrNot) {
+    Bytes bytes = BaseBlock(2);
+    bytes.Append(OverrideBlock(2));
+    bytes.Append(UnknownBlock(0x42));
+    Edid edid = ReadEdid(bytes);
+    const auto agree = [&edid](int blocks, int overrides) {
+        edid.extensionBlockCount = blocks;
+        edid.extensionOverrideCount = overrides;
+        const bool counts = edid.GetStatus(edid.GetLimits()).counts;
+        EXPECT_EQ(edid.GetStatus(edid.GetAllLimits()).counts, counts);
+        return counts;
+    };
+    for (int blocks = -1; blocks <= 4; ++blocks) {
+        EXPECT_EQ(agree(blocks, Undefined), blocks == 2) << blocks;
+        for (int overrides = -1; overrides <= 4; ++overrides) {
+            const bool isAll = blocks == 2 && overrides >= 0 && overrides <= 2;
+            const bool isBehind = blocks == 1 && overrides == 2;
+            EXPECT_EQ(agree(blocks, overrides), isAll || isBehind) << blocks << " and " << overrides;
+        }
+    }
+}
+
+TEST(EdidStatus, IsAllRightWithoutAnyFault) {
+    using Rule = bool EdidStatus::*;
+    constexpr EdidStatus right{true, true, true, true, true, true};
+    EXPECT_TRUE(right.All());
+    for (const Rule rule : {&EdidStatus::properties, &EdidStatus::standardResolutions, &EdidStatus::descriptors,
+                            &EdidStatus::extensionBlocks, &EdidStatus::checksum, &EdidStatus::counts}) {
+        EdidStatus status = right;
+        status.*rule = false;
+        EXPECT_FALSE(status.All());
+    }
 }
 
 TEST(Edid, CountsThatContradictEachOtherAreRefused) {

@@ -10,6 +10,7 @@
 #include "model/edid/text_descriptor.h"
 #include "model/edid/vtb_extension_block.h"
 #include "tests/edid/support.h"
+#include "tests/support/every_bit.h"
 
 namespace VNT::Testing {
 namespace {
@@ -262,6 +263,24 @@ TEST(EdidExtensionBlock, AnyBytesOfAKnownTagGoBackAsTheyWere) {
             ASSERT_EQ(BytesOf(block), bytes);
         }
     }
+}
+
+TEST(EdidExtensionBlock, EachBitTells) {
+    std::mt19937 random(20260109);
+    for (const int tag : {0x02, 0x10, 0x42, 0x70}) {
+        Bytes bytes(128, 0);
+        for (int round = 0; round < 5; ++round) {
+            bytes.At(0) = static_cast<std::uint8_t>(tag);
+            ExpectThatEachBitTells<EdidExtensionBlock>(bytes);
+            for (int i = 1; i < 128; ++i) bytes.At(i) = static_cast<std::uint8_t>(random());
+            if (round % 2 != 0) bytes.At(2) = static_cast<std::uint8_t>(random() % 128);
+        }
+    }
+    ExpectThatEachBitTells<EdidExtensionBlock>(Block({FromHex("02 03 0B F1 23 09 07 07 83 01 00"), FromHex(Detailed)}));
+    ExpectThatEachBitTells<EdidExtensionBlock>(Block(FromHex("70 13 06 02 01 0B 00 03 41 42 43")));
+    ExpectThatEachBitTells<EdidExtensionBlock>(
+        Block({FromHex("10 01 01 01 01"), FromHex(Detailed), FromHex("1B 24 4E D1 C0")}));
+    ExpectThatCutsAreRefused<EdidExtensionBlock>(Block(FromHex("42 01 02 03")));
 }
 
 TEST(EdidExtensionBlock, AnEditTwiceIsAsOnce) {

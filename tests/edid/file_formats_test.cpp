@@ -68,6 +68,34 @@ TEST(FileFormats, EachIsReadByItsOwnReader) {
     }
 }
 
+// What stands in a file is told with its bytes, also where an EDID takes only the first of them.
+TEST(FileFormats, TheContentIsTheBytesAndWhatIsLeftBehindThem) {
+    const Edid edid = MakeEdid(1);
+    const Bytes bytes = edid.GetBytes();
+    FileContent content{Bytes{1}, true, 7};
+    ASSERT_TRUE(GetContent(WriteBin(edid), content));
+    EXPECT_EQ(content.bytes, bytes);
+    EXPECT_FALSE(content.isText);
+    EXPECT_EQ(content.notUnderstood, 0);
+    for (const auto& write :
+         {static_cast<Bytes (*)(const Edid&)>(WriteDat), static_cast<Bytes (*)(const Edid&)>(WriteTxt)}) {
+        content = {};
+        ASSERT_TRUE(GetContent(write(edid), content));
+        EXPECT_EQ(content.bytes, bytes);
+        EXPECT_TRUE(content.isText);
+        EXPECT_EQ(content.notUnderstood, 0);
+    }
+    ASSERT_TRUE(GetContent(FromString(ToString(WriteDat(edid)) + "xyz"), content));
+    EXPECT_EQ(content.bytes, bytes);
+    EXPECT_EQ(content.notUnderstood, 3);
+    const FileContent before = content;
+    for (const char* text : {"", "no EDID", "a\nb\nc\n00 | 00 11"}) {
+        EXPECT_FALSE(GetContent(FromString(text), content)) << text;
+        EXPECT_EQ(content.bytes, before.bytes) << text;
+        EXPECT_EQ(content.notUnderstood, 3) << text;
+    }
+}
+
 TEST(FileFormats, AnEmptyFileIsNone) { EXPECT_EQ(FindReader(Bytes()), "none"); }
 
 TEST(FileFormats, BlanksAloneAreNone) { EXPECT_EQ(FindReader(" \r\n\t\n\n\n\n"), "none"); }
@@ -155,6 +183,7 @@ TEST(DatFile, EndsAtWhatIsNoByte) {
     const std::string text = ToString(WriteDat(MakeEdid()));
     EXPECT_EQ(FindReader(text + "the end"), "dat");
     EXPECT_EQ(FindReader(text + "80 | "), "dat");
+    EXPECT_EQ(FindReader(text + "80"), "dat") << "an offset alone";
     EXPECT_EQ(FindReader(text.substr(0, text.size() - 4)), "none") << "a byte short";
 }
 

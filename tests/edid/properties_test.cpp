@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/edid/support.h"
+#include "tests/support/every_bit.h"
 
 namespace VNT {
 namespace {
@@ -92,6 +93,20 @@ TEST(Properties, EveryByteValueGoesBack) {
     }
 }
 
+TEST(Properties, EachBitTells) {
+    for (const int revision : {3, 4}) {
+        ExpectThatEachBitTells<EdidProperties>(Record({}, revision));
+        ExpectThatEachBitTells<EdidProperties>(Record({{20, 0}, {24, 0xFF}}, revision));
+    }
+}
+
+TEST(Properties, ReadAndWriteTheirWholeFrameOnly) {
+    ExpectThatCutsAreRefused<EdidProperties>(Record({}));
+    EdidPropertiesFields fields;
+    fields.vendorId = "abc";
+    EXPECT_EQ(BytesOf(EdidProperties(fields)), Bytes());
+}
+
 TEST(Properties, NoVersionButExactly14HasTheNewerLayout) {
     EXPECT_TRUE(ReadProperties(Record({}, 4)).IsVersion14());
     EXPECT_FALSE(ReadProperties(Record({{19, 5}})).IsVersion14());
@@ -168,6 +183,33 @@ TEST(ColorCoordinates, EnteringOneLeavesNoRawValue) {
     const EdidColorCoordinates colors(fields);
     EXPECT_EQ(colors.raw[EdidColorCoordinatesFields::WhiteX], Undefined);
     EXPECT_FALSE(colors.IsValid());
+    EXPECT_EQ(BytesOf(colors), Bytes());
+    EXPECT_EQ(EncodeColorCoordinate(Decimal(2)), Undefined);
+}
+
+TEST(ColorCoordinates, EachBitTells) {
+    ExpectThatEachBitTells<EdidColorCoordinates>(FromHex("EE 95 A3 54 4C 99 26 0F 50 54"));
+    ExpectThatEachBitTells<EdidColorCoordinates>(Bytes(10, 0));
+    ExpectThatCutsAreRefused<EdidColorCoordinates>(FromHex("EE 95 A3 54 4C 99 26 0F 50 54"));
+}
+
+TEST(ColorCoordinates, DifferByEachOfTheirFields) {
+    const EdidColorCoordinates colors;
+    EXPECT_EQ(colors, EdidColorCoordinates());
+    for (std::size_t i = 0; i < EdidColorCoordinatesFields::CoordinateCount; ++i) {
+        EdidColorCoordinates other = colors;
+        other.value[i] = Decimal(1, 1);
+        EXPECT_FALSE(other == colors) << i;
+        other = colors;
+        other.raw[i] = 1;
+        EXPECT_FALSE(other == colors) << i;
+        other = colors;
+        other.actual[i] = Decimal(1, 1);
+        EXPECT_FALSE(other == colors) << i;
+    }
+    EdidColorCoordinates other = colors;
+    other.useRaw = !other.useRaw;
+    EXPECT_FALSE(other == colors);
 }
 
 TEST(ColorCoordinates, RawNumbersLeadAfterARead) {

@@ -7,6 +7,7 @@
 
 #include "model/core/kinds.h"
 #include "tests/support/difference.h"
+#include "tests/support/every_bit.h"
 #include "tests/support/field_probe.h"
 #include "tests/support/items.h"
 
@@ -228,6 +229,66 @@ TYPED_TEST_P(FamilySuite, ACloneIsEqualAndOtherBytesAreNot) {
     });
 }
 
+TYPED_TEST_P(FamilySuite, EachBitTells) {
+    using Holder = typename TypeParam::Holder;
+    for (const auto& kind : this->Classes()) {
+        ExpectThatEachBitTells<Holder>(TypeParam::Frame(kind.type, [] { return std::uint8_t{0}; }));
+        ExpectThatEachBitTells<Holder>(TypeParam::Frame(kind.type, [] { return std::uint8_t{0xFF}; }));
+        for (int round = 0; round < 5; ++round) ExpectThatEachBitTells<Holder>(this->RandomFrame(kind));
+    }
+}
+
+TYPED_TEST_P(FamilySuite, AnEmptyHolderAnswersWithNothing) {
+    constexpr int room = 40;
+    typename TypeParam::Holder holder;
+    EXPECT_EQ(BytesOf(holder, room), Bytes());
+    EXPECT_FALSE(holder.IsValid());
+    EXPECT_FALSE(holder.IsValidAll());
+    EXPECT_TRUE(holder.GetParts().empty());
+    EXPECT_TRUE(GetStatusOf(TellerOf(holder, room)).Fields().empty());
+    EXPECT_EQ(TextOf(holder), "");
+    EXPECT_EQ(TextOf(holder, U"{type}"), "");
+    holder.Renew();
+    EXPECT_TRUE(holder.IsEmpty());
+    if constexpr (Sized<typename TypeParam::Any>) {
+        EXPECT_EQ(holder.GetSize(), 0);
+        EXPECT_FALSE(holder.IsAvailable(room));
+        EXPECT_TRUE(holder.GetAvailable(room).Fields().empty());
+        EXPECT_FALSE(holder.IsValid(room));
+        EXPECT_FALSE(holder.IsValidAll(room));
+    } else {
+        EXPECT_FALSE(holder.IsValidAllAsRead());
+    }
+}
+
+// A holder says what the item in it says.
+TYPED_TEST_P(FamilySuite, AHolderAnswersAsWhatItHolds) {
+    this->ForEachFrame([](const auto& kind, const Bytes& bytes) {
+        const int room = GetRoom<typename TypeParam::Any>(bytes);
+        typename TypeParam::Holder holder(kind.Read(bytes));
+        const auto item = kind.Read(bytes);
+        EXPECT_EQ(holder.GetType(), kind.type);
+        EXPECT_EQ(holder.IsValid(), item->IsValid());
+        EXPECT_EQ(TextOf(holder, U"{type}"), TextOf(*item, U"{type}"));
+        EXPECT_EQ(GetStatusOf(TellerOf(holder, room)).IsValidAll(), GetStatusOf(TellerOf(*item, room)).IsValidAll());
+        EXPECT_EQ(GetStatusOf(TellerOf(holder, room)).Fields().size(),
+                  GetStatusOf(TellerOf(*item, room)).Fields().size());
+        EXPECT_EQ(holder.GetParts().size(), item->GetParts().size());
+        if constexpr (Sized<typename TypeParam::Any>) {
+            EXPECT_EQ(holder.GetSize(), item->GetSize());
+            for (const int size : {0, item->GetSize() - 1, item->GetSize(), room}) {
+                EXPECT_EQ(holder.IsAvailable(size), item->IsAvailable(size)) << size;
+                EXPECT_EQ(holder.IsValid(size), item->IsValid(size)) << size;
+                EXPECT_EQ(holder.IsValidAll(size), item->IsValidAll(size)) << size;
+                EXPECT_EQ(holder.GetAvailable(size).Fields().size(), item->GetAvailable(size).Fields().size()) << size;
+            }
+        }
+        holder.Renew();
+        item->Renew();
+        EXPECT_TRUE(holder == *item);
+    });
+}
+
 TYPED_TEST_P(FamilySuite, EveryTemplateExpands) {
     this->ForEachFrame([](const auto& kind, Bytes bytes) {
         for (int i = 0; i < bytes.Size(); ++i) {
@@ -262,6 +323,7 @@ TYPED_TEST_P(FamilySuite, FromItsFieldsTwiceIsAsOnce) {
 REGISTER_TYPED_TEST_SUITE_P(FamilySuite, EachRowOfTheTableIsTested, TheTableMakesWhatItSays,
                             AnyPayloadGoesBackAsItWasRead, ACutAtAnyLengthIsRefused, BytesBehindTheFrameAreLeftAlone,
                             EveryFieldKeepsToItsLimits, EveryFieldHasANameOfItsOwn, ACloneIsEqualAndOtherBytesAreNot,
+                            EachBitTells, AnEmptyHolderAnswersWithNothing, AHolderAnswersAsWhatItHolds,
                             EveryTemplateExpands, FromItsFieldsTwiceIsAsOnce);
 
 }  // namespace VNT::Testing

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/items.h"
+#include "tests/support/every_bit.h"
 
 namespace VNT {
 
@@ -72,6 +72,11 @@ TEST(EdidCvtResolution, AnyThreeBytesGoBackAsTheyWereRead) {
         check(byte, 0xFF, 0xFF);
         check(0x1B, 0x24, byte);
     }
+}
+
+TEST(EdidCvtResolution, EachBitTells) {
+    for (const Bytes& bytes : {FullHd, Bytes(3, 0), Bytes(3, 0xFF)}) ExpectThatEachBitTells<EdidCvtResolution>(bytes);
+    ExpectThatCutsAreRefused<EdidCvtResolution>(FullHd);
 }
 
 TEST(EdidCvtResolution, KeepsItsReservedBits) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/items.h"
+#include "tests/support/every_bit.h"
 
 namespace VNT {
 
@@ -44,6 +44,12 @@ TEST(EdidStandardResolution, AnyPairGoesBackAsItWasRead) {
             ASSERT_EQ(BytesOf(item), (Bytes{first, second}));
             ASSERT_NE(TextOf(item), "");
         }
+    }
+}
+
+TEST(EdidStandardResolution, EachBitTells) {
+    for (const Bytes& bytes : {Bytes{0xD1, 0xC0}, Bytes{1, 1}, Bytes(2, 0), Bytes(2, 0xFF)}) {
+        ExpectThatEachBitTells<EdidStandardResolution>(bytes);
     }
 }
 

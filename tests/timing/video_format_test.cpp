@@ -4,7 +4,7 @@
 
 #include "model/timing/video_code.h"
 #include "model/timing/video_format_resolution.h"
-#include "tests/support/items.h"
+#include "tests/support/every_bit.h"
 
 namespace VNT::Testing {
 namespace {
@@ -148,6 +148,36 @@ TEST(HdmiResolution, ACodeBeyondTheFourthIsKeptAndInvalid) {
     EXPECT_TRUE(ReadAs<HdmiResolution>(FromHex("01")).IsValid());
 }
 
+TEST(VideoCodes, ReadAndWriteOneByte) {
+    for (const Bytes& bytes : {Bytes{0}, Bytes{0x90}, Bytes{0xFF}}) {
+        ExpectThatEachBitTells<CtaVideoResolution>(bytes);
+        ExpectThatEachBitTells<CtaYcc420VideoResolution>(bytes);
+        ExpectThatEachBitTells<HdmiResolution>(bytes);
+        ExpectThatCutsAreRefused<CtaVideoResolution>(bytes);
+        ExpectThatCutsAreRefused<CtaYcc420VideoResolution>(bytes);
+        ExpectThatCutsAreRefused<HdmiResolution>(bytes);
+    }
+}
+
+TEST(VideoCodes, WhatNoByteHoldsIsNeitherWrittenNorSummarized) {
+    CtaVideoResolutionFields fields;
+    fields.code.Id = 256;
+    const CtaVideoResolution resolution(fields);
+    EXPECT_EQ(BytesOf(resolution), Bytes());
+    ResolutionSummary summary{1, 1, true, {Decimal(60)}};
+    resolution.GetSummary(summary);
+    EXPECT_EQ(summary, ResolutionSummary());
+}
+
+TEST(ResolutionSummary, DiffersByEachOfItsFields) {
+    const ResolutionSummary summary{1920, 1080, false, {Decimal(60)}};
+    EXPECT_EQ(summary, (ResolutionSummary{1920, 1080, false, {Decimal(60)}}));
+    EXPECT_FALSE(summary == (ResolutionSummary{1921, 1080, false, {Decimal(60)}}));
+    EXPECT_FALSE(summary == (ResolutionSummary{1920, 1081, false, {Decimal(60)}}));
+    EXPECT_FALSE(summary == (ResolutionSummary{1920, 1080, true, {Decimal(60)}}));
+    EXPECT_FALSE(summary == (ResolutionSummary{1920, 1080, false, {}}));
+}
+
 TEST(CtaVideoReference, SaysWhatItsByteStandsFor) {
     const std::pair<int, const char*> texts[] = {
         {1, "640x480 (4:3) @ 60 Hz"},
@@ -175,6 +205,27 @@ TEST(CtaVideoReference, WhatMeansNothingSaysItsNumber) {
 }
 
 CtaVideoFormatResolution FormatOf(const char* hex) { return ReadAs<CtaVideoFormatResolution>(FromHex(hex)); }
+
+TEST(CtaVideoFormatResolution, EachBitTells) {
+    for (int size = 1; size <= 4; ++size) {
+        ExpectThatEachBitTells<CtaVideoFormatResolution>(Bytes(size, 0));
+        ExpectThatEachBitTells<CtaVideoFormatResolution>(Bytes(size, 0xFF));
+    }
+}
+
+TEST(CtaVideoFormatResolution, IsWrittenWholeOrNotAtAll) {
+    const Bytes bytes = FromHex("81 FF 07");
+    const auto resolution = ReadAs<CtaVideoFormatResolution>(bytes);
+    EXPECT_EQ(BytesOf(resolution, 3), bytes);
+    EXPECT_EQ(BytesOf(resolution, 2), Bytes());
+    auto broken = resolution;
+    broken.rid = 64;
+    EXPECT_EQ(BytesOf(broken, 3), Bytes());
+    for (const char* field : {"Size", "rid", "flags"}) {
+        EXPECT_TRUE(resolution.GetAvailable(1).IsProper(field)) << field;
+        EXPECT_FALSE(resolution.GetAvailable(0).IsProper(field)) << field;
+    }
+}
 
 TEST(CtaVideoFormatResolution, TakesOneToFourBytes) {
     CtaVideoFormatResolution resolution;
