@@ -4,7 +4,6 @@ import hashlib
 import json
 import os
 import re
-import resource
 import subprocess
 import sys
 import time
@@ -33,7 +32,7 @@ NOTICING = {
 PROGRAMS = sorted({p for programs in NOTICING.values() for p in programs})
 # Tables that nothing of the compiler's hangs on: in the tree with switches they are made when a program starts.
 TABLES = ['model/core/code_page.cpp', 'model/timing/preset_timings_table.cpp', 'model/timing/video_format_table.cpp']
-QUICK = 1  # second: programs that take no longer come first
+QUICK = 0.2  # seconds: tests that take no longer come first
 MOST_SURVIVE = 0.03
 MOST_NUMBERS = 999983  # below what mutants.h has room for
 EQUIVALENT = Path(__file__).resolve().parent / 'equivalent.txt'
@@ -85,12 +84,26 @@ class Tree:
                               capture_output=True, text=True, env=self.environment)
         return done.returncode, done.stdout
 
-    def run(self, program, environment, seconds):
-        """Whether it passes within so many seconds of the processor: how busy the machine is doesn't count."""
+    def tests_of(self, program):
+        """The names of its tests; one without a name for what has none."""
+        if program == SAMPLES:
+            return ['']
+        listed = subprocess.run([self.build / 'bin' / f'{program}_test', '--gtest_list_tests'], capture_output=True, text=True, check=True)
+        suite, tests = '', []
+        for line in listed.stdout.split('\n'):
+            name = line.split('#')[0].rstrip()
+            if name.startswith('  '):
+                tests.append(suite + name.strip())
+            elif name.endswith('.'):
+                suite = name
+        return tests
+
+    def run(self, program, environment, seconds, tests=('*',)):
+        """Whether they pass within so many seconds of the processor: how busy the machine is doesn't count."""
         if program == SAMPLES:
             what = f'bash {self.source}/scripts/golden --built {self.build}/bin'
         else:
-            what = f'{self.build}/bin/{program}_test --gtest_brief=1'
+            what = f'{self.build}/bin/{program}_test --gtest_brief=1 "--gtest_filter={":".join(tests)}"'
         (self.source / 'build').mkdir(exist_ok=True)
         SCRATCH.mkdir(exist_ok=True)
         SCRATCH.chmod(0o1777)
@@ -117,7 +130,7 @@ class Hunt:
         self.sites = [s for f in sorted(self.texts) for s in changing.find_sites(f, self.texts[f])]
         self.name_sites()
         self.switched, self.plain = Tree('switched'), Tree('plain')
-        self.reached, self.seconds = {}, {}
+        self.reached, self.tests = {}, {}
         self.is_copied = False
         self.notes = WORK / 'found.json'
         # What the tests noticed they notice still; what survived is tried again when anything has changed.
@@ -180,34 +193,42 @@ class Hunt:
         return False
 
     def look_once(self):
-        """Which switches each program comes to, and how long it takes."""
+        """Which switches each test comes to, and how long it takes."""
         looked_file = WORK / 'looked.json'
         looked = json.loads(looked_file.read_text()) if looked_file.exists() else {}
         for program in PROGRAMS:
             binary = self.switched.build / 'bin' / ('vantelle-cli' if program == SAMPLES else f'{program}_test')
             stamp = str(binary.stat().st_mtime_ns) + digest(self.state if program in (SAMPLES, FACTS) else '')
             if looked.get(program, {}).get('stamp') != stamp:
-                reached = SCRATCH / f'reached-{program}'
-                reached.unlink(missing_ok=True)
-                before = resource.getrusage(resource.RUSAGE_CHILDREN)
-                if not self.switched.run(program, {'VANTELLE_REACHED': str(reached)}, 600):
-                    sys.exit(f'{program} fails without any change')
-                after = resource.getrusage(resource.RUSAGE_CHILDREN)
-                taken = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
-                numbers = sorted(set(map(int, reached.read_text().split()))) if reached.exists() else []
-                looked[program] = {'stamp': stamp, 'seconds': taken, 'reached': numbers}
+                with concurrent.futures.ThreadPoolExecutor(self.options.jobs) as pool:
+                    tests = dict(pool.map(lambda test: (test, self.look_at(program, test)), self.switched.tests_of(program)))
+                looked[program] = {'stamp': stamp, 'tests': tests}
                 looked_file.write_text(json.dumps(looked))
-            self.seconds[program] = looked[program]['seconds']
-            self.reached[program] = set(looked[program]['reached'])
-        print('programs: ' + ', '.join(f'{p} {s:.1f} s' for p, s in self.seconds.items()), flush=True)
+            self.tests[program] = {test: (seconds, set(numbers)) for test, (seconds, numbers) in looked[program]['tests'].items()}
+            self.reached[program] = set().union(*(numbers for _, numbers in self.tests[program].values()))
+        print('programs: ' + ', '.join(f'{p} {self.seconds_of(p):.1f} s' for p in PROGRAMS), flush=True)
 
-    def most_seconds(self, program):
-        return 3 + 4 * self.seconds[program]
+    def look_at(self, program, test):
+        reached = SCRATCH / f'reached-{digest(program + test)}'
+        reached.unlink(missing_ok=True)
+        begin = time.time()
+        if not self.switched.run(program, {'VANTELLE_REACHED': str(reached)}, 600, [test]):
+            sys.exit(f'{program} fails without any change: {test}')
+        seconds = time.time() - begin
+        numbers = sorted(set(map(int, reached.read_text().split()))) if reached.exists() else []
+        reached.unlink(missing_ok=True)
+        return seconds, numbers
+
+    def seconds_of(self, program):
+        return sum(seconds for seconds, _ in self.tests[program].values())
 
     def try_switched(self, site):
-        for program in sorted(self.noticing(site), key=lambda p: self.seconds[p] > QUICK):
-            if site.number in self.reached[program]:
-                if not self.switched.run(program, {'VANTELLE_MUTANT': str(site.number)}, self.most_seconds(program)):
+        for is_quick in (True, False):
+            for program in self.noticing(site):
+                tests = {test: seconds for test, (seconds, reached) in self.tests[program].items()
+                         if site.number in reached and (seconds <= QUICK) == is_quick}
+                most = 3 + 4 * sum(tests.values())
+                if tests and not self.switched.run(program, {'VANTELLE_MUTANT': str(site.number)}, most, tests):
                     return f'noticed by {program}'
         return self.survived()
 
@@ -229,7 +250,7 @@ class Hunt:
                 status, _ = self.plain.make([program], self.options.jobs, min(self.left(), 1e6))
                 if status != 0:
                     return None if self.left() <= 1 else 'refused by the compiler'
-                if not self.plain.run(program, {}, self.most_seconds(program)):
+                if not self.plain.run(program, {}, 3 + 4 * self.seconds_of(program)):
                     return f'noticed by {program}'
             return self.survived()
         finally:

@@ -1,3 +1,5 @@
+#include <tuple>
+
 #include "model/displayid/detailed_resolutions.h"
 #include "model/displayid/display_parameters.h"
 #include "model/displayid/product_id.h"
@@ -65,6 +67,28 @@ TEST(DisplayId1ProductId, AWeekBeyond54IsCarriedButNotSound) {
     EXPECT_EQ(block.week, 254);
     EXPECT_FALSE(block.GetStatus().IsProper("week"));
     EXPECT_TRUE(block.GetStatus().IsAll("week"));
+}
+
+// A byte is a character: there are 256 of them.
+TEST(DisplayId1ProductId, WhatNoByteHoldsIsInNoText) {
+    DisplayId1ProductIdDataBlockFields fields;
+    fields.name = U"\u00FF";
+    EXPECT_EQ(BytesOf(Edited<DisplayId1ProductIdDataBlock>(fields), 16).At(15), 0xFF);
+    fields.name = U"\u0100";
+    const DisplayId1ProductIdDataBlock named(fields);
+    EXPECT_FALSE(named.GetStatus().IsProper("name"));
+    EXPECT_FALSE(named.GetStatus().IsAll("name"));
+    EXPECT_EQ(BytesOf(named, 16), Bytes());
+    fields.name = {};
+    for (const auto& [vendor, isProper, isAll] : {std::tuple{U"AB\u00FF", true, true},
+                                                  {U"AB\u0100", false, false},
+                                                  {U"AB", false, true},
+                                                  {U"ABCD", false, false}}) {
+        fields.vendorId = vendor;
+        const ItemStatus status = DisplayId1ProductIdDataBlock(fields).GetStatus();
+        EXPECT_EQ(status.IsProper("vendorId"), isProper) << fields.vendorId.ToUtf8();
+        EXPECT_EQ(status.IsAll("vendorId"), isAll) << fields.vendorId.ToUtf8();
+    }
 }
 
 TEST(DisplayId1ProductId, ThePresentLengthTellsOfTheNameAndWhatFollows) {

@@ -172,6 +172,22 @@ TEST_F(WritingFiles, ANewFileKeepsTheOwnerOfTheOldOne) {
     EXPECT_EQ(std::system(("test \"$(stat -c %u:%g " + file + ")\" = \"" + owner + "\"").c_str()), 0);
 }
 
+// Root may make files anywhere, but in no folder whose path leaves a longer name no room.
+TEST_F(WritingFiles, WhereNoFileCanBeMadeBesideItAnOldOneGetsTheBytes) {
+    constexpr std::size_t longest = 4095, left = 6, much = 200;
+    fs::path deep = folder;
+    while (deep.native().size() < longest - left) {
+        const std::size_t more = longest - left - deep.native().size() - 1;
+        deep /= std::string(more > much + 20 ? much : more, 'd');
+    }
+    fs::create_directories(deep);
+    std::ofstream(deep / "old") << "old";
+    EXPECT_TRUE(Write(deep / "old", "new and longer"));
+    EXPECT_EQ(Get(deep / "old"), "new and longer");
+    EXPECT_FALSE(Write(deep / "new", "x"));
+    EXPECT_FALSE(fs::exists(deep / "new"));
+}
+
 TEST_F(WritingFiles, TheFolderOfALinkToNothingIsNotMade) {
     fs::create_symlink("none/file", folder / "link");
     EXPECT_FALSE(Write(folder / "link", "x"));

@@ -1,5 +1,6 @@
 #include "store/linux/system_host.h"
 
+#include <csignal>
 #include <gtest/gtest.h>
 
 #include "tests/store_linux/machine.h"
@@ -83,6 +84,19 @@ TEST(SystemHost, ProgramsOfTheMachineTellTheirStatusAndOutput) {
     // More than a pipe holds, and more than is kept.
     ASSERT_FALSE(host.Run({"head", "-c", "3000000", "/dev/zero"}, status, &output));
     EXPECT_EQ(status, 0);
+}
+
+TEST(SystemHost, ASignalWhileAProgramRunsChangesNothing) {
+    struct sigaction caught = {}, before = {};
+    caught.sa_handler = [](int) {};  // without SA_RESTART: calls that wait end with an error
+    ASSERT_EQ(sigaction(SIGUSR1, &caught, &before), 0);
+    SystemHost host("/");
+    int status = -1;
+    std::string output;
+    EXPECT_FALSE(host.Run({"sh", "-c", "kill -s USR1 $PPID; echo done; kill -s USR1 $PPID"}, status, &output));
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(output, "done\n");
+    sigaction(SIGUSR1, &before, nullptr);
 }
 
 TEST(SystemHost, LockIsHeldUntilItsOwnerGoes) {
