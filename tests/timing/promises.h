@@ -29,6 +29,19 @@ inline int DefinedCounts(const DetailedResolutionFields& f) {
     return defined;
 }
 
+// "Exact CRT" may round up to a total that lies further beyond the picture than any blanking reaches: the total and the
+// rates stand, the back porch and the blanking are Undefined, and the timing can't be written.
+inline bool IsBeyondBlanking(int active, int back, int blank, int total) {
+    return total > MaxTimingCount && active < total - MaxTimingCount && back == Undefined && blank == Undefined;
+}
+
+// Neither all of a timing that a mode gives, nor nothing.
+inline bool IsHalfTiming(const DetailedResolutionFields& f) {
+    const int missing = (IsBeyondBlanking(f.hactive, f.hback, f.hblank, f.htotal) ? 2 : 0) +
+                        (IsBeyondBlanking(f.vactive, f.vback, f.vblank, f.vtotal) ? 2 : 0);
+    return DefinedCounts(f) + missing != 10;
+}
+
 inline bool HasAnyRate(const DetailedResolutionFields& f) {
     for (const Decimal rate : {f.hrate, f.pixelclock, f.actualvrate, f.actualhrate, f.actualpixelclock}) {
         if (!rate.IsUndefined()) return true;
@@ -63,7 +76,8 @@ const char* BrokenPromise(const typename X::FieldsType& entered, int size) {
     if (IsOfMode(f)) {
         if (f.vrate != entered.vrate) return "the refresh rate stays as entered";
         const bool isTiming = DefinedCounts(f) == 10;
-        if (!isTiming && (DefinedCounts(f) > 0 || HasAnyRate(f))) return "a mode gives a whole timing or none";
+        if (IsHalfTiming(f) && (DefinedCounts(f) > 0 || HasAnyRate(f))) return "a mode gives a whole timing or none";
+        if (!isTiming && item.IsValid()) return "a timing with a part missing is not valid";
         const bool hasFieldParity = f.vfront % 2 == 0 && f.vsync % 2 == 0 && f.vback % 2 != 0;
         const bool needsFieldParity =
             f.interlaced && f.vactive % 2 == 0 && f.timing != DetailedResolutionTimingEnum::Ovt;

@@ -350,5 +350,14 @@ TEST(ExactCrtTiming, WidensCvtToRoundTotals) {
     EXPECT_EQ(interlaced.hfront + interlaced.hsync + interlaced.hback, interlaced.hblank);
 }
 
+TEST(ExactCrtTiming, BeyondTheLargestBlankingHasItsTotalAndNoBackPorch) {
+    const auto item = Calculated<Edid>(Timing::ExactCrt, 254, 33919, "1253.947", true);
+    EXPECT_EQ(item.vtotal, 109375);
+    EXPECT_EQ(item.vback, Undefined);
+    EXPECT_EQ(item.vblank, Undefined);
+    EXPECT_FALSE(item.IsValid());
+    EXPECT_FALSE(item.IsValidAll());
+}
+
 }  // namespace
 }  // namespace VNT
