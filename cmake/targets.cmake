@@ -1,5 +1,11 @@
 # Helpers for the rooms. Sources are found by folder, so that a new item needs no line here or in a CMakeLists.txt.
 
+# Without them ccache can't tell what a precompiled header holds.
+set(VANTELLE_PRECOMPILED_OPTIONS -fpch-preprocess)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    set(VANTELLE_PRECOMPILED_OPTIONS "SHELL:-Xclang -fno-pch-timestamp")
+endif()
+
 # vantelle_precompiled_header(KIND HEADER [libraries...]): the precompiled header KIND of cmake/precompiled/HEADER, with the
 # options of the current folder. Only builds where every room and test is compiled have such, as the sanitized one: the
 # others go without, so that a source which doesn't include what it uses fails there.
@@ -11,8 +17,12 @@ function(vantelle_precompiled_header kind header)
     add_library(${target} STATIC ${PROJECT_SOURCE_DIR}/cmake/precompiled/nothing.cpp)
     target_link_libraries(${target} PUBLIC vantelle_options ${ARGN})
     target_precompile_headers(${target} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/precompiled/${header})
-    # Without it ccache can't tell what a precompiled header holds.
-    target_compile_options(${target} PUBLIC -fpch-preprocess)
+    target_compile_options(${target} PUBLIC ${VANTELLE_PRECOMPILED_OPTIONS})
+    if(CCACHE AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        # A header that clang precompiled names the files of its own tree, so that those of two trees differ: ccache goes by
+        # what it was made of instead.
+        set_target_properties(${target} PROPERTIES CXX_COMPILER_LAUNCHER ${PROJECT_SOURCE_DIR}/cmake/precompile)
+    endif()
     if(ARGN MATCHES "Qt6")
         vantelle_qt(${target})
     endif()
@@ -32,7 +42,7 @@ function(vantelle_precompiled target kind)
     endif()
     if(VANTELLE_PRECOMPILED AND TARGET vantelle-precompiled-${kind} AND NOT libraries MATCHES "app")
         target_precompile_headers(${target} REUSE_FROM vantelle-precompiled-${kind})
-        target_compile_options(${target} PRIVATE -fpch-preprocess)
+        target_compile_options(${target} PRIVATE ${VANTELLE_PRECOMPILED_OPTIONS})
     endif()
 endfunction()
 

@@ -98,8 +98,7 @@ void CopyField(void* to, const void* from) {
 }
 template <class T>
 bool HoldsFlag(int bit) {
-    if constexpr (requires(typename T::Flag flag) { T::Holds(flag); })
-        return T::Holds(static_cast<typename T::Flag>(bit));
+    if constexpr (requires { T::Holds(typename T::Flag()); }) return T::Holds(static_cast<typename T::Flag>(bit));
     return bit >= 0 && bit < T::BitCount;
 }
 template <class T>

@@ -190,6 +190,12 @@ void TSizedItem<X, AnyX, TypeEnum, value, Fields>::TrimToStep() {
 // `template struct TMadeItem<X>;` in the source file of a class compiles its code there.
 namespace Detail {
 
+// The base's own test, where X has another: the base's table of virtual functions names it all the same.
+template <class X>
+bool IsValidAsFramed(const X& item) {
+    return item.X::Framed::IsValid();
+}
+
 template <class X>
 constexpr auto ListMembers() {
     if constexpr (requires { typename X::Sized; }) {
@@ -197,7 +203,7 @@ constexpr auto ListMembers() {
         return std::tuple(&Base::SetFields, &Base::EqualFields, &Base::GetReach, &Base::UpdateSize);
     } else if constexpr (requires { typename X::Framed; }) {
         using Base = typename X::Framed;
-        return std::tuple(&Base::SetFields, &Base::EqualFields);
+        return std::tuple(&Base::SetFields, &Base::EqualFields, &IsValidAsFramed<X>);
     } else {
         return std::tuple();
     }

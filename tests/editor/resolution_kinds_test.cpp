@@ -153,8 +153,8 @@ TEST_F(ResolutionForm, EachKindHasItsTitleAndItsOwnFields) {
         EXPECT_EQ(item.aspectRatio, DisplayIdDetailedResolutionAspectRatioEnum::Ratio64x27);
         EXPECT_EQ(item.stereo, DisplayIdDetailedResolutionStereoEnum::MonoOrStereo);
     };
-    const auto in = [this]<class FormWindow>(std::type_identity<FormWindow>) {
-        return [this](auto& item, const auto& steps) { return Open<FormWindow>(item, steps); };
+    const auto in = [&]<class FormWindow>(std::type_identity<FormWindow>) {
+        return [&](auto& item, const auto& steps) { return Open<FormWindow>(item, steps); };
     };
     look(DisplayId1DetailedResolution(), in(std::type_identity<DisplayId1DetailedResolutionWindow>()),
          L"Detailed Resolution", L"Preferred");

@@ -165,11 +165,11 @@ protected:
             return (value == Undefined ? L"_" : std::to_wstring(value)) + mark(name) + L" ";
         };
         const auto rate = [&](Decimal value, int decimals) {
-            const std::wstring text = DecimalToText(value, {decimals}).ToWide();
+            const std::wstring text = DecimalToText(value, decimals).ToWide();
             return text.empty() ? L"_" : text;
         };
         const auto actual = [&](Decimal value, int decimals) {
-            return value.IsUndefined() ? L"-" : DecimalToText(value, {decimals}).ToWide();
+            return value.IsUndefined() ? L"-" : DecimalToText(value, decimals).ToWide();
         };
         const std::wstring expected =
             count("hactive", item.hactive) + count("hfront", item.hfront) + count("hsync", item.hsync) +
