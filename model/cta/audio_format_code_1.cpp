@@ -3,6 +3,6 @@
 
 namespace VNT {
 
-template struct TMadeKinds<decltype(CtaAudioFormatKindList), 0, 2>;
+template struct TMadeKinds<decltype(CtaAudioFormatKindList), 0, 3>;
 
 }  // namespace VNT

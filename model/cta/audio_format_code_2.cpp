@@ -3,6 +3,6 @@
 
 namespace VNT {
 
-template struct TMadeKinds<decltype(CtaAudioFormatKindList), 1, 2>;
+template struct TMadeKinds<decltype(CtaAudioFormatKindList), 1, 3>;
 
 }  // namespace VNT

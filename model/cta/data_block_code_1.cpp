@@ -3,6 +3,6 @@
 
 namespace VNT {
 
-template struct TMadeKinds<decltype(CtaDataBlockKindList), 0, 5>;
+template struct TMadeKinds<decltype(CtaDataBlockKindList), 0, 6>;
 
 }  // namespace VNT

@@ -3,6 +3,6 @@
 
 namespace VNT {
 
-template struct TMadeKinds<decltype(CtaDataBlockKindList), 4, 5>;
+template struct TMadeKinds<decltype(CtaDataBlockKindList), 4, 6>;
 
 }  // namespace VNT

@@ -3,6 +3,6 @@
 
 namespace VNT {
 
-template struct TMadeKinds<decltype(DisplayIdDataBlockKindList), 1, 5>;
+template struct TMadeKinds<decltype(DisplayIdDataBlockKindList), 1, 6>;
 
 }  // namespace VNT

@@ -3,6 +3,6 @@
 
 namespace VNT {
 
-template struct TMadeKinds<decltype(DisplayIdDataBlockKindList), 2, 5>;
+template struct TMadeKinds<decltype(DisplayIdDataBlockKindList), 2, 6>;
 
 }  // namespace VNT

@@ -3,6 +3,6 @@
 
 namespace VNT {
 
-template struct TMadeKinds<decltype(DisplayIdDataBlockKindList), 3, 5>;
+template struct TMadeKinds<decltype(DisplayIdDataBlockKindList), 3, 6>;
 
 }  // namespace VNT

@@ -3,6 +3,6 @@
 
 namespace VNT {
 
-template struct TMadeKinds<decltype(DisplayIdDataBlockKindList), 4, 5>;
+template struct TMadeKinds<decltype(DisplayIdDataBlockKindList), 4, 6>;
 
 }  // namespace VNT

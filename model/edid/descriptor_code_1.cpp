@@ -3,6 +3,6 @@
 
 namespace VNT {
 
-template struct TMadeKinds<decltype(EdidDescriptorKindList), 1, 3>;
+template struct TMadeKinds<decltype(EdidDescriptorKindList), 1, 4>;
 
 }  // namespace VNT

@@ -3,6 +3,6 @@
 
 namespace VNT {
 
-template struct TMadeKinds<decltype(EdidDescriptorKindList), 2, 3>;
+template struct TMadeKinds<decltype(EdidDescriptorKindList), 2, 4>;
 
 }  // namespace VNT

@@ -16,6 +16,6 @@ std::unique_ptr<AnyEdidDescriptor> EdidDescriptorKinds::Read(ByteRange range) {
     return ReadKind<decltype(EdidDescriptorKindList)::Other>(All(), range);
 }
 
-template struct TMadeKinds<decltype(EdidDescriptorKindList), 0, 3>;
+template struct TMadeKinds<decltype(EdidDescriptorKindList), 0, 4>;
 
 }  // namespace VNT

@@ -46,6 +46,4 @@ void EdidExtensionBlockList::FillUp(int count) {
     }
 }
 
-template struct TMadeKinds<decltype(EdidExtensionBlockKindList), 0, 3>;
-
 }  // namespace VNT
