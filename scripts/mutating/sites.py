@@ -54,8 +54,8 @@ OPERATORS = {'<': '<=', '<=': '<', '>': '>=', '>=': '>', '==': '!=', '!=': '==',
 PROXIES = {'<': 'Relation', '<=': 'Relation', '>': 'Relation', '>=': 'Relation', '==': 'Equality', '!=': 'Equality',
            '+': 'Sum', '-': 'Sum', '*': 'Product', '/': 'Product', '%': 'Product'}
 
-SKIPPED_LINE = re.compile(r'static_assert|= (?:default|delete);|\boperator\b|^\s*template\b|^\s*using\b|\brequires\b|^\s*namespace\b|'
-                          r'^\s*(class|struct|friend|public|private|protected)\b')
+SKIPPED_LINE = re.compile(r'static_assert|= (?:default|delete);|\) (?:const )?= 0;|\boperator\b|^\s*template\b|^\s*using\b|'
+                          r'\brequires\b|^\s*namespace\b|^\s*(class|struct|friend|public|private|protected)\b')
 # An assignment to, or a call of, what is one word: what begins with two words declares something.
 STATEMENT = re.compile(r'^ {4,}(?!return|if|for|while|switch|throw)[\w.:>()\[\]*-]+(?: (?:[-+*/%|&]?=) [^;{}]*|\([^;{}]*\)|\+\+|--);$')
 
