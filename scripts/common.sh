@@ -86,8 +86,8 @@ wine_prefix() {
     echo "$wanted" > "$WINEPREFIX/made-from"
 }
 
-# wine_test_prefix [NAME]: a prefix of the test programs.
-wine_test_prefix() { wine_prefix "${1:-wine-test}" ui_win32_test.exe editor_windows_test.exe Vantelle.exe; }
+# The prefix of the test programs.
+wine_test_prefix() { wine_prefix wine-test ui_win32_test.exe editor_windows_test.exe Vantelle.exe; }
 
 # wine_sample_prefix [NAME [PROGRAM...]]: that of `./run`, or another: the sample displays, with stand-ins for what the
 # system and the drivers say.
