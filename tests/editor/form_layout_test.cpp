@@ -92,6 +92,17 @@ TEST_P(FormLayout, AListStandsAboveItsButtons) {
     });
 }
 
+TEST_P(FormLayout, ABoxForALongTextTakesTheWidthOfItsGroup) {
+    Open<Sample::ItemForm>(Sample::Item(), [&] {
+        const auto& group = driver.Find<GroupBox>(L"Name (2 bytes left)");
+        const auto& box = driver.Find<TextBox>(L"Name (2 bytes left)");
+        const int inset = box.GetX() - group.GetX();
+        EXPECT_GT(inset, 0);
+        EXPECT_EQ(group.GetRight() - box.GetRight(), inset);
+        EXPECT_GT(box.GetWidth(), 2 * driver.Find<TextBox>(L"Count:").GetWidth());
+    });
+}
+
 TEST_P(FormLayout, GroupsStandOneBelowTheOther) {
     Open<EdidRangeLimitsSecondaryGtfTimingWindow>(EdidRangeLimitsSecondaryGtfTiming(), [&] {
         int bottom = 0;
