@@ -1,7 +1,5 @@
 #include "model/edid/descriptor_kinds.h"
 
-#include "model/core/layout_made.h"
-
 namespace VNT {
 
 namespace {
@@ -15,7 +13,5 @@ std::span<const TKind<AnyEdidDescriptor>> EdidDescriptorKinds::All() { return Ro
 std::unique_ptr<AnyEdidDescriptor> EdidDescriptorKinds::Read(ByteRange range) {
     return ReadKind<decltype(EdidDescriptorKindList)::Other>(All(), range);
 }
-
-template struct TMadeKinds<decltype(EdidDescriptorKindList), 0, 4>;
 
 }  // namespace VNT

@@ -1,4 +1,3 @@
-#include "model/core/layout_made.h"
 #include "model/edid/extension_block_kinds.h"
 
 namespace VNT {
