@@ -4,6 +4,8 @@
 set(VANTELLE_PRECOMPILED_OPTIONS -fpch-preprocess)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     set(VANTELLE_PRECOMPILED_OPTIONS "SHELL:-Xclang -fno-pch-timestamp")
+    # CMake's own also names the header, by a path that ccache doesn't know for one and takes for another in each tree.
+    set(CMAKE_CXX_COMPILE_OPTIONS_USE_PCH -Xclang -include-pch -Xclang <PCH_FILE>)
 endif()
 
 # vantelle_precompiled_header(KIND HEADER [libraries...]): the precompiled header KIND of cmake/precompiled/HEADER, with the
