@@ -9,8 +9,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
 endif()
 
 # vantelle_precompiled_header(KIND HEADER [libraries...]): the precompiled header KIND of cmake/precompiled/HEADER, with the
-# options of the current folder. Only builds where every room and test is compiled have such, as the sanitized one: the
-# others go without, so that a source which doesn't include what it uses fails there.
+# options of the current folder. Only builds that look for faults have such, as the sanitized one and the fuzzers': what
+# people get is built without, so that a source which doesn't include what it uses fails there.
 function(vantelle_precompiled_header kind header)
     if(NOT VANTELLE_PRECOMPILED)
         return()
