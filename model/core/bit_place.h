@@ -6,6 +6,13 @@
 #include "model/core/bytes.h"
 #include "model/core/limits.h"
 
+// Where speed counts: always inlined. Where size or the time to compile does, the compiler decides.
+#ifdef VANTELLE_FOR_SPEED
+#define VANTELLE_INLINED [[gnu::always_inline]]
+#else
+#define VANTELLE_INLINED
+#endif
+
 namespace VNT {
 
 enum class BitOrder { Lsb, Msb };
@@ -35,8 +42,8 @@ public:
     constexpr int Count() const { return bits_; }
     // The greatest number that fits.
     constexpr std::int64_t Most() const { return (std::int64_t{1} << (bits_ < 32 ? bits_ : 32)) - 1; }
-    // Always inlined: a layout says its pieces in numbers, of which a few shifts are left when it is compiled.
-    [[gnu::always_inline]] std::uint32_t Read(ByteRange& range, BitOrder order) const {
+    // Inlined: a layout says its pieces in numbers, of which a few shifts are left when it is compiled.
+    VANTELLE_INLINED std::uint32_t Read(ByteRange& range, BitOrder order) const {
         const auto count = static_cast<int>(pieces_.end() - pieces_.begin());
         if (count == 0) return order == BitOrder::Lsb ? range.ReadLsb(bits_) : range.ReadMsb(bits_);
         std::uint32_t raw = ReadPiece(range, 0);
@@ -58,7 +65,7 @@ public:
     int End(int position) const;  // the bit behind it, of the frame, for a cursor at `position`
 
 private:
-    [[gnu::always_inline]] std::uint32_t ReadPiece(const ByteRange& range, int index) const {
+    VANTELLE_INLINED std::uint32_t ReadPiece(const ByteRange& range, int index) const {
         const BitPiece& piece = pieces_.begin()[index];
         if (piece.bit + piece.count <= 8 && piece.byte < range.size)
             return (static_cast<std::uint32_t>(range.data[piece.byte]) >> piece.bit) & ((1u << piece.count) - 1);

@@ -84,7 +84,7 @@ void TFramedItem<X, AnyX, TypeEnum, value, Fields, AllFields>::GetText(String& o
     DescribeItem(Self(), Self().GetFormat(), out);
 }
 template <class X, class AnyX, class TypeEnum, TypeEnum value, class Fields, class AllFields>
-bool TFramedItem<X, AnyX, TypeEnum, value, Fields, AllFields>::IsValid() const {
+[[gnu::noinline]] bool TFramedItem<X, AnyX, TypeEnum, value, Fields, AllFields>::IsValid() const {
     return ValidityOf(Self(), AnyX::FrameSize).proper;
 }
 template <class X, class AnyX, class TypeEnum, TypeEnum value, class Fields, class AllFields>
@@ -190,7 +190,8 @@ void TSizedItem<X, AnyX, TypeEnum, value, Fields>::TrimToStep() {
 // `template struct TMadeItem<X>;` in the source file of a class compiles its code there.
 namespace Detail {
 
-// The base's own test, where X has another: the base's table of virtual functions names it all the same.
+// The base's own test, where X has another: the base's table of virtual functions names it all the same. As a function
+// of its own, not as a part of this one.
 template <class X>
 bool IsValidAsFramed(const X& item) {
     return item.X::Framed::IsValid();

@@ -83,34 +83,34 @@ public:
     }
 };
 
-// Its lines are always inlined, or the places would not be settled when they are compiled.
+// Its lines are inlined, or the places would not be settled when they are compiled.
 class LayoutReader : public ByteVisitor {
 public:
     explicit LayoutReader(ByteRange range) : ByteVisitor(range.Size()), range_(range) {}
 
-    [[gnu::always_inline]] void Constant(const BitPlace& place, std::uint32_t) { place.Read(range_, order_); }
+    VANTELLE_INLINED void Constant(const BitPlace& place, std::uint32_t) { place.Read(range_, order_); }
     template <class T>
-    [[gnu::always_inline]] void Kept(const char*, const BitPlace& place, T& value) {
+    VANTELLE_INLINED void Kept(const char*, const BitPlace& place, T& value) {
         value = Detail::FromRaw<T>(place.Read(range_, order_));
     }
     template <class T, class L>
-    [[gnu::always_inline]] void Number(const char*, const BitPlace& place, T& value, const TLimitPair<L>&) {
+    VANTELLE_INLINED void Number(const char*, const BitPlace& place, T& value, const TLimitPair<L>&) {
         value = Detail::FromRaw<T>(place.Read(range_, order_));
     }
     // `coding` has `Decode(raw)` and `Encode(value)`, as TValueCoding.
     template <class T, class Coding, class L>
-    [[gnu::always_inline]] void Number(const char*, const BitPlace& place, T& value, const Coding& coding,
-                                       const TLimitPair<L>&) {
+    VANTELLE_INLINED void Number(const char*, const BitPlace& place, T& value, const Coding& coding,
+                                 const TLimitPair<L>&) {
         value = coding.Decode(place.Read(range_, order_));
     }
     // A number that building from the other fields gives.
     template <class... Line>
-    [[gnu::always_inline]] void Derived(const char* name, Line&&... line) {
+    VANTELLE_INLINED void Derived(const char* name, Line&&... line) {
         Number(name, std::forward<Line>(line)...);
     }
     // A number that is no field of its own: `set` takes the raw number, `get` gives it.
     template <class Get, class Set>
-    [[gnu::always_inline]] void Through(const BitPlace& place, const Get&, const Set& set) {
+    VANTELLE_INLINED void Through(const BitPlace& place, const Get&, const Set& set) {
         set(place.Read(range_, order_));
     }
     // The same for `count` bytes.

@@ -57,7 +57,7 @@ void AttachFrame(Control& control, const Frame& frame) {
             return result;
         });
     };
-    afterClass(WM_NCCALCSIZE, [&control, frame](MessageResult&, LParam lParam) {
+    afterClass(WM_NCCALCSIZE, [frame](MessageResult&, LParam lParam) {
         // Both forms of the message begin with the rectangle that becomes the client area.
         RECT& client = *reinterpret_cast<RECT*>(lParam);
         const Padding padding = frame.GetPadding(GetHeight(client));
