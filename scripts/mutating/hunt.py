@@ -57,7 +57,8 @@ def put(path, text):
 class Tree:
     """A copy of the sources and its build: quick to compile and without a look at memory."""
 
-    def __init__(self, name):
+    def __init__(self, name, compiler='c++'):
+        self.compiler = compiler
         self.source, self.build = WORK / name / 'tree', WORK / name / 'build'
         # What a change is taken back to has been compiled before. Not the user's own cache: of the rest nothing is asked for again.
         self.environment = {**os.environ, 'CCACHE_DIR': str(WORK / 'ccache'), 'CCACHE_MAXSIZE': '3G'}
@@ -75,6 +76,7 @@ class Tree:
             shared.symlink_to(ROOT.parent / 'shared')
         if not (self.build / 'build.ninja').exists():
             subprocess.run(['cmake', '-S', self.source, '-B', self.build, '-G', 'Ninja', '-DCMAKE_BUILD_TYPE=Debug',
+                            f'-DCMAKE_CXX_COMPILER={self.compiler}',
                             '-DCMAKE_CXX_FLAGS_DEBUG=-O0 -w -Wno-narrowing', '-DVANTELLE_PRECOMPILED=ON', '-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=gold'],
                            check=True, capture_output=True, env=self.environment)
 
@@ -129,7 +131,7 @@ class Hunt:
                       if f.startswith(tuple(m + '/' for m in MUTATED)) and f.endswith(('.h', '.cpp')) and not f.startswith(tuple(LEFT_OUT))}
         self.sites = [s for f in sorted(self.texts) for s in changing.find_sites(f, self.texts[f])]
         self.name_sites()
-        self.switched, self.plain = Tree('switched'), Tree('plain')
+        self.switched, self.plain = Tree('switched'), Tree('plain', 'clang++')  # the quicker one for what is built again and again
         self.reached, self.tests = {}, {}
         self.is_copied = False
         self.notes = WORK / 'found.json'
