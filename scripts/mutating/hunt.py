@@ -67,6 +67,7 @@ class Tree:
         wanted = tracked_files()
         for name in wanted:
             put(self.source / name, changed[name].encode() if name in changed else (ROOT / name).read_bytes())
+            (self.source / name).chmod((ROOT / name).stat().st_mode)
         gone = {str(f.relative_to(self.source)) for f in self.source.rglob('*') if f.is_file()} - set(wanted)
         for name in gone:
             if not name.startswith('build/'):
@@ -241,6 +242,11 @@ class Hunt:
         text = self.texts[site.path]
         if not self.is_copied:
             self.plain.copy({})
+            status, output = self.plain.make(PROGRAMS, self.options.jobs, min(self.left(), 1e6))
+            if status != 0:
+                if self.left() <= 5:
+                    return None
+                sys.exit('the tree without a change does not build:\n' + '\n'.join(output.split('\n')[-60:]))
             self.is_copied = True
         programs = self.noticing(site)
         if site.path.endswith('.cpp') and FACTS in programs and site.kind in ('constant', 'rows swapped'):

@@ -52,6 +52,12 @@ TEST(DisplayIdSection, BytesBehindTheZerosAreKeptAndOutOfLimits) {
     EXPECT_EQ(section.padding, FromHex("00 00 00 07"));
 }
 
+TEST(DisplayIdSection, TwoZerosBeginABlockOfTypeZero) {
+    const auto section = CheckSection(Section("0B 00 01 41 00 00 05"), false);
+    EXPECT_EQ(section.otherBytes, FromHex("00 00 05"));
+    EXPECT_TRUE(section.padding.IsEmpty());
+}
+
 TEST(DisplayIdSection, TwoBytesBehindTheListAreOtherBytes) {
     const auto section = CheckSection(Section("0B 00 01 41 01 00"), false);
     EXPECT_EQ(section.otherBytes, FromHex("01 00"));

@@ -279,7 +279,8 @@ std::error_code Machine::Run(const Command& command, int& status, std::string* o
         }
     }
     if (!FindProgram(*this, command[0])) return std::make_error_code(std::errc::no_such_file_or_directory);
-    if (status == 0 && !RunProgram(command, printed)) status = 1;
+    const bool isIdle = !isQuery && command[0] == idleProgram_;
+    if (status == 0 && !isIdle && !RunProgram(command, printed)) status = 1;
     if (output != nullptr) *output = printed;
     return {};
 }

@@ -59,6 +59,7 @@ public:
     // The count-th call that changes something fails (1: the next), or all of a program.
     void FailChange(int count) { failAt_ = changes_ + count; }
     void FailProgram(const std::string& name) { failingProgram_ = name; }
+    void IdleProgram(const std::string& name) { idleProgram_ = name; }  // it ends well and has changed nothing
     void ClearFaults() { failAt_ = 0, failingProgram_.clear(), refusesOverrides_ = false; }
     void RefuseOverrides() { refusesOverrides_ = true; }  // as a locked-down kernel does
     void IgnoreOverrides() { ignoresOverrides_ = true; }  // as some drivers do
@@ -86,6 +87,7 @@ private:
     std::map<std::string, Bytes> reported_;  // by the connector's folder: what the display itself says
     std::vector<std::string> calls_;
     std::string failingProgram_;
+    std::string idleProgram_;
     int changes_ = 0;
     int failAt_ = 0;
     bool refusesOverrides_ = false;

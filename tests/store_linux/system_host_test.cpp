@@ -1,5 +1,6 @@
 #include "store/linux/system_host.h"
 
+#include <cerrno>
 #include <csignal>
 #include <gtest/gtest.h>
 
@@ -36,6 +37,13 @@ TEST(SystemHost, ReadsWholeFilesUpToTheLimit) {
     machine.Put("empty", "");
     EXPECT_EQ(machine.Read("empty", 0), Bytes());
     EXPECT_FALSE(machine.Read("none", 10));
+}
+
+TEST(SystemHost, ReadsToTheEndThoughASignalEndedACallBefore) {
+    Machine machine;
+    machine.Put("file", "text");
+    errno = EINTR;
+    EXPECT_EQ(machine.Read("file", 10)->Size(), 4);
 }
 
 TEST(SystemHost, NewFilesAreReadableAndRunWhereTheyAreToRun) {
