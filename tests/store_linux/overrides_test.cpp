@@ -283,6 +283,17 @@ TEST_F(MachineOverrides, SettingsThatBecameUnclearBlockTakingOffUntilTheyAreClea
     EXPECT_EQ(machine.Get("etc/default/grub"), before["etc/default/grub"]);
 }
 
+TEST_F(MachineOverrides, AHookThatSomeoneElseChangedIsLeftAloneAndTold) {
+    ASSERT_TRUE(Set("card1-DP-2", wanted)) << told.wrong;
+    const std::string hook = "etc/initramfs-tools/hooks/vantelle";
+    ASSERT_TRUE(machine.Has(hook));
+    const std::string changed = machine.Get(hook) + "# mine\n";
+    machine.Put(hook, changed);
+    ASSERT_TRUE(Set("card1-DP-10", wanted));
+    ExpectTold("to be put into the early image by hand");
+    EXPECT_EQ(machine.Get(hook), changed);
+}
+
 TEST_F(MachineOverrides, TwoMakersOfImagesAreNotGuessedAt) {
     machine.Delete("usr/share/initramfs-tools");
     machine.Put("usr/bin/dracut", "");
