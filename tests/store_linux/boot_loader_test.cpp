@@ -8,23 +8,17 @@
 namespace VNT::Linux::Sample {
 
 TEST(BootLoader, SystemdsIsTheOneThatStartedTheKernelThoughGrubIsInstalled) {
-    const std::string variables = "sys/firmware/efi/efivars/", vendor = "-4a67b082-0a4c-41cf-b6c7-440b29bb8c4f";
-    const auto text = [](const std::string& characters) {
-        Bytes bytes{6, 0, 0, 0};
-        for (const char c : characters) bytes.Append(Bytes{c, 0});
-        return bytes;
-    };
     Machine machine;
     machine.AddCards();
     machine.AddSystemdBoot();
     machine.AddGrub("GRUB_CMDLINE_LINUX=\"quiet\"\n");
     EXPECT_EQ(FindBootLoader(machine)->Name(), "kernel-install");
-    machine.Delete(variables + "LoaderInfo" + vendor);
+    machine.Delete(Machine::EfiPath("LoaderInfo"));
     EXPECT_EQ(FindBootLoader(machine)->Name(), "GRUB");
     // A unified image that the firmware starts by itself, and one that another loader starts.
-    machine.Put(variables + "StubInfo" + vendor, text("systemd-stub 255"));
+    machine.PutEfiText("StubInfo", "systemd-stub 255");
     EXPECT_EQ(FindBootLoader(machine)->Name(), "kernel-install");
-    machine.Put(variables + "LoaderInfo" + vendor, text("GRUB 2.06"));
+    machine.PutEfiText("LoaderInfo", "GRUB 2.06");
     EXPECT_EQ(FindBootLoader(machine)->Name(), "GRUB");
 }
 

@@ -107,11 +107,18 @@ void Machine::AddFedora() {
     AddDracut();
 }
 
+std::string Machine::EfiPath(const std::string& name) {
+    return "sys/firmware/efi/efivars/" + name + "-4a67b082-0a4c-41cf-b6c7-440b29bb8c4f";
+}
+
+void Machine::PutEfiText(const std::string& name, const std::string& text) {
+    Bytes bytes{6, 0, 0, 0};
+    for (const char c : text) bytes.Append(Bytes{c, 0});
+    Put(EfiPath(name), bytes);
+}
+
 void Machine::AddSystemdBoot() {
-    // "systemd-boot 255", behind four bytes of attributes, in UTF-16.
-    Bytes info{6, 0, 0, 0};
-    for (const char c : std::string("systemd-boot 255")) info.Append(Bytes{c, 0});
-    Put("sys/firmware/efi/efivars/LoaderInfo-4a67b082-0a4c-41cf-b6c7-440b29bb8c4f", info);
+    PutEfiText("LoaderInfo", "systemd-boot 255");
     Put("etc/kernel/cmdline", "root=UUID=1234 rw quiet\n");
     Put("usr/bin/kernel-install", "");
     Put("efi/loader/entries/abcd-6.1.0-13-amd64.conf", "title Sample\noptions root=UUID=1234 rw quiet\n");

@@ -24,6 +24,9 @@ public:
     // Files of the tree. A text is what a here-document would write.
     void Put(const std::string& path, const std::string& text);
     void Put(const std::string& path, const Bytes& bytes);
+    // A variable that the boot loader left: four bytes of attributes, then UTF-16.
+    void PutEfiText(const std::string& name, const std::string& text);
+    static std::string EfiPath(const std::string& name);
     void Link(const std::string& path, const std::string& target);
     void Delete(const std::string& path);
     std::string Get(const std::string& path) const;
