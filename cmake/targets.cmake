@@ -114,6 +114,15 @@ function(vantelle_long)
     set_tests_properties(${ARGN} PROPERTIES LABELS long COST 1000)
 endfunction()
 
+# vantelle_long_part(TEST FILTER): those tests of a program are a long test of their own, NAME_long_test of NAME_test.
+function(vantelle_long_part test filter)
+    set_tests_properties(${test} PROPERTIES ENVIRONMENT "GTEST_FILTER=-${filter}")
+    string(REPLACE _test _long_test part ${test})
+    add_test(NAME ${part} COMMAND ${test} --gtest_filter=${filter})
+    set_tests_properties(${part} PROPERTIES TIMEOUT 600)
+    vantelle_long(${part})
+endfunction()
+
 # vantelle_shared(NAME LIBRARIES FILE...): what stands in tests/FILE.cpp as a static library, for the test programs that need it
 # besides the one of its folder. Those link it by name.
 function(vantelle_shared name libraries)

@@ -189,11 +189,11 @@ void MemoryPlatform::ClearFaults() {
     failEach_.clear();
 }
 
-int MemoryPlatform::Count(const std::string& name) const {
+int MemoryPlatform::Count(std::string_view name) const {
     return static_cast<int>(std::count(log_.begin(), log_.end(), name));
 }
 
-SystemError MemoryPlatform::Enter(const std::string& name) {
+SystemError MemoryPlatform::Enter(std::string_view name) {
     log_.push_back(name);
     if (failAt_ == log_.size()) return failAtError_;
     if (endsAt != 0 && log_.size() >= static_cast<std::size_t>(endsAt)) return SystemErrors::AccessDenied;

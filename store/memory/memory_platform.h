@@ -1,9 +1,11 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -61,8 +63,8 @@ public:
     void FailEach(const std::string& name, SystemError error = SystemErrors::AccessDenied);
     void ClearFaults();
 
-    const std::vector<std::string>& Log() const { return log_; }  // the names of all calls so far
-    int Count(const std::string& name) const;
+    const std::vector<std::string_view>& Log() const { return log_; }  // the names of all calls so far
+    int Count(std::string_view name) const;
     int OpenHandles() const { return openHandles_; }  // device sets and keys that are alive
 
     std::unique_ptr<DeviceSet> OpenMonitorClass() override;
@@ -76,12 +78,12 @@ private:
     class OpenSet;
     class OpenedKey;
 
-    SystemError Enter(const std::string& name);  // logs the call; the error that it is told to fail with
+    SystemError Enter(std::string_view name);  // logs the call; the error that it is told to fail with
 
-    std::vector<std::string> log_;
+    std::vector<std::string_view> log_;  // literals: an enumeration without an end makes millions of calls
     std::size_t failAt_ = 0;
     SystemError failAtError_ = SystemErrors::None;
-    std::map<std::string, SystemError> failEach_;
+    std::map<std::string, SystemError, std::less<>> failEach_;
     int openHandles_ = 0;
 };
 

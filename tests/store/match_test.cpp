@@ -290,8 +290,8 @@ TEST(LoadDisplays, SourcesAreAskedInOrder) {
     MemoryPlatform platform;
     DisplayList list;
     ASSERT_TRUE(LoadDisplays(platform, list, false));
-    EXPECT_EQ(platform.Log(), (std::vector<std::string>{"OpenMonitorClass", "EnumDevice", "ReadWmiMonitors",
-                                                        "ReadDisplayDevices", "ReadGpuDisplays"}));
+    EXPECT_EQ(platform.Log(), (std::vector<std::string_view>{"OpenMonitorClass", "EnumDevice", "ReadWmiMonitors",
+                                                             "ReadDisplayDevices", "ReadGpuDisplays"}));
 }
 
 TEST(WindowsGpuDisplay, EmptyHolderReportsNothing) {
